@@ -1,0 +1,94 @@
+// text_file.h: text files a record at a time, and their safe replacement.
+//
+// Reading takes any bytes: lines end in LF or CRLF, the last line may have no end, a UTF-8 byte-order mark at the
+// start is dropped, and a record longer than the format allows loses the rest. Writing puts the new file in the place
+// of the old one only when it is complete (see SafeFile).
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/types.h"
+#include "toolkit/system.h"
+
+namespace quillan {
+
+/// The end of a line on this platform.
+#ifdef _WIN32
+inline constexpr std::string_view sLineEnd = "\r\n";
+#else
+inline constexpr std::string_view sLineEnd = "\n";
+#endif
+
+/// Records of a text file in turn. Memory use does not depend on the size of the file or of its lines.
+class RecordReader {
+ public:
+  /// MRecord: the most characters that a record of this format has; the rest of a line is passed over.
+  RecordReader(std::string_view sPath, I4 MRecord);
+  ~RecordReader();
+  RecordReader(const RecordReader&) = delete;
+  RecordReader& operator=(const RecordReader&) = delete;
+
+  /// False when there is no such file, it is no regular file, or it may not be read.
+  bool Is_Open() const;
+
+  /// Takes the next record; false at the end of the file or after a read error.
+  bool Next();
+  /// The record, cut to MRecord, without its line end; good until the next call of Next.
+  std::string_view Record() const { return sRecord; }
+  /// Its number, from 1.
+  I4 iRecord() const { return iLine; }
+  /// Whether reading stopped at a read error.
+  bool Has_Failed() const { return bFailed; }
+
+ private:
+  bool Fill();
+  bool Next_Byte_Block();
+
+  std::unique_ptr<char[]> hBlock;
+  std::size_t NBlock = 0;  // bytes in the block
+  std::size_t iBlock = 0;  // of which taken
+  std::string sLong;       // a record that runs over the end of a block
+  std::string_view sRecord;
+  std::size_t MRecord;
+  I4 iLine = 0;
+  int iHandle = -1;
+  bool bAtEnd = false;
+  bool bFailed = false;
+};
+
+/// Lines of a text file that takes the place of an earlier one when Commit succeeds. After a failure further lines
+/// are dropped, and the earlier file stays whole.
+class TextWriter {
+ public:
+  explicit TextWriter(std::string_view sPath);
+
+  bool Has_Failed() const { return hFile.Has_Failed(); }
+  /// Why, in words: "No space left on device".
+  std::string Reason() const { return hFile.Reason(); }
+
+  /// Text without a line end.
+  void Put(std::string_view sText) {
+    sBuffer += sText;
+    if (sBuffer.size() >= NFlush) Flush();
+  }
+  /// Text with the platform's line end behind it.
+  void Line(std::string_view sText) {
+    sBuffer += sText;
+    sBuffer += sLineEnd;
+    if (sBuffer.size() >= NFlush) Flush();
+  }
+
+  /// Puts the file in its place. Look at Has_Failed afterwards.
+  void Commit();
+
+ private:
+  static constexpr std::size_t NFlush = 1 << 18;  // bytes held back before they go to the file
+  void Flush();
+
+  SafeFile hFile;
+  std::string sBuffer;
+};
+
+}  // namespace quillan

@@ -1,0 +1,65 @@
+// dialog.h: dialogs by number, their fields by control number.
+//
+// A dialog is a designer file, dialogs/NUMBER.ui, whose controls are named "c" + their number. WDialogLoad makes a
+// dialog current; every other call acts on the current one. A call that fails sets the last-error status of
+// InfoError: no dialog, no such field, an empty field, a bad field.
+//
+// A numeric field shows its value in the field's form but gives back the exact value that was put as long as the
+// user has not changed the text; a missing value (-1.0E32) shows as an empty field. A put never raises a message. A
+// text that is no number, or lies outside the field's range, has a red frame, and a read of it is an error, so that
+// the caller keeps the old value; a value that was put is given back as put, whatever the range.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "base/edit_form.h"
+#include "base/types.h"
+#include "toolkit/ids.h"
+
+namespace quillan {
+
+void WDialogLoad(I4 iDialog);
+void WDialogSelect(I4 iDialog);  // 0: none is current
+/// Shows the current dialog at pixels iX, iY of the main window, iCentred for the middle of it. Modal: returns when a
+/// push button is pressed, which WInfoDialog(iExitButton) tells. Semi-modeless: returns at once, and its buttons and
+/// fields arrive as messages. Esc and the title bar's close button push Cancel; Enter pushes Continue.
+void WDialogShow(I4 iX, I4 iY, I4 iMode);
+void WDialogHide();
+void WDialogUnload();
+void WDialogTitle(std::string_view sTitle);
+
+/// Selectors iExitButton, iCurrentDialog, iExitButtonCommon, iDialogWidth of ids.h.
+I4 WInfoDialog(I4 iSelect);
+
+void WDialogPutString(I4 iField, std::string_view sText);
+/// The bytes that were put, if the user has not changed the text; otherwise the text in UTF-8.
+void WDialogGetString(I4 iField, std::string& sText);
+
+void WDialogPutInteger(I4 iField, I4 iValue);
+void WDialogGetInteger(I4 iField, I4& iValue);
+void WDialogRangeInteger(I4 iField, I4 iLow, I4 iHigh);
+
+/// The form is kept with the field for its range and tool tip.
+void WDialogPutReal(I4 iField, R4 fValue, const EditForm& form);
+void WDialogGetReal(I4 iField, R4& fValue);
+void WDialogPutDouble(I4 iField, R8 dValue, const EditForm& form);
+void WDialogGetDouble(I4 iField, R8& dValue);
+/// Limits of a real or double field, for its red frame, its reads and its tool tip.
+void WDialogRangeReal(I4 iField, R8 dLow, R8 dHigh);
+
+void WDialogPutCheckBox(I4 iField, bool bOn);
+void WDialogGetCheckBox(I4 iField, bool& bOn);
+
+/// A drop-down: its entries and the selected one, counted from 1; 0 selects none.
+void WDialogPutMenu1(I4 iField, std::span<const std::string> sEntry, I4 iSelect);
+void WDialogGetMenu1(I4 iField, I4& iSelect);
+
+/// Enables (1) or greys (0) a field.
+void WDialogFieldState(I4 iField, I4 iState);
+
+/// The grey remark behind a control: the label named "n" + the control's number.
+void WDialogPutNote(I4 iField, std::string_view sNote);
+
+}  // namespace quillan

@@ -1,0 +1,34 @@
+// menus.h: the menu bars as tables of rows, and what may be done with the bar on show.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "base/types.h"
+
+namespace quillan {
+
+/// One row of a menu bar. Rows with a depth of 1 stand in the drop-down menu of the last row with depth 0 and no
+/// command.
+struct MenuRow {
+  I4 iDepth;               // 0 on the bar, 1 in a drop-down menu
+  I4 iCommand;             // 0: the head of a drop-down menu
+  std::string_view sText;  // & marks the mnemonic
+  std::string_view sTip;   // shown in the wide part of the status bar while the pointer is over the entry
+  std::string_view sKeys;  // standard keys, such as "Ctrl+O"; blank: none
+};
+
+/// The rows of a menu bar; none for an unknown id.
+std::span<const MenuRow> Menu_Rows(I4 iMenu);
+
+/// Shows another menu bar in the main window; iNoMenu takes the bar away.
+void WMenu(I4 iMenu);
+
+/// Greys (0) or enables (1) every entry of a command in the bar on show. Commands that the program does not have
+/// yet stay grey whatever is asked.
+void WMenuSetState(I4 iCommand, I4 iState);
+
+/// Greys the whole bar (0) or gives each entry its own state back (1): for dialogs that leave the window usable.
+void WMenuBarState(I4 iState);
+
+}  // namespace quillan

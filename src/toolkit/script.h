@@ -1,0 +1,30 @@
+// script.h: a session script played as the user's input, one step each time the program waits.
+//
+// Plain text, one step a line; "#" begins a comment line; words are separated by blanks, double quotes protect
+// blanks. docs/scripts.md lists the steps. A step drives the real widgets by real events.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/types.h"
+
+namespace quillan {
+
+struct ScriptStep {
+  I4 iLine = 0;                    // in the file, from 1
+  std::vector<std::string> sWord;  // the step's name and its arguments
+};
+
+/// Cuts the text of a script into its steps.
+std::vector<ScriptStep> Script_Parse(std::string_view sText);
+
+/// Whether a script is being played.
+bool Script_Is_Playing();
+
+/// Exit status of the run: 0, or 3 after a step that did not fit what was on the screen (the reason, with file and
+/// line, has then gone to standard error).
+I4 Script_Exit_Status();
+
+}  // namespace quillan

@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Plays one session and compares what it leaves with what is expected.
+#   play_session.sh PROGRAM FOLDER
+# FOLDER holds steps.txt, input/ (copied into a fresh folder, where the program runs), expected/ (each file must come
+# out equal), and perhaps arguments (the command line, steps.txt aside; without it the program starts with the one file
+# of input/ whose name ends in .avg or .xdb) and status (the exit status, 0 without it).
+set -eu
+program=$1
+session=$2
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cp -r "$session/input/." "$folder/"
+cd "$folder"
+if [ -f "$session/arguments" ]; then
+  read -r -a arguments < "$session/arguments" || true
+else
+  arguments=($(cd "$session/input" && ls | grep -iE '\.(avg|xdb)$' | head -n 1))
+fi
+status=0
+timeout 100 "$program" "${arguments[@]}" --script "$session/steps.txt" > output.txt 2> errors.txt || status=$?
+wanted=$(cat "$session/status" 2>/dev/null || echo 0)
+failed=0
+if [ "$status" != "$wanted" ]; then
+  echo "exit status $status, expected $wanted"
+  failed=1
+fi
+if [ -d "$session/expected" ]; then
+  while IFS= read -r file; do
+    if ! cmp -s "$session/expected/$file" "$file"; then
+      echo "$file is not as expected:"
+      diff "$session/expected/$file" "$file" | head -n 20 || true
+      failed=1
+    fi
+  done < <(cd "$session/expected" && find . -type f | sort)
+fi
+if [ -n "${KEEP:-}" ]; then cp -r "$folder" "$KEEP"; fi
+if [ "$failed" = 1 ]; then
+  cat errors.txt
+  tail -n 20 output.txt
+fi
+exit "$failed"
