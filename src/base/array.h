@@ -56,6 +56,12 @@ constexpr Array Filled(const T& hValue) {
   return hArray;
 }
 
+/// The entry of a table for a code that may lie outside it: the nearest one.
+template <class Table>
+constexpr const auto& Held_Entry(const Table& hTable, I4 iCode) {
+  return hTable(iCode < Table::iLow ? Table::iLow : iCode > Table::iHigh ? Table::iHigh : iCode);
+}
+
 /// Two indices: the first from 1 to N1, the second from 1 to A, or from A to B where B is given.
 template <class T, I4 N1, I4 A, I4 B = iNoBound>
 class Array2 {

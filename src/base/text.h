@@ -66,6 +66,7 @@ class Text {
 
   friend constexpr bool operator==(const Text& s1, const Text& s2) { return s1.trimmed() == s2.trimmed(); }
   friend constexpr bool operator==(const Text& s1, std::string_view s2) { return s1.trimmed() == Trimmed(s2); }
+  friend constexpr bool operator==(const Text& s1, const char* s2) { return s1 == std::string_view(s2); }
 
  private:
   std::array<char, static_cast<std::size_t>(N)> hByte{};

@@ -12,6 +12,17 @@
 
 namespace quillan {
 
+/// The last date text that was read, blank before the first, and its day.
+struct RememberedDate {
+  Text<16> sDate;
+  I4 iJDay = 0;
+};
+
+// Module state. The readers of dates fill it, Date_Time_Initialize clears it.
+inline RememberedDate hLastMMDDYYYY;
+inline RememberedDate hLastYYYYMMDD;
+inline RememberedDate hLastJulianDay;
+
 /// From hh:mm:ss, or from seconds where there is no colon. Text that is neither gives the default, one line in the log
 /// and IOERR 0, by design.
 void dHours_from_sHHMMSS(std::string_view sHHMMSS, R8 dDefault, R8& dHours, I4& IOERR);

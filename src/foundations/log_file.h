@@ -5,6 +5,9 @@
 // error file is opened and closed for each report, so that its content survives a crash.
 #pragma once
 
+#include <functional>
+#include <iosfwd>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,9 +32,10 @@ struct ProgramStop {};
 /// Lines of one report: routine and kind, what is wrong, what was done. The first five are written.
 using ErrorLines = std::vector<std::string>;
 
-// Module state. Log_Initialize fills and restores it.
-inline std::string sLogFile;                        // path
-inline std::string sErrFile;                        // path
+// Module state. Log_Initialize fills and restores it, bAutoErr aside, which the caller sets.
+inline std::string sLogFile{"quillan.log"};         // path
+inline std::string sErrFile{"quillan.err"};         // path
+extern std::ofstream hLogFile;                      // open from its first line to Log_Close
 inline Array1<Text<128>, MTextBuffer> sTextBuffer;  // lines on the screen, oldest first
 inline I4 NTextBuffer = 0;                          // of which in use
 inline I4 NErr = 0;                                 // reports that LogErr_File was given
@@ -56,6 +60,11 @@ void LogText_File(std::string_view sText);
 void LogText_Screen(std::string_view sText);
 /// Draws the screen text anew: the newest lines that fit; a line too long for the window goes on in a second.
 void LogText_Update();
+
+/// The rows of text that a window shows, oldest first: each line cut at blanks, or at characters where a word alone is
+/// too long, into pieces of at most fWidth by fLength, and of the pieces the newest NRow. A blank line is a blank row.
+std::vector<std::string_view> Lines_That_Fit(std::span<const Text<128>> sLine, I4 NRow, R4 fWidth,
+                                             const std::function<R4(std::string_view)>& fLength);
 
 /// A report for the error file and a message box; Cancel in the box ends the run.
 void LogErr(const ErrorLines& sError);

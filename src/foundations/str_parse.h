@@ -4,7 +4,7 @@
 // be spelled in several ways, a keyword may be misspelled. What counts as a field and how a label matches is here.
 #pragma once
 
-#include <array>
+#include <list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -33,14 +33,21 @@ class FieldList {
   bool Is_Full() const { return NFld() >= MField; }
   /// Adds a field: trailing blanks go, and it is cut to the list's width.
   void Add(std::string_view sText);
-  /// Adds a field whose quotes (and tabs, where bTabs) become blanks and whose leading blanks go.
+  /// Adds a field whose quotes (and tabs, where bTabs) become blanks and whose leading blanks go. It is cut first.
   void Add_Unquoted(std::string_view sText, bool bTabs);
+  /// Keeps a text as long as the fields, for fields that are no part of the record as it stands.
+  std::string& Keep(std::string sText);
+
+  FieldList(const FieldList&) = delete;  // the fields of a copy would be views into texts of the other list
+  FieldList& operator=(const FieldList&) = delete;
+  FieldList(FieldList&&) = default;
+  FieldList& operator=(FieldList&&) = default;
 
  private:
   I4 MField;
   std::size_t NWidth;
   std::vector<std::string_view> sField;
-  std::vector<std::string> sOwned;  // texts of the fields that could not stay views
+  std::list<std::string> sOwned;  // texts of the fields that could not stay views; they never move
 };
 
 /// Fields separated by blanks, commas and tabs; a comma separates even with blanks on either side, a run of blanks is
@@ -84,7 +91,9 @@ void Str_Column_Labels_Alias_List(std::string_view sRecord, bool bReportErr, boo
                                   std::span<const AliasRow> CAlias, std::span<const std::string_view> CID, I4 MFC,
                                   ColumnMap& hColumn, I4& iError);
 /// Str_Column_Labels_Alias_List, then the user completes the match in dialog 113. sVariable: descriptions for the
-/// user; JCheck: the variables (from 1) that are required. iError: 0, 2 the user cancelled.
+/// user; JCheck: the variables (from 1) that are required. The record's last column cannot be chosen where it is
+/// column MFC, for "none" takes its place in the list. iError: 0, 2 the user cancelled; the match is then the
+/// automatic one.
 void Str_Column_Labels_Dialog(std::string_view sFileName, std::string_view sRecord, bool bExactMatch,
                               std::span<const AliasRow> CAlias, std::span<const std::string_view> CID,
                               std::span<const std::string_view> sVariable, std::span<const I4> JCheck, I4 MFC,

@@ -5,10 +5,10 @@
 // record that held the field: the first report of a file in a box, the further ones in the error file alone.
 //
 // Numbers are read as a list-directed read reads them: leading blanks are skipped, and the token runs to the next
-// blank, comma or slash, so "12.5 m" is 12.5 and "1/2" is 1. A real is an optional sign, digits with an optional
-// point, and an optional exponent: E or D (either case) and a signed integer, or a bare sign and integer ("12+50"). A
-// field that begins with a comma or slash is a null value: read, target unchanged. Any other token fails; nan and
-// infinity are no numbers here.
+// blank, comma or slash (a tab counts as a blank), so "12.5 m" is 12.5 and "1/2" is 1. A real is an optional sign,
+// digits with an optional point, and an optional exponent: E or D (either case) and a signed integer, or a bare sign
+// and integer ("12+50"). A field that begins with a comma or slash is a null value: read, target unchanged. Any other
+// token fails; nan and infinity are no numbers here.
 #pragma once
 
 #include <string_view>
@@ -23,6 +23,16 @@ bool Free_Read(std::string_view sText, I4& iValue);
 bool Free_Read(std::string_view sText, I8& iValue);
 bool Free_Read(std::string_view sText, R4& fValue);
 bool Free_Read(std::string_view sText, R8& dValue);
+
+/// A clock time or a date cut at the first and at the last of its separators.
+struct ThreeParts {
+  std::string_view sFirst, sSecond, sThird;
+};
+/// False unless two separators leave at least one character before, between and behind them.
+bool Cut_In_Three(std::string_view sText, std::string_view sSeparators, ThreeParts& hPart);
+
+/// Whether a field is blank or holds "*".
+bool Is_Missing(std::string_view sField);
 
 // Quiet readers.
 void Str_to_I4(std::string_view sField, I4 iDefault, I4& iValue, I4& IOERR);
@@ -45,6 +55,9 @@ void Str_to_R8Time(std::string_view sField, R8 dDefault, R8& dHours, I4& IOERR);
 void Str_to_I4Version(std::string_view sField, I4 iDefault, I4& iVersion, I4& IOERR);
 /// The last run of digits in a keyword: "Ch3" gives 3. Without a digit 1, with IOERR -1.
 void Str_to_I4Index(std::string_view sKeyword, I4& I4Index, I4& IOERR);
+
+// Module state. The first report of a file sets it.
+inline L4 bFldReported = false;  // true: further bad values of the file go to the error file alone
 
 /// Begins the reports of a file: its first bad value shows in a box again.
 void Fld_Begin_File();

@@ -44,14 +44,15 @@ class RecordReader {
 
  private:
   bool Fill();
-  bool Next_Byte_Block();
+  bool Next_Across_Blocks();
+  void Take(std::string_view sLine, bool bCarriageReturn);
 
   std::unique_ptr<char[]> hBlock;
   std::size_t NBlock = 0;  // bytes in the block
   std::size_t iBlock = 0;  // of which taken
   std::string sLong;       // a record that runs over the end of a block
   std::string_view sRecord;
-  std::size_t MRecord;
+  std::size_t MKept;  // bytes of a record
   I4 iLine = 0;
   int iHandle = -1;
   bool bAtEnd = false;

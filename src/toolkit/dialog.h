@@ -7,7 +7,11 @@
 // A numeric field shows its value in the field's form but gives back the exact value that was put as long as the
 // user has not changed the text; a missing value (-1.0E32) shows as an empty field. A put never raises a message. A
 // text that is no number, or lies outside the field's range, has a red frame, and a read of it is an error, so that
-// the caller keeps the old value; a value that was put is given back as put, whatever the range.
+// the caller keeps the old value; a value that was put is given back as put, whatever the range. A put is dropped
+// while the user is typing in the field.
+//
+// A field reports a change (MessageType::Field) when its edit is complete: the focus has left it, Enter, a box
+// ticked, an entry chosen, a cell edited. A button completes the edit under way before it reports itself.
 #pragma once
 
 #include <span>
@@ -20,6 +24,7 @@
 
 namespace quillan {
 
+/// Makes a dialog current; one that is loaded already stays as it is.
 void WDialogLoad(I4 iDialog);
 void WDialogSelect(I4 iDialog);  // 0: none is current
 /// Shows the current dialog at pixels iX, iY of the main window, iCentred for the middle of it. Modal: returns when a
@@ -33,6 +38,7 @@ void WDialogTitle(std::string_view sTitle);
 /// Selectors iExitButton, iCurrentDialog, iExitButtonCommon, iDialogWidth of ids.h.
 I4 WInfoDialog(I4 iSelect);
 
+/// A text field or a label.
 void WDialogPutString(I4 iField, std::string_view sText);
 /// The bytes that were put, if the user has not changed the text; otherwise the text in UTF-8.
 void WDialogGetString(I4 iField, std::string& sText);
@@ -41,7 +47,8 @@ void WDialogPutInteger(I4 iField, I4 iValue);
 void WDialogGetInteger(I4 iField, I4& iValue);
 void WDialogRangeInteger(I4 iField, I4 iLow, I4 iHigh);
 
-/// The form is kept with the field for its range and tool tip.
+/// The screen shows no point behind a number without decimals, and the scientific form where a number is wider than
+/// the form.
 void WDialogPutReal(I4 iField, R4 fValue, const EditForm& form);
 void WDialogGetReal(I4 iField, R4& fValue);
 void WDialogPutDouble(I4 iField, R8 dValue, const EditForm& form);
@@ -56,7 +63,7 @@ void WDialogGetCheckBox(I4 iField, bool& bOn);
 void WDialogPutMenu1(I4 iField, std::span<const std::string> sEntry, I4 iSelect);
 void WDialogGetMenu1(I4 iField, I4& iSelect);
 
-/// Enables (1) or greys (0) a field.
+/// Enables (1) or greys (0) a field and its label.
 void WDialogFieldState(I4 iField, I4 iState);
 
 /// The grey remark behind a control: the label named "n" + the control's number.

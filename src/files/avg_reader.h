@@ -1,0 +1,64 @@
+// avg_reader.h: averaged (.avg) and unaveraged (.xdb) data files into the store.
+//
+//   \ remark                               comment; so are lines that begin with / ! or a double quote
+//   $Tx.Freq= 16 hertz                     metadata, in force until the next such line
+//   TWin.Center, dBdt.Mag, dBdt.%Err       labels: columns of the rows below, in any order
+//   1.2500E-2, 3.40512E+02, 0.4            one row a time window
+//
+// A record has at most 256 characters, and lines of fewer than three are passed over. A line that begins with a letter
+// names the columns until the next such line; "TWin.Center" and "dBdt.Mag" are required, and rows below a line
+// without them are ignored. Older files spell the labels otherwise (CAvgAlias). Rows need a $ line ahead of them.
+//
+// Rows make one transient as long as both stations stay and the times rise: a time that falls back is a repeat. What
+// belongs to the whole transient is taken from its first row and the metadata in force there. The column SKIP holds 2
+// for a window in use; "dBdt.Wgt" is read and has no effect, so a file of the current format comes back without skip
+// flags.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "base/array.h"
+#include "foundations/str_parse.h"
+#include "model/tmd_data.h"
+
+namespace quillan {
+
+inline constexpr I4 MAvgRecord = 256;  // characters of a record
+inline constexpr I4 MAvgCol = 32;      // columns of a file
+
+/// What the reader remembers from row to row. AVG_Read clears it for a file but for the transmitter station and the
+/// time, which the first row of any file overrules as a new receiver station.
+struct AvgReadState {
+  FieldList hField{MAvgCol};  // fields of the row at hand
+  ColumnMap hColumn;          // the label line in force
+  std::vector<I4> JRead;      // its columns in the order in which the variables are read
+  L4 bValidData = false;      // it has the required columns
+  L4 bNewMD = false;          // a $ line came since the last row
+  L4 bHaveMD = false;         // a $ line came before any row
+  R8 dTxKvrStn0 = dDummy;     // stations and time of the row before
+  R8 dRxKvrStn0 = dDummy;
+  R4 fTWCen0 = fDummy;
+  I4 ITW = 0;  // rows of the transient so far
+};
+inline AvgReadState hAvgRead;
+
+/// Replaces the transients of the store by those of a file. On return j = 1..NTrn, I = 1..hTrn(j).NTW: fTWCen(I) in
+/// msec, rising; fuVmag(I) and fuVerr(I) in idBdtUnit; fuVpct(I) in percent; fARes(I) in ohm-m. A row that cannot be
+/// used is dropped and named in the error file. Comment lines, and $ lines that no metadata group takes, are kept for
+/// the next file written.
+/// iError: 0 at least one transient was read; 1 none, the file could not be read, or its last label line lacks a
+/// required column.
+void AVG_Read(std::string_view sFile, I4& iError);
+
+/// Takes a line of labels. iError: 0; 1 when a required column is missing, which is reported.
+void AVG_Read_Labels(std::string_view sRecord, AvgReadState& hRead, I4& iError);
+
+/// Takes one row. IOERR: 0; 1 when the row was dropped; -1 when the store is full.
+void AVG_Read_Data(std::string_view sRecord, I4 iRecord, AvgReadState& hRead, I4& IOERR);
+
+/// The axis (JCMP: 1 x, 2 y, 3 z) and field (JFLD: 1 E, 2 H) of the component that a text names, "Hx" to "Ez" as
+/// written; 3 and 3 without one.
+void sRecord_to_JCmp(std::string_view sRecord, I4& JCMP, I4& JFLD);
+
+}  // namespace quillan

@@ -1,0 +1,222 @@
+#include "files/mde_file.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "base/program.h"
+#include "base/text.h"
+#include "foundations/file_util.h"
+#include "foundations/log_file.h"
+#include "foundations/str_parse.h"
+#include "foundations/str_value.h"
+#include "foundations/str_write.h"
+#include "foundations/text_file.h"
+#include "metadata/mdp_data.h"
+#include "metadata/stn_md.h"
+#include "model/tmd_exchange.h"
+#include "toolkit/dialog.h"
+#include "toolkit/messages.h"
+#include "toolkit/system.h"
+
+namespace quillan {
+
+namespace {
+
+constexpr std::size_t NLineMin = 3;  // shorter lines are passed over
+
+constexpr R8 dStnUnset = -1.0E30;  // a station value below it was not given
+constexpr R8 dStnIncMin = 1.0E-6;  // no increment is smaller
+constexpr R8 dStnKvrBegDefault = 0.0;
+constexpr R8 dStnKvrIncDefault = 1.0;
+
+constexpr std::string_view sReadComment = "\\/!'";
+constexpr std::string_view sUpdateComment = "!\"\\/";
+
+// Keywords that the survey record replaces, with their older spellings. One that occurs anywhere in the name of a
+// record is enough: LINE takes LINE.TYPE with it. There is no JOBBY, so a record of that name stays in its file.
+constexpr std::string_view CDrop[] = {
+    "PROJECT",      "COMPANY",   "CLIENT",      "JOBNAME",   "JOBAREA",     "JOBFOR",       "JOBNUM",     "JOBDATE",
+    "LINE",         "BRGBACK",   "ARRAY",       "LBLFRST",   "LBLDELT",     "STNLO",        "STNDELT",    "UNIT",
+    "TXDX",         "TXDY",      "TXCX",        "TXCY",      "RX.AZIMUTH",  "RX.PITCH",     "JOB.NAME",   "JOB.AREA",
+    "JOB.FOR",      "JOB.BY",    "JOB.NUMBER",  "JOB.DATE",  "SURVEY.TYPE", "SURVEY.ARRAY", "LINE.NAME",  "LINE.NUMBER",
+    "LINE.AZIMUTH", "RX.HPR",    "UNIT.LENGTH", "UNIT.TIME", "UNIT.DBDT",   "STN.KVRBEG",   "STN.KVRINC", "STN.BEG",
+    "STN.INC",      "TX.CENTER", "TX.LENGTH",   "TX.AREA",   "TX.HPR",      "TX.TURNS",     "TX.UTM",
+};
+static_assert(std::size(CDrop) == 47);
+
+// A program whose keywords are those of CDrop: its legacy lines were once written by our updates.
+constexpr std::string_view CLegacyProgram = "NARVO";
+
+// Marks of the comment block that earlier versions wrote above their records.
+constexpr std::string_view sOwnComment[] = {
+    "Kvr-to-final stn # scaling",
+    "Legacy keywords for narvo",
+};
+
+bool Holds(std::string_view sText, std::string_view sPart) {
+  return sText.find(sPart) != std::string_view::npos;
+}
+
+/// Position of a character, from 1; 0 if there is none.
+std::size_t Index(std::string_view sText, char c) {
+  return sText.find(c) + 1;
+}
+
+/// The characters I1 to I2, from 1; blank where I2 lies before I1.
+std::string_view Part(std::string_view sText, std::size_t I1, std::size_t I2) {
+  return I2 < I1 ? std::string_view{} : sText.substr(I1 - 1, I2 - I1 + 1);
+}
+
+bool Ask_for_File(std::string& sMdeFile) {
+  std::string sChosen;
+  WSelectFile2("Optional *.mde files|*.mde|", iSelectOptional, sChosen,
+               "Select optional survey information *.mde file.");
+  if (WInfoDialog(iExitButtonCommon) != iAnswerYes) return false;
+  sMdeFile = sChosen;
+  return true;
+}
+
+void Read_Line(I4 iRecord, std::string_view sRecord) {
+  if (Trimmed(sRecord).size() < NLineMin) return;
+  sRecord = Left_Adjusted(Trimmed(sRecord));
+  if (sReadComment.find(sRecord.front()) != std::string_view::npos) return;
+  I4 IOERR = 0;  // a line that is no record of ours is none of our business
+  MDP_from_MDE(iRecord, sRecord, iPriorityMde, IOERR);
+}
+
+void Read_Lines(const std::string& sMdeFile, I4& iError) {
+  const std::string sFileName(File_Name(sMdeFile));
+  LogText("");
+  LogText("Reading data from");
+  LogText(sMdeFile);
+  RecordReader in(sMdeFile, MMdeRecord);
+  if (!in.Is_Open()) {
+    iError = 1;
+    LogErr({"ERROR while trying to open ", sMdeFile});
+    return;
+  }
+  Fld_Begin_File();
+  while (in.Next()) Read_Line(in.iRecord(), in.Record());
+  if (in.Has_Failed()) {
+    LogErr({"ERROR while reading record # " + Str_Write_I4(in.iRecord()).str(), std::string(in.Record())});
+  }
+  LogText("Project annotation and stn # scaling read from " + sFileName);
+}
+
+/// Recorded numbers count from 0 in steps of 1 unless told, and the rescaled numbers are the recorded ones unless told.
+void Settle_Station_Scaling(StnGroup& hStn) {
+  const auto Is_No_Step = [](R8 dInc) { return dInc < dStnUnset || std::abs(dInc) < dStnIncMin; };
+  if (hStn.dStnKvrBeg < dStnUnset) hStn.dStnKvrBeg = dStnKvrBegDefault;
+  if (Is_No_Step(hStn.dStnKvrInc)) hStn.dStnKvrInc = dStnKvrIncDefault;
+  if (hStn.dStnBeg < dStnUnset) hStn.dStnBeg = hStn.dStnKvrBeg;
+  if (Is_No_Step(hStn.dStnInc)) hStn.dStnInc = hStn.dStnKvrInc;
+}
+
+bool May_Update(const std::string& sMdeFile) {
+  const std::string sFileName(File_Name(sMdeFile));
+  WMessageBox(BoxButtons::YesNo, BoxIcon::Question, sFileName + " already exists, do you want to update it?",
+              "File already exists");
+  return WInfoDialog(iExitButtonCommon) == iAnswerYes;
+}
+
+/// Whether a program's name stands in the text between "$" and ":", but not right behind the "$": lines of that form
+/// were typed by a user, ours have a blank there.
+bool Is_Program(const Text<32>& CProgram, std::string_view CName) {
+  const std::size_t iName = CProgram.trimmed().find(CName);
+  return iName != std::string_view::npos && iName > 0;
+}
+
+/// A failed save: what failed, the file, the reason, and what to do.
+void Report_Failure(std::string_view sWhat, const std::string& sMdeFile, const std::string& sReason) {
+  ErrorLines sError = {std::string(sWhat), sMdeFile};
+  if (!sReason.empty()) sError.push_back(sReason);
+  sError.push_back("The data are not saved; choose Save again.");
+  LogErr(sError);
+}
+
+/// The lines of the old file that are not ours. iError: 0; 1 it could not be read to its end, which is reported.
+void Carry_Over(RecordReader& in, const std::string& sMdeFile, TextWriter& out, I4& iError) {
+  while (in.Next()) {
+    if (Trimmed(in.Record()).size() < NLineMin) continue;
+    const std::string_view sLine = Left_Adjusted(Trimmed(in.Record()));
+    if (MDE_Keeps_Line(sLine)) out.Line(sLine);
+  }
+  if (!in.Has_Failed()) return;
+  // What could not be read would be lost with the old file.
+  iError = 1;
+  Report_Failure("ERROR while reading " + std::string(File_Name(sMdeFile)) + " near line:", std::string(in.Record()),
+                 "");
+}
+
+}  // namespace
+
+void MDE_Read(std::string& sMdeFile, I4& iError) {
+  iError = 0;
+  sMdeFile = IOsFindCompanion(sMdeFile);
+  if (IOsFileExists(sMdeFile) || Ask_for_File(sMdeFile)) {
+    Read_Lines(sMdeFile, iError);
+  } else {
+    iError = 1;
+  }
+  Settle_Station_Scaling(MdStn);
+}
+
+void MDE_Update(std::string_view sMdeFile, I4& iError) {
+  iError = 1;
+  if (Trimmed(sMdeFile).empty()) return;
+  const std::string sFound = IOsFindCompanion(sMdeFile);
+  if (IOsFileExists(sFound) && !May_Update(sFound)) return;
+  MDE_Rewrite(sFound, iError);
+}
+
+void MDE_Rewrite(std::string_view sMdeFile, I4& iError) {
+  iError = 0;
+  const std::string sPath(sMdeFile);
+  const std::string sFileName(File_Name(sPath));
+  const bool bExists = IOsFileExists(sPath);
+  MdEntryList hEntry;
+  I4 IOERR = 0;
+  TMD_Survey_Append_MD(hEntry, IOERR);
+  LogText("");
+  LogText((bExists ? "Updating keyword records in " : "Writing QUILLAN keyword records into ") + sFileName);
+
+  RecordReader in(sPath, MMdeUpdate);
+  TextWriter out(sPath);
+  if ((bExists && !in.Is_Open()) || out.Has_Failed()) {
+    iError = 1;
+    Report_Failure("ERROR while trying to open ", sPath, out.Reason());
+    return;
+  }
+  for (const MdEntry& hOne : hEntry) out.Line(MD_Entry_Line(hOne));
+  Carry_Over(in, sPath, out, iError);
+  if (iError != 0) return;
+  out.Commit();
+  if (!out.Has_Failed()) return;
+  iError = 1;
+  Report_Failure("ERROR while trying to write ", sPath, out.Reason());
+}
+
+bool MDE_Keeps_Line(std::string_view sLine) {
+  if (sLine.empty()) return false;
+  if (sUpdateComment.find(sLine.front()) != std::string_view::npos) {
+    return std::none_of(std::begin(sOwnComment), std::end(sOwnComment),
+                        [&](std::string_view sMark) { return Holds(sLine, sMark); });
+  }
+
+  // Where the program's name or the keyword begins, where the program's name ends, where the value begins.
+  const std::size_t I1 = Index(sLine.substr(0, 4), '$') + 1;
+  const std::size_t I2 = std::max(I1, std::max<std::size_t>(Index(sLine, ':'), 1) - 1);
+  const std::size_t I3 = Index(sLine, '=') + 1;
+  if (I1 > I3 || I3 > sLine.size()) return true;
+  if (I1 < I2) {
+    const Text<32> CProgram = Str_UpCase(Part(sLine, I1, I2));
+    if (Is_Program(CProgram, CPrgName)) return false;
+    if (!Is_Program(CProgram, CLegacyProgram)) return true;
+  }
+  const Text<32> CKeyword = Str_UpCase(Part(sLine, I2, I3));
+  return std::none_of(std::begin(CDrop), std::end(CDrop),
+                      [&](std::string_view CWord) { return Holds(CKeyword.trimmed(), CWord); });
+}
+
+}  // namespace quillan

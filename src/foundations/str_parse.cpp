@@ -1,0 +1,307 @@
+#include "foundations/str_parse.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "foundations/log_file.h"
+#include "toolkit/dialog.h"
+#include "toolkit/system.h"
+
+namespace quillan {
+
+namespace {
+
+constexpr std::size_t iNone = std::string_view::npos;
+
+bool Is_Blank_or_Tab(char c) {
+  return c == ' ' || c == '\t';
+}
+
+using CharacterSet = std::array<bool, 256>;
+
+constexpr CharacterSet Set_of(std::string_view sCharacters) {
+  CharacterSet bSet{};
+  for (const char c : sCharacters) bSet[static_cast<unsigned char>(c)] = true;
+  return bSet;
+}
+
+bool Is_in(const CharacterSet& bSet, char c) {
+  return bSet[static_cast<unsigned char>(c)];
+}
+
+constexpr CharacterSet bEndsToken = Set_of(" \t,\"");  // or opens and closes quotes in it
+
+/// A run of characters between separators. Inside quotes there are none.
+struct Token {
+  std::string_view sText;
+  bool bQuoted = false;  // holds a quote
+  bool bOpen = false;    // the record ends inside its quotes
+};
+
+Token Token_at(std::string_view sRecord, std::size_t iBeg) {
+  Token hToken;
+  std::size_t iEnd = iBeg;
+  for (; iEnd < sRecord.size(); ++iEnd) {
+    const char c = sRecord[iEnd];
+    if (!Is_in(bEndsToken, c)) continue;
+    if (c == '"') {
+      hToken.bQuoted = true;
+      hToken.bOpen = !hToken.bOpen;
+    } else if (!hToken.bOpen) {
+      break;
+    }
+  }
+  hToken.sText = sRecord.substr(iBeg, iEnd - iBeg);
+  return hToken;
+}
+
+/// Blanks in front of commas stand behind them, and tabs are blanks. Between fields this changes nothing, but inside
+/// quotes it shows: a quoted "a ,b" has always been read as "a, b".
+std::string Commas_First(std::string_view sToken) {
+  std::string sText(sToken);
+  std::replace(sText.begin(), sText.end(), '\t', ' ');
+  for (std::size_t iEnd = 0, iBeg = sText.find_first_of(" ,"); iBeg != iNone; iBeg = sText.find_first_of(" ,", iEnd)) {
+    iEnd = std::min(sText.find_first_not_of(" ,", iBeg), sText.size());
+    const auto at = [&](std::size_t i) { return sText.begin() + static_cast<std::ptrdiff_t>(i); };
+    std::partition(at(iBeg), at(iEnd), [](char c) { return c == ','; });
+  }
+  return sText;
+}
+
+void Add_Token(const Token& hToken, FieldList& hField) {
+  if (!hToken.bQuoted) {
+    hField.Add(hToken.sText);
+  } else if (hToken.sText.find('\t') == iNone && hToken.sText.find(" ,") == iNone) {
+    hField.Add_Unquoted(hToken.sText, false);
+  } else {
+    hField.Add_Unquoted(hField.Keep(Commas_First(hToken.sText)), false);
+  }
+}
+
+void Report_Extra_Columns(I4 MFld) {
+  LogErr({"WARNING: more than " + std::to_string(MFld) + " columns in csv file.", "Extra columns will be dropped."});
+}
+
+char Upper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+char Lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool Holds(std::string_view sText, std::string_view sPart) {
+  return sText.find(sPart) != iNone;
+}
+
+/// The first entry for which bMatches holds, counted from 1; 0 none.
+template <class Question>
+I4 First_Entry(std::span<const std::string_view> CEnumeration, Question bMatches) {
+  const auto it = std::find_if(CEnumeration.begin(), CEnumeration.end(), bMatches);
+  return it == CEnumeration.end() ? 0 : static_cast<I4>(it - CEnumeration.begin()) + 1;
+}
+
+constexpr std::string_view sAskName = "Str_to_iEnumeration_Dialog";
+
+void Fill_Match_Dialog(std::string_view CField, std::string_view sKeyword,
+                       std::span<const std::string_view> CEnumeration, I4 iSelect) {
+  std::vector<std::string> sEntry;
+  for (const std::string_view CEntry : CEnumeration) sEntry.emplace_back(Trimmed(CEntry));
+  WDialogPutString(iLblMatchWhat, "Match this " + std::string(Trimmed(sKeyword)) + " label");
+  WDialogPutString(iFldMatchWord, CField);
+  WDialogPutMenu1(iMnuMatchList, sEntry, iSelect);
+  InqWintError(sAskName);
+}
+
+/// A selection that cannot be read leaves the value as it was.
+void Take_Match(I4 N, I4& iEnumeration) {
+  I4 iSelect = 0;
+  WDialogGetMenu1(iMnuMatchList, iSelect);
+  if (InfoError(iInfoLastError) == iErrNone && iSelect >= 1 && iSelect <= N) iEnumeration = iSelect;
+}
+
+}  // namespace
+
+FieldList::FieldList(I4 MFld, I4 NFieldWidth)
+    : MField(MFld),
+      NWidth(NFieldWidth > 0 ? static_cast<std::size_t>(NFieldWidth) : std::numeric_limits<std::size_t>::max()) {}
+
+void FieldList::Clear() {
+  sField.clear();
+  sOwned.clear();
+}
+
+void FieldList::Add(std::string_view sText) {
+  sField.push_back(Trimmed(Cut_Text(sText, NWidth)));
+}
+
+void FieldList::Add_Unquoted(std::string_view sText, bool bTabs) {
+  const auto bBlanked = [&](char c) { return c == '"' || (bTabs && c == '\t'); };
+  sText = Cut_Text(sText, NWidth);
+  while (!sText.empty() && (sText.front() == ' ' || bBlanked(sText.front()))) sText.remove_prefix(1);
+  while (!sText.empty() && (sText.back() == ' ' || bBlanked(sText.back()))) sText.remove_suffix(1);
+  if (std::any_of(sText.begin(), sText.end(), bBlanked)) {
+    std::string& sOwn = Keep(std::string(sText));
+    std::replace_if(sOwn.begin(), sOwn.end(), bBlanked, ' ');
+    sText = sOwn;
+  }
+  sField.push_back(sText);
+}
+
+std::string& FieldList::Keep(std::string sText) {
+  return sOwned.emplace_back(std::move(sText));
+}
+
+void Str_Parse_Fld(std::string_view sRecord, FieldList& hField) {
+  hField.Clear();
+  bool bField = false;  // a field stands since the last comma, so the next comma only ends it
+  for (std::size_t iPos = 0; iPos < sRecord.size() && !hField.Is_Full();) {
+    if (Is_Blank_or_Tab(sRecord[iPos])) {
+      ++iPos;
+    } else if (sRecord[iPos] == ',') {
+      if (!bField) hField.Add({});
+      bField = false;
+      ++iPos;
+    } else {
+      const Token hToken = Token_at(sRecord, iPos);
+      if (hToken.bOpen) return;
+      Add_Token(hToken, hField);
+      bField = true;
+      iPos += hToken.sText.size();
+    }
+  }
+}
+
+void CSV_to_Fld(std::string_view sRecord, FieldList& hField) {
+  Str_to_Fld(sRecord, ",", hField);
+}
+
+void Str_to_Fld(std::string_view sRecord, std::string_view sSeparators, FieldList& hField) {
+  hField.Clear();
+  sRecord = Trimmed(sRecord);
+  const CharacterSet bSeparator = Set_of(sSeparators);
+  std::size_t iBeg = 0;
+  bool bInQuote = false;
+  for (std::size_t iPos = 0; iPos < sRecord.size(); ++iPos) {
+    if (sRecord[iPos] == '"') bInQuote = !bInQuote;
+    const bool bLast = iPos + 1 == sRecord.size();
+    if (bInQuote || (!bLast && !Is_in(bSeparator, sRecord[iPos]))) continue;
+    if (hField.Is_Full()) return Report_Extra_Columns(hField.MFld());
+    const std::size_t iEnd = bLast ? sRecord.size() : iPos;  // a separator that ends the record stays in the field
+    hField.Add_Unquoted(sRecord.substr(iBeg, iEnd - iBeg), true);
+    iBeg = iPos + 1;
+  }
+}
+
+void Str_to_iEnumeration(std::string_view sField, std::string_view sKeyword,
+                         std::span<const std::string_view> CEnumeration, I4& iEnumeration, I4& IOERR) {
+  IOERR = -1;
+  if (Trimmed(sField).empty() || Holds(sField, "*")) return;
+  const std::string CField = Str_UpCase(Trimmed(Left_Adjusted(sField)));
+  I4 iFound = First_Entry(CEnumeration, [&](std::string_view CEntry) { return Trimmed(CEntry) == CField; });
+  // The order of the table matters here: a short word early in it swallows a longer one below.
+  if (iFound == 0) {
+    iFound = First_Entry(CEnumeration, [&](std::string_view CEntry) { return Holds(CField, Trimmed(CEntry)); });
+  }
+  if (iFound == 0) return Str_to_iEnumeration_Dialog(CField, sKeyword, CEnumeration, iEnumeration, IOERR);
+  iEnumeration = iFound;
+  IOERR = 0;
+}
+
+void Str_to_iEnumeration_Dialog(std::string_view CField, std::string_view sKeyword,
+                                std::span<const std::string_view> CEnumeration, I4& iEnumeration, I4& IOERR) {
+  IOERR = 0;
+  const I4 N = static_cast<I4>(CEnumeration.size());
+  const I4 iDialogBefore = WInfoDialog(iCurrentDialog);
+  WDialogLoad(iDlgMatchLabel);
+  if (WInfoDialog(iCurrentDialog) != iDlgMatchLabel) {
+    InfoError(iInfoLastError);  // nobody can be asked: as if the user had cancelled
+    IOERR = 2;
+    return;
+  }
+  Fill_Match_Dialog(CField, sKeyword, CEnumeration, std::max(1, std::min(iEnumeration, N)));
+  WDialogShow(iCentred, iCentred, iShowModal);
+  InqWintError(sAskName);
+  if (WInfoDialog(iExitButton) == iBtnContinue) Take_Match(N, iEnumeration);
+  if (WInfoDialog(iExitButton) == iBtnCancel) IOERR = 2;
+  WDialogUnload();
+  if (iDialogBefore != 0) WDialogSelect(iDialogBefore);
+  InqWintError(sAskName);
+}
+
+I4 iStr_Fuzzy_Match(std::string_view str1, std::string_view str2) {
+  const std::string C1 = Str_UpCase(Trimmed(str1));
+  const std::string C2 = Str_UpCase(Trimmed(str2));
+  // Distances of the first i characters of C1 to the first j of C2: three rows, i the last.
+  std::vector<I4> iRow2(C2.size() + 1), iRow1(C2.size() + 1), iRow(C2.size() + 1);
+  for (std::size_t j = 0; j <= C2.size(); ++j) iRow[j] = static_cast<I4>(j);
+  for (std::size_t i = 1; i <= C1.size(); ++i) {
+    iRow2.swap(iRow1);
+    iRow1.swap(iRow);
+    iRow[0] = static_cast<I4>(i);
+    for (std::size_t j = 1; j <= C2.size(); ++j) {
+      const I4 iCost = C1[i - 1] == C2[j - 1] ? 0 : 1;
+      iRow[j] = std::min({iRow1[j] + 1, iRow[j - 1] + 1, iRow1[j - 1] + iCost});
+      const bool bSwapped = i > 1 && j > 1 && C1[i - 1] == C2[j - 2] && C1[i - 2] == C2[j - 1];
+      if (bSwapped) iRow[j] = std::min(iRow[j], iRow2[j - 2] + iCost);
+    }
+  }
+  return iRow[C2.size()];
+}
+
+std::string Str_Strip_Quotes(std::string_view sText) {
+  std::string sPlain(sText);
+  std::replace_if(
+      sPlain.begin(), sPlain.end(), [](char c) { return c == '\t' || c == '"'; }, ' ');
+  return std::string(Trimmed(Left_Adjusted(sPlain)));
+}
+
+std::string_view Str_Trim_Null_Bytes(std::string_view sText) {
+  const auto bEnds = [](char c) { return c == 0 || static_cast<unsigned char>(c) > 127; };
+  const auto it = std::find_if(sText.begin(), sText.end(), bEnds);
+  return sText.substr(0, static_cast<std::size_t>(it - sText.begin()));
+}
+
+Text<32> Str_Trim0(std::string_view sText) {
+  sText = Left_Adjusted(sText);
+  if (sText.find_first_of("Ee") != iNone || !Holds(sText, ".")) return sText;
+  std::string sNumber(Text<32>(sText).padded());
+  sNumber += ' ';  // a number that fills the text ends in a blank as well
+  for (std::size_t i = sNumber.find("0 "); i != iNone; i = sNumber.find("0 ")) sNumber[i] = ' ';
+  sNumber.resize(Trimmed(sNumber).size());
+  if (sNumber.size() < 2 || sNumber == "-.") return "0";
+  if (sNumber.back() == '.') sNumber.pop_back();
+  return sNumber;
+}
+
+std::string Str_UpCase(std::string_view sText) {
+  std::string CText(sText);
+  std::transform(CText.begin(), CText.end(), CText.begin(), Upper);
+  return CText;
+}
+
+std::string Str_DownCase(std::string_view sText) {
+  std::string sLower(sText);
+  std::transform(sLower.begin(), sLower.end(), sLower.begin(), Lower);
+  return sLower;
+}
+
+std::string Str_Squish(std::string_view sText) {
+  std::string sPacked(sText);
+  std::erase_if(sPacked, Is_Blank_or_Tab);
+  return sPacked;
+}
+
+std::string Str_Map(std::string_view sMapFrom, std::string_view sMapTo, std::string_view sStrIn) {
+  const std::size_t N = std::min(sMapFrom.size(), sMapTo.size());
+  if (N == 0) return {};
+  std::string sMapped(Trimmed(sStrIn));
+  for (char& c : sMapped) {
+    const std::size_t i = sMapFrom.substr(0, N).find(c);
+    if (i != iNone) c = sMapTo[i];
+  }
+  return sMapped;
+}
+
+}  // namespace quillan

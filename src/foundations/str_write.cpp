@@ -1,0 +1,267 @@
+#include "foundations/str_write.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string>
+
+#include "foundations/str_parse.h"
+
+namespace quillan {
+namespace {
+
+constexpr I4 iDummyLimit = -2147483645;            // an integer below it has no value
+constexpr I8 iDummyLimit8 = -9223372036854775806;  // at or below it
+constexpr std::size_t NField = 16;                 // characters of a written field
+constexpr R4 fXYZFixed = 1.0E8f;                   // below it a coordinate has three decimals
+constexpr R4 fXYZGeneral = 1.0E15f;                // below it a coordinate is written by form G
+constexpr R4 fNearest = 0.5f;                      // degrees, how far a word still stands for a bearing or a pitch
+
+using DigitBuffer = std::array<char, 2 * MFormText>;  // mantissa and exponent at their longest
+
+std::string_view Right_Justified(std::string_view sText, I4 NWidth, char* sOut) {
+  const auto NPlace = static_cast<std::size_t>(NWidth);
+  if (sText.size() > NPlace) return {};
+  const std::size_t NBlank = NPlace - sText.size();
+  std::fill_n(sOut, NBlank, ' ');
+  std::copy(sText.begin(), sText.end(), sOut + NBlank);
+  return {sOut, NPlace};
+}
+
+std::string_view Write_Fixed(R8 dValue, I4 NWidth, I4 NDecimal, char* sOut) {
+  DigitBuffer sDigit;
+  const auto hEnd =
+      std::to_chars(sDigit.data(), sDigit.data() + MFormText - 1, dValue, std::chars_format::fixed, NDecimal);
+  if (hEnd.ec != std::errc{}) return {};
+  auto NText = static_cast<std::size_t>(hEnd.ptr - sDigit.data());
+  if (NDecimal == 0) sDigit[NText++] = '.';
+
+  std::string_view sText(sDigit.data(), NText);
+  const bool bNegative = std::signbit(dValue);
+  const bool bTight = NWidth == 0 || NText > static_cast<std::size_t>(NWidth);
+  if (bTight && NDecimal > 0 && sText[bNegative ? 1 : 0] == '0') {
+    if (bNegative) sDigit[1] = '-';
+    sText.remove_prefix(1);
+  }
+  return Right_Justified(sText, NWidth == 0 ? static_cast<I4>(sText.size()) : NWidth, sOut);
+}
+
+/// Puts the exponent behind the mantissa that ends at NText. False when it has more digits than the form gives it. With
+/// no digits given, an exponent of three takes the place of the letter: "1.0-100".
+bool Append_Exponent(char cSign, std::string_view sExponent, I4 NExponent, DigitBuffer& sDigit, std::size_t& NText) {
+  while (sExponent.size() > 1 && sExponent.front() == '0') sExponent.remove_prefix(1);
+  const std::size_t NPlace =
+      NExponent > 0 ? static_cast<std::size_t>(NExponent) : std::max<std::size_t>(sExponent.size(), 2);
+  if (sExponent.size() > NPlace) return false;
+  if (NExponent > 0 || NPlace == 2) sDigit[NText++] = 'E';
+  sDigit[NText++] = cSign;
+  for (std::size_t I = sExponent.size(); I < NPlace; ++I) sDigit[NText++] = '0';
+  for (const char cDigit : sExponent) sDigit[NText++] = cDigit;
+  return true;
+}
+
+std::string_view Write_Scientific(R8 dValue, const EditForm& form, char* sOut) {
+  if (form.NExponent >= form.NWidth) return {};
+  DigitBuffer sDigit;
+  const auto hEnd =
+      std::to_chars(sDigit.data(), sDigit.data() + MFormText - 1, dValue, std::chars_format::scientific, form.NDecimal);
+  if (hEnd.ec != std::errc{}) return {};
+  // "-1.2346e+05": the sign and the digits of the exponent are taken out before the mantissa grows over them.
+  const std::string_view sText(sDigit.data(), static_cast<std::size_t>(hEnd.ptr - sDigit.data()));
+  std::size_t NText = sText.rfind('e');
+  const char cSign = sText[NText + 1];
+  std::array<char, 4> sExponent{};
+  const std::size_t NExponent = sText.copy(sExponent.data(), sExponent.size(), NText + 2);
+  if (form.NDecimal == 0) sDigit[NText++] = '.';
+  if (!Append_Exponent(cSign, {sExponent.data(), NExponent}, form.NExponent, sDigit, NText)) return {};
+  return Right_Justified({sDigit.data(), NText}, form.NWidth, sOut);
+}
+
+/// Decimals with which a magnitude shows d significant digits without an exponent, -1 when it needs one. The bounds
+/// lie half a unit of the last digit below the powers of ten, so that what rounds up to a power is laid out as that
+/// power; they are computed in the kind of the value, which decides for values that lie on a bound.
+template <class Real>
+I4 Decimals_of_General(Real fMag, I4 NDigit) {
+  if (NDigit == 0) return -1;
+  if (fMag == Real{0}) return NDigit - 1;
+  Real fTop{1};
+  for (I4 I = 1; I <= NDigit; ++I) fTop *= Real{10};
+  const Real fHalf = static_cast<Real>(0.5);
+  const Real fBelow = Real{1} - fHalf / fTop;
+  if (fMag < static_cast<Real>(0.1 * static_cast<R8>(fBelow)) || fTop - fMag <= fHalf) return -1;
+
+  I4 NDecimal = NDigit;
+  for (Real fPower{1}; NDecimal > 0 && fMag >= fPower * fBelow; fPower *= Real{10}) --NDecimal;
+  return NDecimal;
+}
+
+/// Without an exponent, blanks stand where it would be: columns of such numbers line up.
+template <class Real>
+std::string_view Write_General(Real x, const EditForm& form, char* sOut) {
+  const I4 NDecimal = Decimals_of_General(std::abs(x), form.NDecimal);
+  if (NDecimal < 0) return Write_Scientific(static_cast<R8>(x), form, sOut);
+  const I4 NBlank = std::min(form.NExponent == 0 ? 4 : form.NExponent + 2, form.NWidth - 1);
+  const std::string_view sText = Write_Fixed(static_cast<R8>(x), form.NWidth - NBlank, NDecimal, sOut);
+  if (sText.empty()) return {};
+  std::fill_n(sOut + sText.size(), NBlank, ' ');
+  return {sOut, static_cast<std::size_t>(form.NWidth)};
+}
+
+template <class Real>
+std::string_view Write_Real(Real x, const EditForm& form, char* sOut) {
+  if (!std::isfinite(x) || form.NWidth > MFormText) return {};
+  switch (form.iKind) {
+    case EditKind::Fixed: return Write_Fixed(static_cast<R8>(x), form.NWidth, form.NDecimal, sOut);
+    case EditKind::Scientific: return Write_Scientific(static_cast<R8>(x), form, sOut);
+    case EditKind::General: return form.NWidth == 0 ? std::string_view{} : Write_General(x, form, sOut);
+    case EditKind::Bad: break;
+  }
+  return {};
+}
+
+/// A digit before the point, and no zeros at the end. Zeros at the end of an exponent stay also where it has no letter
+/// ("1.0000-100"): they are part of the number.
+Text<16> Tidy(std::string_view sNumber) {
+  std::array<char, NField + 1> sFull;
+  std::size_t NFull = 0;
+  if (sNumber.starts_with('-')) {
+    sFull[NFull++] = '-';
+    sNumber.remove_prefix(1);
+  }
+  if (sNumber.starts_with('.')) sFull[NFull++] = '0';
+  NFull += sNumber.copy(sFull.data() + NFull, sFull.size() - NFull);
+  const std::string_view sText(sFull.data(), std::min(NFull, NField));
+  if (sNumber.find_first_of("+-") != std::string_view::npos) return sText;
+  return Str_Trim0(sText).trimmed();
+}
+
+template <class Real>
+Text<16> Write_Tidy(Real x, const EditForm& form) {
+  std::array<char, MFormText> sOut;
+  if (!Is_Present(x)) return "*";
+  const std::string_view sForm = Write_Form(x, form, sOut.data());
+  if (sForm.empty() || sForm.size() > NField) return "*";
+  return Tidy(Trimmed(Left_Adjusted(sForm)));
+}
+
+template <class Integer>
+Text<16> Write_Integer(Integer iValue) {
+  std::array<char, NField> sOut;
+  const auto hEnd = std::to_chars(sOut.data(), sOut.data() + sOut.size(), iValue);
+  if (hEnd.ec != std::errc{}) return "*";
+  return std::string_view(sOut.data(), static_cast<std::size_t>(hEnd.ptr - sOut.data()));
+}
+
+template <class Real>
+const EditForm& Form_of_XYZ(Real x) {
+  static constexpr EditForm formFixed("(F0.3)"), formGeneral("(1P,G15.7)"), formScientific("(ES9.1)");
+  const Real fMag = std::abs(x);
+  return fMag < static_cast<Real>(fXYZFixed)     ? formFixed
+         : fMag < static_cast<Real>(fXYZGeneral) ? formGeneral
+                                                 : formScientific;
+}
+
+Text<16> Write_Rounded(R4 fDegrees) {
+  return Str_Write_I4(Nint(fDegrees));
+}
+
+}  // namespace
+
+std::string_view Write_Form(R8 dValue, const EditForm& form, char* sOut) {
+  return Write_Real(dValue, form, sOut);
+}
+
+std::string_view Write_Form(R4 fValue, const EditForm& form, char* sOut) {
+  return Write_Real(fValue, form, sOut);
+}
+
+Text<16> Str_Write_I4(I4 iValue) {
+  return iValue < iDummyLimit ? Text<16>("*") : Write_Integer(iValue);
+}
+
+Text<16> Str_Write_I4F22(I4 iValue) {
+  if (iValue < 0 || iValue > 9) return Str_Write_I4(iValue);
+  const std::array<char, 2> sDigit{'0', static_cast<char>('0' + iValue)};
+  return std::string_view(sDigit.data(), sDigit.size());
+}
+
+Text<16> Str_Write_I8(I8 iValue) {
+  return iValue <= iDummyLimit8 ? Text<16>("*") : Write_Integer(iValue);
+}
+
+Text<16> Str_Write_L4(L4 bValue) {
+  return bValue ? "Yes" : "No";
+}
+
+Text<16> Str_Write_R4(R4 fValue, const EditForm& form) {
+  return Write_Tidy(fValue, form);
+}
+
+Text<16> Str_Write_R8(R8 dValue, const EditForm& form) {
+  return Write_Tidy(dValue, form);
+}
+
+Text<16> Str_Write_XYZR4(R4 fValue) {
+  return Write_Tidy(fValue, Form_of_XYZ(fValue));
+}
+
+Text<16> Str_Write_XYZR8(R8 dValue) {
+  return Write_Tidy(dValue, Form_of_XYZ(dValue));
+}
+
+Text<16> Str_Write_Brg(R4 fAzimuth) {
+  struct Quadrant {
+    std::string_view sCardinal, sFrom, sTo;
+    R4 fOrigin;  // degrees, where the bearing is counted from
+    R4 fSense;   // +1 clockwise
+  };
+  static constexpr Quadrant hQuadrant[] = {
+      {"N", "N", "E", 0.0f,   1.0f },
+      {"E", "S", "E", 180.0f, -1.0f},
+      {"S", "S", "W", 180.0f, 1.0f },
+      {"W", "N", "W", 360.0f, -1.0f},
+  };
+  if (!Is_Present(fAzimuth) || std::isinf(fAzimuth)) return "*";
+  const R4 fTurn = std::fmod(360.0f + fAzimuth, 360.0f);
+  const R4 fQuadrant = std::floor(fAzimuth / 90.0f);
+  if (fQuadrant < 0.0f || fQuadrant > 3.0f) return Write_Rounded(fTurn);
+
+  const Quadrant& h = hQuadrant[static_cast<I4>(fQuadrant)];
+  // One-sided on purpose: 90.2 is east, 89.8 is N90E.
+  if (fAzimuth - 90.0f * fQuadrant < fNearest) return h.sCardinal;
+  const Text<16> sDegrees = Write_Rounded(h.fSense * (fTurn - h.fOrigin));
+  return std::string(h.sFrom).append(sDegrees.trimmed()).append(h.sTo);
+}
+
+Text<16> Str_Write_Pitch(R4 fPitch) {
+  if (!Is_Present(fPitch) || std::isinf(fPitch)) return "*";
+  if (std::abs(std::fmod(fPitch, 90.0f)) >= fNearest) return Write_Rounded(fPitch);
+  switch (Nint(fPitch / 90.0f)) {
+    case -1: return "Down";
+    case 0: return "Hrz";
+    case 1: return "Up";
+    default: return Write_Rounded(fPitch);
+  }
+}
+
+Text<16> Str_Write_NMEA_R8Deg(R8 dDegrees) {
+  static constexpr EditForm form("(F9.6)");
+  if (!(std::abs(dDegrees) <= 360.0)) return "*";
+  const R8 dWhole = std::trunc(dDegrees);
+  std::array<char, MFormText> sOut;
+  std::string sMinutes(Write_Form(60.0 * std::abs(dDegrees - dWhole), form, sOut.data()));
+  std::replace(sMinutes.begin(), sMinutes.end(), ' ', '0');
+  return Str_Write_I4(static_cast<I4>(dWhole)).str() + sMinutes;
+}
+
+I4 NReqDecR8(R8 dValue) {
+  static constexpr EditForm form("F16.3");
+  std::array<char, MFormText> sOut;
+  const std::string_view sText = Write_Form(dValue, form, sOut.data());
+  if (sText.empty()) return 3;  // a number too wide shows all the decimals there are
+  if (sText[14] != '0') return 3;
+  return sText[13] != '0' ? 2 : 1;
+}
+
+}  // namespace quillan

@@ -1,0 +1,46 @@
+// unit_md.h: metadata group UNIT: the units in which a file states its numbers.
+//
+//   $ Unit.Length= ft
+//   $ Unit.Time= msec
+//   $ Unit.Phase= mrad, IP     the unit and the sign convention
+//
+// TX and RX look at the length unit for every record, so a Unit.Length record counts for the lengths behind it alone.
+#pragma once
+
+#include "base/types.h"
+#include "metadata/enm_data.h"
+#include "metadata/md_engine.h"
+
+namespace quillan {
+
+/// One code a keyword, the priority l... of the record that gave it (0: none), and the warnings NErr... about it.
+struct UnitGroup {
+  I4 iLength = iUnitMeters;  // length, code in CLengthUnit
+  I4 iTime = 2;              // time, code in CTimeUnit: msec
+  I4 iVmag = 3;              // voltage, code in CVUnit: mV/A
+  I4 iEfield = 2;            // electric field, code in CEUnit: uV/Am
+  I4 iBfield = 1;            // magnetic field, code in CBunit: pT/A
+  I4 iPhase = 1;             // phase, code in CPhaseUnit: mrad
+  I4 iPhaseSign = 1;         // sign convention of phase, code in CPhaseSign: EM
+  I4 idBdt = 1;              // dB/dt, code in CdBdTUnit: uV/A
+  I4 iRes = 1;               // resistivity, code in CResUnit
+  I4 iIP = 1;                // polarisation, code in CIPUnit: mrad
+
+  I4 lLength = 0, lTime = 0, lVmag = 0, lEfield = 0, lBfield = 0, lPhase = 0, lPhaseSign = 0, ldBdt = 0, lRes = 0,
+     lIP = 0;
+
+  I4 NErrLength = 0, NErrTime = 0, NErrVmag = 0, NErrEfield = 0, NErrBfield = 0, NErrPhase = 0, NErrPhaseSign = 0,
+     NErrdBdt = 0, NErrRes = 0, NErrIP = 0, NErrUnknown = 0;
+};
+
+// Module state. Unit_MD_Read fills it, Unit_MD_Initialize restores it.
+inline UnitGroup MdUnit;
+
+/// Every value gets its default and every priority 0; the warning counts only with bResetError.
+void Unit_MD_Initialize(UnitGroup& hUnit, bool bResetError);
+
+/// Applies one record. IMERR: 0, also for a record that a higher priority keeps out; not 0 where a word is missing or
+/// fits no unit (the code stays); 3 the keyword is unknown.
+void Unit_MD_Read(const MdRecord& hRecord, UnitGroup& hUnit, I4& IMERR);
+
+}  // namespace quillan

@@ -1,0 +1,37 @@
+// auto_skip.h: skip flags by rule, over the whole survey.
+//
+// The rules look at each transient from its first window on. A window outside the range, or with a value that is not
+// positive, is skipped alone. An error above the floor, or a step upward with an error above 1 %, skips its window and
+// every later one: once a decay curve is lost in noise, a good value behind it is luck.
+#pragma once
+
+#include "base/types.h"
+#include "model/tmd_data.h"
+
+namespace quillan {
+
+/// The rules' limits. They keep the last accepted choice while the program runs.
+struct AutoSkipLimits {
+  I4 ITWBEG = 1;                 // first window of the range to use
+  I4 ITWEND = MTW;               // last window
+  L4 bApplyErrorFloor = true;    // skip from the first error above ErrorFloor on
+  L4 bDropNegativeData = true;   // skip windows with a value not above 0
+  L4 bDropPositiveSlope = true;  // skip from the first upward step with an error above 1 % on
+  R4 ErrorFloor = 50.0f;         // percent, on fuVpct
+};
+
+// Module state: AutoSkip_Edit fills it, AutoSkip_Initialize restores it.
+inline AutoSkipLimits hAutoSkip;
+void AutoSkip_Initialize();
+
+/// Asks for the limits in dialog 101. MTWK: most windows of any transient. Limits are held to the data before the
+/// dialog opens; a field that cannot be read keeps its old value. iError: 0; 1 the user cancelled.
+void AutoSkip_Edit(I4 MTWK, AutoSkipLimits& hLimits, I4& iError);
+
+/// Sets bSkip(1..NTW) of every transient from the data alone; no flag of before is kept.
+void AutoSkip_Apply(const AutoSkipLimits& hLimits);
+
+/// The command: asks, then applies. iError: 0; 1 without data or when the user cancelled.
+void AutoSkip_Filter(I4& iError);
+
+}  // namespace quillan

@@ -1,0 +1,24 @@
+// moving_average.h: operations along the time axis of the transients: smoothing, and window edges that a file left out.
+#pragma once
+
+#include "base/types.h"
+
+namespace quillan {
+
+/// Inverse hyperbolic sine; the sign is taken out first, which keeps the precision of large negative arguments.
+R4 ASINH(R4 X);
+
+/// Smooths dB/dt and apparent resistivity over five windows with weights of a Gaussian, from the third window on.
+///
+/// dB/dt is averaged as asinh(t**2.5 * dB/dt), which flattens the late decay and takes negative values; resistivity as
+/// its logarithm. Skipped windows give nothing but are given the average of their neighbours; a window without an
+/// unskipped neighbour in reach loses its value. A missing dB/dt becomes a skipped window. At the first transient with
+/// fewer than two resistivities the filter ends for good. B(t) is integrated anew.
+/// iError: 0; 1 without data.
+void GMA_Time(I4& iError);
+
+/// Gives every window without a begin or an end (-1.0E32) one: the geometric mean of neighbouring centres, the mirror
+/// of the other edge at either end of the transient.
+void Get_TWWidth();
+
+}  // namespace quillan

@@ -1,0 +1,80 @@
+// main.cpp: the options of the command line, and the one place where the end of the run is caught.
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/program.h"
+#include "foundations/log_file.h"
+#include "shell/command_loop.h"
+#include "toolkit/script.h"
+#include "toolkit/window.h"
+
+namespace {
+
+using namespace quillan;
+
+constexpr const char* sHelp =
+    "usage: quillan [FILE] [--script STEPS.txt]\n"
+    "\n"
+    "Editor for time-domain electromagnetic sounding data. FILE is an averaged (.avg) or\n"
+    "unaveraged (.xdb) data file; without an extension it gets \".avg\".\n"
+    "\n"
+    "  --script STEPS.txt  play the steps of a file as the user's input; without a display\n"
+    "                      this runs off-screen\n"
+    "  --version           print the version and end\n"
+    "  --help              print this help and end\n";
+
+struct Options {
+  bool bHelp = false;
+  bool bVersion = false;
+  std::string sScript;
+  std::string sFault;             // why the command line cannot be used
+  std::vector<char*> hRemaining;  // the program's name and what is no option of ours
+};
+
+Options Read_Options(int argc, char** argv) {
+  Options h;
+  for (int I = 0; I < argc; ++I) {
+    const std::string_view sArgument = argv[I];
+    if (I > 0 && sArgument == "--help") {
+      h.bHelp = true;
+    } else if (I > 0 && sArgument == "--version") {
+      h.bVersion = true;
+    } else if (I > 0 && sArgument == "--script") {
+      if (I + 1 < argc) {
+        h.sScript = argv[++I];
+      } else {
+        h.sFault = "--script needs the name of a file";
+      }
+    } else {
+      h.hRemaining.push_back(argv[I]);
+    }
+  }
+  return h;
+}
+
+int Run(Options& h) {
+  WInitialise(static_cast<int>(h.hRemaining.size()), h.hRemaining.data(), h.sScript);
+  try {
+    Run_Program();
+  } catch (const ProgramStop&) {
+    return Script_Exit_Status();
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Options h = Read_Options(argc, argv);
+  if (!h.sFault.empty()) {
+    std::fprintf(stderr, "quillan: %s\n", h.sFault.c_str());
+    return 2;
+  }
+  if (h.bHelp || h.bVersion) {
+    if (h.bHelp) std::fputs(sHelp, stdout);
+    if (h.bVersion) std::printf("%s %s\n", std::string(sPrgName).c_str(), std::string(sVersion).c_str());
+    return 0;
+  }
+  return Run(h);
+}

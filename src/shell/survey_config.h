@@ -1,0 +1,37 @@
+// survey_config.h: the dialog in which the user verifies the survey configuration, after each read and on command.
+#pragma once
+
+#include <string>
+
+#include "base/array.h"
+#include "base/types.h"
+#include "model/tmd_data.h"
+
+namespace quillan {
+
+/// What dialog 103 shows and changes: the survey, the receiver areas and attitude.
+struct SurveyConfig {
+  Survey hSurvey;
+  Array1<R4, 3> fCmpArea = Filled<Array1<R4, 3>>(10000.0f);  // m^2 by axis x, y, z
+  R4 fXazm = 0.0f;                                           // degrees, azimuth of the receivers' x axis
+  I4 iZPositive = 1;                                         // code in sZpositive: 1 up, 2 down
+};
+
+// Module state: whether Z points up (1) or down (2); Edit_Cfg keeps the user's choice for the next survey.
+inline I4 iZPositive = 1;
+
+/// Dialog 103 over hTemSurvey. iError: 0 Continue, 2 Cancel, 3 the window's close request. Only Continue changes the
+/// survey, the areas of the transients and the metadata.
+void Edit_Cfg(I4& iError);
+
+// The rules around the dialog, apart from it.
+
+/// The values that the dialog begins with: codes held to their tables, azimuth brought into 0 to 360, the area of the
+/// last transient of each axis.
+SurveyConfig Config_from_Survey();
+/// Azimuth of the receivers' y axis: 90 degrees to the left of x with Z up, to the right with Z down.
+R4 Y_Azimuth(R4 fXazm, I4 iZPos);
+/// Puts the values back: survey, metadata, one area for each axis of the transients, attitudes of receivers and loop.
+void Config_to_Survey(const SurveyConfig& hConfig);
+
+}  // namespace quillan

@@ -1,0 +1,157 @@
+#include "files/txw_file.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+#include <string_view>
+
+#include "foundations/log_file.h"
+#include "model/txw_data.h"
+
+namespace quillan {
+namespace {
+
+class WireFile : public testing::Test {
+ protected:
+  void SetUp() override {
+    bAutoErr = true;
+    I4 IOERR = 0;
+    Log_Initialize("quillan", IOERR);
+    Txw_Initialize();
+  }
+
+  static I4 Read(std::string_view sText) {
+    std::ofstream("loops.txw", std::ios::binary) << sText;
+    LogText_Reset();
+    std::string sTxwFile = "loops.txw";
+    I4 iError = -1;
+    Txw_Read(sTxwFile, false, iError);
+    return iError;
+  }
+
+  static I4 Shown(std::string_view sPart) {
+    I4 NShown = 0;
+    for (I4 I = 1; I <= NTextBuffer; ++I) {
+      if (sTextBuffer(I).trimmed().find(sPart) != std::string_view::npos) ++NShown;
+    }
+    return NShown;
+  }
+};
+
+TEST_F(WireFile, ReadsLoopsWithoutLabels) {
+  EXPECT_EQ(Read("! Orrin basin\n"
+                 "1200 0 0\n1200,100,0\n1200\t100\t100\n1200 0 100\n"
+                 "\n"
+                 "1300 500 0\n1300 700 0\n1300 600 200\n"),
+            0);
+  ASSERT_EQ(NTxw, 2);
+  EXPECT_EQ(hTxw(1).dTxStn, 1200.0);
+  EXPECT_EQ(hTxw(1).NTxUTMV, 4);
+  EXPECT_FLOAT_EQ(hTxw(1).fTxArea, 10000.0f);
+  EXPECT_EQ(hTxw(1).dTxUTMC(1), 50.0);
+  EXPECT_FLOAT_EQ(hTxw(2).fTxArea, 20000.0f);
+  EXPECT_EQ(dTxStnMax, 1300.0);
+  EXPECT_EQ(dTxUMTMax(1), 700.0);
+  EXPECT_EQ(Shown("Tx wire endpoint coordinates for 2 loops read from loops.txw"), 1);
+}
+
+TEST_F(WireFile, LabelsNameTheColumnsInAnyOrderAndSpelling) {
+  EXPECT_EQ(Read("Northing Easting Depth Elevation Tx.KvrStn\n"
+                 "1 2 -3 4 5\n7 8 6 9 5\n"),
+            0);
+  ASSERT_EQ(NTxw, 1);
+  EXPECT_EQ(hTxw(1).dTxStn, 5.0);
+  EXPECT_EQ(hTxw(1).dTxUTMV.hColumn(1), (Array1<R8, 3>{
+                                            {2.0, 1.0, 4.0}
+  }));
+  EXPECT_EQ(hTxw(1).fTxDepth(1), -6.0f) << "the last row decides, and a depth is negative whatever its sign";
+  EXPECT_EQ(hTxw(1).fTxDepth(MTxUTMV), -6.0f);
+}
+
+TEST_F(WireFile, RowsBelowIncompleteLabelsAreIgnored) {
+  EXPECT_EQ(Read("TX ELEV\n1 2 3\n"
+                 "TX EAST NORTH\n9 1 1\n"),
+            0);
+  ASSERT_EQ(NTxw, 1);
+  EXPECT_EQ(hTxw(1).dTxStn, 9.0);
+  EXPECT_EQ(Shown("Txw_Read.ERROR missing data column label(s) on record 1"), 1);
+  EXPECT_EQ(Shown("Missing: EAST, NORTH"), 1);
+}
+
+TEST_F(WireFile, RowsThatCannotBeUsedAreDropped) {
+  EXPECT_EQ(Read("1 0 0\n"
+                 "1 10\n"         // no north
+                 "1 10 *\n"       // the same
+                 "1 10 abc\n"     // unreadable
+                 "1 2.0E12 5\n"   // beyond the earth
+                 "1 5 -3.0E12\n"  // and once more, without a box
+                 "1 100 0\n"
+                 "1 100 100\n"),
+            0);
+  ASSERT_EQ(NTxw, 1);
+  EXPECT_EQ(hTxw(1).NTxUTMV, 3);
+  EXPECT_EQ(Shown("ERROR: |Easting|=|2.0000E+12| > 1.0E12 on loops.txw line 5"), 1);
+  EXPECT_EQ(Shown("|Northing|"), 0);
+}
+
+TEST_F(WireFile, CornersBeyondTheLastPlaceAreIgnored) {
+  std::string sText;
+  for (int J = 0; J < 33; ++J) sText += "1 " + std::to_string(J % 7) + " " + std::to_string(J) + "\n";
+  EXPECT_EQ(Read(sText + "2 0 0\n"), 0);
+  ASSERT_EQ(NTxw, 2);
+  EXPECT_EQ(hTxw(1).NTxUTMV, MTxUTMV);
+  EXPECT_EQ(dTxUMTMax(2), 31.0);
+}
+
+TEST_F(WireFile, SecondFileLeavesNothingOfTheFirst) {
+  ASSERT_EQ(Read("1 0 0 5 5\n1 9 0\n1 9 9\n2 0 0\n3 0 0\n"), 0);
+  ASSERT_EQ(NTxw, 3);
+  ASSERT_EQ(Read("7 1 1\n"), 0);
+  EXPECT_EQ(NTxw, 1);
+  EXPECT_EQ(hTxw.MLoop(), 1);
+  EXPECT_EQ(hTxw(1).NTxUTMV, 1);
+  EXPECT_FALSE(Is_Present(hTxw(1).fTxArea));
+  EXPECT_EQ(dTxStnMin, 7.0);
+
+  EXPECT_EQ(Read("! nothing\n"), 1);
+  EXPECT_EQ(NTxw, 0);
+  EXPECT_EQ(Shown("ERROR: No valid Tx loop wire endpoint coordinates recovered from"), 1);
+}
+
+TEST_F(WireFile, FileIsFoundInAnyCaseAndAMissingOneKeepsTheTable) {
+  std::ofstream("FIELD.TXW") << "4 0 0\n";
+  std::string sTxwFile = "field.txw";
+  I4 iError = -1;
+  Txw_Read(sTxwFile, true, iError);
+  EXPECT_EQ(iError, 0);
+  EXPECT_EQ(NTxw, 1);
+
+  for (const bool bAuto : {true, false}) {
+    sTxwFile = "nowhere.txw";
+    LogText_Reset();
+    Txw_Read(sTxwFile, bAuto, iError);
+    EXPECT_EQ(iError, 1);
+    EXPECT_EQ(NTxw, 1);
+    EXPECT_EQ(Shown("Did not find txw file"), bAuto ? 1 : 0);
+    EXPECT_EQ(Shown("Txw file import canceled."), 1);
+  }
+}
+
+TEST_F(WireFile, TooManyLoopsAreCutOff) {
+  std::string sText;
+  for (int K = 1; K <= MTxwLoop + 10; ++K) sText += std::to_string(K) + " 0 0\n";
+  EXPECT_EQ(Read(sText), 0);
+  EXPECT_EQ(NTxw, MTxwLoop);
+  EXPECT_EQ(hTxw(NTxw).dTxStn, R8{MTxwLoop}) << "the first loops of the file stay";
+}
+
+TEST_F(WireFile, AnyBytesAreHarmless) {
+  using namespace std::string_literals;
+  EXPECT_EQ(Read("\xEF\xBB\xBF"s + "1 0 0\r\n1 \0 5\n1 1 1\xFF\xFE\n"s + std::string(10 << 20, '7') + "\n1 2 2"), 0);
+  EXPECT_EQ(NTxw, 1);
+  EXPECT_EQ(hTxw(1).NTxUTMV, 2);
+}
+
+}  // namespace
+}  // namespace quillan

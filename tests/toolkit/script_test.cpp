@@ -1,0 +1,148 @@
+#include "toolkit/script.h"
+
+#include <gtest/gtest.h>
+
+#include "toolkit/dialog.h"
+#include "toolkit/played_session.h"
+
+namespace quillan {
+namespace {
+
+using Words = std::vector<std::string>;
+
+TEST(ScriptParse, CutsALineIntoItsWords) {
+  struct Case {
+    const char* sLine;
+    Words sWord;
+  };
+  const Case hCases[] = {
+      {"menu 40016",                           {"menu", "40016"}                     },
+      {" \tset  1006\t2.5 ",                   {"set", "1006", "2.5"}                },
+      {"expect \"two words\"",                 {"expect", "two words"}               },
+      {"set 1025 \"\"",                        {"set", "1025", ""}                   },
+      {"set 1025 \"say \"\"hello\"\" twice\"", {"set", "1025", "say \"hello\" twice"}},
+      {"file in\"put a\"/b.avg",               {"file", "input a/b.avg"}             },
+      {"expect \"no end",                      {"expect", "no end"}                  },
+      {"key #",                                {"key", "#"}                          },
+      {"file C:\\data\\x.avg",                 {"file", "C:\\data\\x.avg"}           },
+  };
+  for (const Case& hCase : hCases) {
+    SCOPED_TRACE(hCase.sLine);
+    const std::vector<ScriptStep> hStep = Script_Parse(hCase.sLine);
+    ASSERT_EQ(hStep.size(), 1u);
+    EXPECT_EQ(hStep[0].sWord, hCase.sWord);
+  }
+}
+
+TEST(ScriptParse, CountsCommentsAndEmptyLinesAsLines) {
+  const std::vector<ScriptStep> hStep = Script_Parse("\xEF\xBB\xBF# remark\r\n\r\n  # another\r\nclose\r\n\nkey a");
+  ASSERT_EQ(hStep.size(), 2u);
+  EXPECT_EQ(hStep[0].iLine, 4);
+  EXPECT_EQ(hStep[0].sWord, Words{"close"}) << "a carriage return is no part of the word";
+  EXPECT_EQ(hStep[1].iLine, 6);
+  EXPECT_TRUE(Script_Parse("").empty());
+}
+
+TEST(Script, AStepThatDoesNotFitTheScreenEndsTheRunWithItsReason) {
+  struct Case {
+    const char* sStep;
+    const char* sReason;
+  };
+  const Case hCases[] = {
+      {"jump 3",                      "there is no step jump"                                          },
+      {"menu",                        "the step is written: menu ID"                                   },
+      {"menu Open",                   "the step is written: menu ID"                                   },
+      {"click 1 2 left 3",            "the step is written: click X Y [left|right|back|forward]"       },
+      {"menu 40021",                  "the menu on show has no command 40021"                          },
+      {"press 1009",                  "no dialog is open"                                              },
+      {"answer ok",                   "no message box is open"                                         },
+      {"file a.avg",                  "no file dialog is open"                                         },
+      {"key F99",                     "there is no key F99"                                            },
+      {"click 11 5",                  "the position lies outside the drawing area"                     },
+      {"click 1 1 upper",             "the button is left, right, back or forward"                     },
+      {"drag 1 1 2 2 back",           "the button is left or right"                                    },
+      {"point 1 1",                   "there are no plot axes"                                         },
+      {"check 1005 maybe",            "no dialog is open"                                              },
+      {"expect nonsense",             "\"nonsense\" is not on the screen, which shows \"QUILLAN test\""},
+      {"drop missing.avg",            "there is no file missing.avg"                                   },
+      {"drop steps.txt",              "the window does not take steps.txt"                             },
+      {"snapshot no/such/folder.png", "cannot write no/such/folder.png"                                },
+  };
+  for (const Case& hCase : hCases) {
+    SCOPED_TRACE(hCase.sStep);
+    PlayedSession hSession("# first line\n" + std::string(hCase.sStep) + "\nkey a\n");
+    EXPECT_TRUE(hSession.Rest().empty()) << "the step after it must not be played";
+    EXPECT_EQ(hSession.Errors(), "steps.txt:2: " + std::string(hCase.sReason) + "\n");
+    EXPECT_EQ(Script_Exit_Status(), 3);
+  }
+}
+
+TEST(Script, ExpectFindsWhatTheUserReads) {
+  PlayedSession hSession("expect QUILLAN\nexpect \"line one line two\"\nexpect ERROR\nanswer cancel\n");
+  WMessageBox(BoxButtons::OkCancel, BoxIcon::Stop, "line one\rline two", "ERROR");
+  EXPECT_EQ(WInfoDialog(iExitButtonCommon), iAnswerNo);
+  EXPECT_EQ(hSession.Errors(), "");
+  EXPECT_EQ(hSession.Next().iType, MessageType::Close);
+  EXPECT_EQ(Script_Exit_Status(), 0);
+}
+
+TEST(Script, AFailureBehindABoxCancelsItAndEveryOtherOne) {
+  PlayedSession hSession("menu 40005\n");
+  WMessageBox(BoxButtons::YesNo, BoxIcon::Question, "Should a.avg data be saved?", "");
+  EXPECT_EQ(WInfoDialog(iExitButtonCommon), iAnswerNo);
+  EXPECT_EQ(hSession.Errors(), "steps.txt:1: the message box \"Should a.avg data be saved?\" waits for an answer\n");
+  std::string sFile = "kept.avg";
+  WSelectFile2("data|*.avg|", iSelectOpen, sFile, "Open");
+  EXPECT_EQ(WInfoDialog(iExitButtonCommon), 0);
+  EXPECT_EQ(sFile, "kept.avg");
+  EXPECT_EQ(hSession.Next().iType, MessageType::Close);
+  EXPECT_EQ(hSession.Next().iType, MessageType::Close);
+}
+
+TEST(Script, ABoxThatWaitsAtTheEndOfTheStepsIsAFailure) {
+  PlayedSession hSession("key a\n\nkey b\n");
+  hSession.Next();
+  hSession.Next();
+  WMessageBox(BoxButtons::Ok, BoxIcon::Warning, "Disk full", "");
+  EXPECT_EQ(hSession.Errors(),
+            "steps.txt:3: the steps are at their end, and the message box \"Disk full\" waits for an answer\n");
+  EXPECT_EQ(Script_Exit_Status(), 3);
+}
+
+TEST(Script, AScriptThatCannotBeReadEndsTheRun) {
+  std::ostringstream sErrors;
+  std::streambuf* hKept = std::cerr.rdbuf(sErrors.rdbuf());
+  char sProgram[] = "quillan";
+  char* hArgument[] = {sProgram, nullptr};
+  for (const char* sPath : {"missing.txt", "."}) {
+    WInitialise(1, hArgument, sPath);
+    EXPECT_EQ(Script_Exit_Status(), 3) << sPath;
+    EXPECT_TRUE(Script_Is_Playing()) << "the run must still be brought to its end";
+  }
+  EXPECT_EQ(sErrors.str(), "missing.txt: the script cannot be read\n.: the script cannot be read\n");
+  WInitialise(1, hArgument);
+  EXPECT_EQ(Script_Exit_Status(), 0);
+  EXPECT_FALSE(Script_Is_Playing());
+  WindowClose();
+  std::cerr.rdbuf(hKept);
+}
+
+/// Width and height of a PNG file, which stand in its first record.
+std::pair<I4, I4> Size_of_Png(const std::string& sPath) {
+  std::ifstream hFile(sPath, std::ios::binary);
+  unsigned char c[24] = {};
+  hFile.read(reinterpret_cast<char*>(c), sizeof c);
+  const auto iNumber = [&](int I) { return c[I] << 24 | c[I + 1] << 16 | c[I + 2] << 8 | c[I + 3]; };
+  return {iNumber(16), iNumber(20)};
+}
+
+TEST(Script, ASnapshotShowsTheWholeWindowAndGrowsForWhatHangsOver) {
+  PlayedSession hSession("resize 640 480\nsnapshot window.png\nkey a\nresize 200 160\nsnapshot box.png\nanswer ok\n");
+  EXPECT_EQ(hSession.Next().iType, MessageType::Key);
+  EXPECT_EQ(Size_of_Png("window.png"), std::pair(640, 480));
+  WMessageBox(BoxButtons::Ok, BoxIcon::Information, std::string(60, 'W'), "");
+  EXPECT_GT(Size_of_Png("box.png").first, 400);
+}
+
+}  // namespace
+}  // namespace quillan

@@ -1,0 +1,161 @@
+#include "toolkit/system.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+namespace quillan {
+namespace {
+
+namespace fs = std::filesystem;
+
+void Write_File(const std::string& sPath, std::string_view sBytes) {
+  std::ofstream(sPath, std::ios::binary) << sBytes;
+}
+
+std::string Read_File(const std::string& sPath) {
+  std::ostringstream sBytes;
+  sBytes << std::ifstream(sPath, std::ios::binary).rdbuf();
+  return sBytes.str();
+}
+
+TEST(System, ArgumentsAreCountedWithoutOptions) {
+  std::vector<std::string> sLine{"quillan", "a.avg", "--script", "steps.txt", "b c.avg"};
+  std::string sValue;
+  EXPECT_TRUE(System_Take_Option(sLine, "--script", sValue));
+  EXPECT_EQ(sValue, "steps.txt");
+  EXPECT_FALSE(System_Take_Option(sLine, "--script", sValue));
+  System_Set_Arguments(sLine);
+  EXPECT_EQ(WInfoSystem(iNumberOfArguments), 2);
+  for (const auto& [iArg, sWanted] : {
+           std::pair{1,  "a.avg"  },
+           {2,  "b c.avg"},
+           {3,  ""       },
+           {-1, ""       }
+  }) {
+    IOsArgument(iArg, sValue);
+    EXPECT_EQ(sValue, sWanted) << iArg;
+  }
+  IOsArgument(0, sValue);
+  EXPECT_TRUE(fs::path(sValue).is_absolute() && fs::exists(sValue)) << sValue;
+}
+
+TEST(System, AnOptionWithoutItsValueGivesABlank) {
+  std::vector<std::string> sLine{"--script", "--script"};
+  std::string sValue = "left over";
+  EXPECT_TRUE(System_Take_Option(sLine, "--script", sValue));
+  EXPECT_EQ(sValue, "");
+  EXPECT_EQ(sLine, std::vector<std::string>{"--script"}) << "the program's name is no option";
+  sLine.clear();
+  EXPECT_FALSE(System_Take_Option(sLine, "--script", sValue));
+}
+
+TEST(System, TheDateCanBeFixed) {
+  struct Case {
+    const char* sSeconds;
+    I4 iYear, iMonth, iDay;
+  };
+  ::setenv("TZ", "Pacific/Kiritimati", 1);  // where the day is another one for most of the time
+  for (const Case& h : {
+           Case{"0",          1970, 1,  1 },
+           {"1605225599", 2020, 11, 12},
+           {"1605225600", 2020, 11, 13}
+  }) {
+    ::setenv("SOURCE_DATE_EPOCH", h.sSeconds, 1);
+    const Date hDate = IOsDate();
+    EXPECT_EQ((std::tuple{hDate.iYear, hDate.iMonth, hDate.iDay}), (std::tuple{h.iYear, h.iMonth, h.iDay}));
+  }
+  for (const char* sBad : {"", "12x", "99999999999999999999"}) {
+    ::setenv("SOURCE_DATE_EPOCH", sBad, 1);
+    EXPECT_GE(IOsDate().iYear, 2024) << "the day of today for \"" << sBad << "\"";
+  }
+  ::unsetenv("SOURCE_DATE_EPOCH");
+  ::unsetenv("TZ");
+}
+
+TEST(System, AskingForTheLastErrorClearsIt) {
+  IOsCopyFile("missing", "copy");
+  EXPECT_EQ(InfoError(iInfoLastError), iErrFile);
+  EXPECT_EQ(InfoError(iInfoLastError), iErrNone);
+  EXPECT_EQ(InfoError(iInfoIOError), iIOErrOpen);
+  EXPECT_EQ(InfoError(iInfoOSError), ENOENT);
+}
+
+TEST(System, EveryErrorHasWordsOfItsOwn) {
+  std::set<std::string> sWords;
+  for (I4 iCode = iErrNone; iCode <= iErrBadArgument + 1; ++iCode) sWords.insert(WInfoErrorMessage(iCode));
+  EXPECT_EQ(sWords.size(), 9U);
+  EXPECT_EQ(WInfoErrorMessage(99), "Toolkit error 99");
+}
+
+class SystemFiles : public testing::Test {
+ protected:
+  void SetUp() override {
+    fs::create_directory("files");
+    InfoError(iInfoLastError);
+  }
+  void TearDown() override { fs::remove_all("files"); }
+};
+
+TEST_F(SystemFiles, ACopyHasTheBytesAndTheModeOfItsSource) {
+  std::string sBytes(1000000, '\0');
+  for (std::size_t I = 0; I < sBytes.size(); I += 7) sBytes[I] = static_cast<char>(I);
+  Write_File("files/a", sBytes);
+  fs::permissions("files/a", fs::perms{0600});
+  IOsCopyFile("files/a", "files/b");
+  EXPECT_EQ(InfoError(iInfoLastError), iErrNone);
+  EXPECT_TRUE(Read_File("files/b") == sBytes);
+  EXPECT_EQ(fs::status("files/b").permissions(), fs::perms{0600}) << "a backup is not more open than the data";
+
+  Write_File("files/a", "");
+  IOsCopyFile("files/a", "files/b");
+  EXPECT_EQ(InfoError(iInfoLastError), iErrNone);
+  EXPECT_EQ(Read_File("files/b"), "");
+}
+
+TEST_F(SystemFiles, ACopyThatFailsSaysHowAndLeavesTheTarget) {
+  struct Case {
+    const char *sFrom, *sTo;
+    I4 iIOError, iOSError;
+  };
+  const Case hCase[] = {
+      {"files/missing", "files/b",      iIOErrOpen,  ENOENT},
+      {"files",         "files/b",      iIOErrOpen,  EISDIR},
+      {"files/a",       "files",        iIOErrWrite, EISDIR},
+      {"files/a",       "files/none/b", iIOErrWrite, ENOENT},
+  };
+  Write_File("files/a", "new");
+  Write_File("files/b", "earlier");
+  for (const Case& h : hCase) {
+    IOsCopyFile(h.sFrom, h.sTo);
+    EXPECT_EQ(InfoError(iInfoLastError), iErrFile) << h.sFrom << " to " << h.sTo;
+    EXPECT_EQ(InfoError(iInfoIOError), h.iIOError) << h.sFrom << " to " << h.sTo;
+    EXPECT_EQ(InfoError(iInfoOSError), h.iOSError) << h.sFrom << " to " << h.sTo;
+  }
+  EXPECT_EQ(Read_File("files/b"), "earlier");
+  EXPECT_EQ(std::distance(fs::directory_iterator("files"), {}), 2) << "no temporary file stays";
+}
+
+TEST_F(SystemFiles, CompanionsAreFoundWithoutRegardToCase) {
+  for (const char* sName : {"LINE.MDE", "Line.mde", "other.stn", "OTHER.TXT"})
+    Write_File("files/" + std::string(sName), "");
+  fs::create_directory("files/LINE.stn");
+  if (fs::exists("files/line.mde")) GTEST_SKIP() << "the file system has no regard to case itself";
+  EXPECT_EQ(IOsFindCompanion("files/Line.mde"), "files/Line.mde") << "the exact name first";
+  EXPECT_EQ(IOsFindCompanion("files/line.mde"), "files/LINE.MDE") << "else the first in byte order";
+  EXPECT_EQ(IOsFindCompanion("files/OTHER.STN"), "files/other.stn");
+  EXPECT_EQ(IOsFindCompanion("files/line.stn"), "files/line.stn") << "a folder is no companion";
+  EXPECT_EQ(IOsFindCompanion("files/none.mde"), "files/none.mde");
+  EXPECT_EQ(IOsFindCompanion("nowhere/line.mde"), "nowhere/line.mde");
+  Write_File("COMPANION.MDE", "");
+  EXPECT_EQ(IOsFindCompanion("companion.mde"), "COMPANION.MDE") << "in the working folder";
+}
+
+}  // namespace
+}  // namespace quillan
