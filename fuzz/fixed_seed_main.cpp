@@ -19,8 +19,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* hData, std::size_t NDa
 namespace {
 
 /// Pieces on which readers have been seen to stumble.
-constexpr std::string_view sPiece[] = {"\n", "\r\n", "\"", ",", ",,", ";", ":", "$", "=", "*", "\\", "1E400", "-1E-400",
-                                       "nan", "inf", "0", "-", "+", ".", "9999999999999999999", "\t", " "};
+constexpr std::string_view sPiece[] = {
+    "\n", "\r\n",  "\"",      ",",   ",,",  ";", ":", "$", "=", "*",
+    "\\", "1E400", "-1E-400", "nan", "inf", "0", "-", "+", ".", "9999999999999999999",
+    "\t", " "};
 
 std::vector<std::string> Read_Corpus(const char* sFolder) {
   std::vector<std::filesystem::path> sPath;
@@ -55,7 +57,9 @@ void Mutate(std::string& s, std::mt19937& hRandom, const std::vector<std::string
   if (s.size() > 100000) s.resize(100000);
 }
 
-void Run(const std::string& s) { LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(s.data()), s.size()); }
+void Run(const std::string& s) {
+  LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(s.data()), s.size());
+}
 
 }  // namespace
 

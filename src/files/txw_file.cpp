@@ -254,6 +254,7 @@ std::string Missing_Labels(const ColumnMap& hColumn) {
 
 void Txw_Read(std::string& sTxwFile, L4 bAuto, I4& iError) {
   iError = 1;
+  Txw_Initialize();  // loops of an earlier file must not stand under the name of this one
   if (!Locate(sTxwFile, bAuto)) return;
   RecordReader in(sTxwFile, MTxwRecord);
   if (!in.Is_Open()) {
@@ -261,7 +262,6 @@ void Txw_Read(std::string& sTxwFile, L4 bAuto, I4& iError) {
     return;
   }
 
-  Txw_Initialize();
   Fld_Begin_File();
   LogText("Counting Tx wire endpoint data in");
   LogText(sTxwFile);

@@ -34,7 +34,7 @@ inline constexpr I4 MTxwLoop = 16384;
 /// there are three corners. A row that cannot be used is dropped and reported.
 /// A file that does not exist: with bAuto nothing is read, else the user may choose another, which sTxwFile then names.
 /// bAuto: nobody is asked, and errors go to the error file alone.
-/// iError: 0 at least one loop was read; 1 no file (the table is as before), or no loop in it (the table is empty).
+/// iError: 0 at least one loop was read; 1 no file, or no loop in it: the table is empty.
 void Txw_Read(std::string& sTxwFile, L4 bAuto, I4& iError);
 
 /// Takes a line of labels. iError: 0; 1 when the identifier, east or north is missing, which is reported.

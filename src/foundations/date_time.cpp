@@ -183,12 +183,12 @@ void dHours_from_sHHMMSS(std::string_view sHHMMSS, R8 dDefault, R8& dHours, I4& 
 
 void dHours_from_iHHMMSS(I4 iSgn, I4 iHour, I4 iMin, R4 fSec, R8& dHours) {
   const R4 fHours = (fSec / 60.0f + static_cast<R4>(iMin)) / 60.0f + static_cast<R4>(iHour);
-  dHours = R8{fHours * static_cast<R4>(iSgn)};
+  dHours = static_cast<R8>(fHours * static_cast<R4>(iSgn));
 }
 
 void dHours_to_sHHMMSS(R8 dHours, I4 NDec, std::string& sHHMMSS) {
   constexpr I4 MHour = 999999;  // beyond it the text has no room for the parts
-  sHHMMSS = "*";
+  sHHMMSS.assign(1, '*');
   if (!Is_Present(dHours)) return;
   I4 iSgn = 1;
   I4 iHour = 0;
@@ -235,7 +235,7 @@ void NMEA_dHHMMSS_from_dHours(R8 dHours, R8& dHHMMSS) {
 void NMEA_sHHMMSS_from_dHours(R8 dHours, std::string& sHHMMSS) {
   R8 dHHMMSS = 0.0;
   NMEA_dHHMMSS_from_dHours(dHours, dHHMMSS);
-  sHHMMSS = "*";
+  sHHMMSS.assign(1, '*');
   if (!(dHHMMSS > -1.0E6 && dHHMMSS < 1.0E7)) return;  // seven places, one of them for the sign
   const R8 dWhole = std::trunc(dHHMMSS);
   std::array<char, 32> sDigits;

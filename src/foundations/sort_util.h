@@ -6,6 +6,13 @@
 // reals for equal when |a - b| < 10 Spacing(a); each family says whether it does. Whole numbers and texts compare
 // exactly. Any input gives a valid order of its items, not-a-number included, though such an item may stand anywhere.
 //
+// A table is sorted by its index, and its columns, or its large records in one pass, follow:
+//
+//   HeapSort_R4(NPnt, fStn, JSort);
+//   Reorder_R4(NPnt, JSort, fStn);
+//   Reorder_R8(NPnt, JSort, dEast);
+//
+// Counts (NX, NPnt, NP, N) are held to what the arrays hold; with none nothing is done.
 // Indices count from 1, also those in JSort: JSort(1), at JSort[0], is the place of the smallest item in XA.
 #pragma once
 
@@ -70,7 +77,7 @@ void Hunt_Bracket_MKey_R8(I4 MKey, I4 NList, std::span<const R8> KeyList, std::s
 template <class Order>
 I4 Hunt_by_Order(I4 NX, Order iOrder, I4& JLO);
 
-/// array(i) becomes array(JSort(i)), i = 1..NP.
+/// array(i) becomes array(JSort(i)), i = 1..NP. JSort holds places from 1 to NP; what lies behind them stays.
 void Reorder_I4(I4 NP, std::span<const I4> JSort, std::span<I4> array);
 void Reorder_L4(I4 NP, std::span<const I4> JSort, std::span<L4> array);
 void Reorder_R4(I4 NP, std::span<const I4> JSort, std::span<R4> array);
@@ -78,6 +85,7 @@ void Reorder_R8(I4 NP, std::span<const I4> JSort, std::span<R8> array);
 void Reorder_Z4(I4 NP, std::span<const I4> JSort, std::span<Z4> array);
 void Reorder_CN(I4 NP, std::span<const I4> JSort, std::span<std::string> array);
 
+/// Exchanges two items.
 void Swap_I4(I4& i1, I4& i2);
 void Swap_L4(L4& b1, L4& b2);
 void Swap_R4(R4& f1, R4& f2);

@@ -147,10 +147,10 @@ Text<16> Write_Tidy(Real x, const EditForm& form) {
 
 template <class Integer>
 Text<16> Write_Integer(Integer iValue) {
-  std::array<char, NField> sOut;
+  std::array<char, 24> sOut;  // holds every integer
   const auto hEnd = std::to_chars(sOut.data(), sOut.data() + sOut.size(), iValue);
-  if (hEnd.ec != std::errc{}) return "*";
-  return std::string_view(sOut.data(), static_cast<std::size_t>(hEnd.ptr - sOut.data()));
+  const std::string_view sText(sOut.data(), static_cast<std::size_t>(hEnd.ptr - sOut.data()));
+  return sText.size() > NField ? "*" : sText;
 }
 
 template <class Real>

@@ -146,7 +146,7 @@ std::string Dialog_Cell(I4 iGrid, I4 iRow, I4 iColumn, std::string_view sValue) 
 }
 
 std::string Dialog_Field_Is(I4 iField, std::string_view sValue) {
-  const std::string sReason = Blocked();
+  std::string sReason = Blocked();
   if (!sReason.empty()) return sReason;
   const Field* hField = Known_Field(iField);
   if (!hField) return "the dialog has no control " + std::to_string(iField);

@@ -310,7 +310,8 @@ void SafeFile::Open_Temporary() {
     sTemporary.clear();  // another's file, or none
     return Fail(errno);
   }
-  if (bReplaces && ::fchmod(iHandle, static_cast<mode_t>(iMode)) != 0) Fail(errno);
+  // Where the file system keeps no modes this fails; the mode is then none that lets more users in.
+  if (bReplaces) static_cast<void>(::fchmod(iHandle, static_cast<mode_t>(iMode)));
 }
 
 void SafeFile::Write(std::string_view sBytes) {

@@ -16,7 +16,6 @@
 #include <clocale>
 #include <cstdlib>
 #include <iostream>
-#include <utility>
 
 #include "toolkit/menus.h"
 #include "toolkit/private.h"
@@ -129,12 +128,9 @@ void Make_Application() {
   QGuiApplication::setWindowIcon(QIcon(":/quillan.png"));
 }
 
-/// What the application left of the command line, the script taken out, is what the program sees.
+/// What the application left of the command line is what the program sees.
 void Keep_Arguments() {
-  std::vector<std::string> sLine(hArgument, hArgument + NArgument);
-  std::string sTaken;
-  System_Take_Option(sLine, "--script", sTaken);
-  System_Set_Arguments(std::move(sLine));
+  System_Set_Arguments(std::vector<std::string>(hArgument, hArgument + NArgument));
 }
 
 /// The size inside the frame that gives the outer size asked for, held to the screen. On a small screen the window is

@@ -119,7 +119,7 @@ TEST_F(WireFile, SecondFileLeavesNothingOfTheFirst) {
   EXPECT_EQ(Shown("ERROR: No valid Tx loop wire endpoint coordinates recovered from"), 1);
 }
 
-TEST_F(WireFile, FileIsFoundInAnyCaseAndAMissingOneKeepsTheTable) {
+TEST_F(WireFile, FileIsFoundInAnyCaseAndAMissingOneLeavesNoLoops) {
   std::ofstream("FIELD.TXW") << "4 0 0\n";
   std::string sTxwFile = "field.txw";
   I4 iError = -1;
@@ -132,7 +132,7 @@ TEST_F(WireFile, FileIsFoundInAnyCaseAndAMissingOneKeepsTheTable) {
     LogText_Reset();
     Txw_Read(sTxwFile, bAuto, iError);
     EXPECT_EQ(iError, 1);
-    EXPECT_EQ(NTxw, 1);
+    EXPECT_EQ(NTxw, 0);
     EXPECT_EQ(Shown("Did not find txw file"), bAuto ? 1 : 0);
     EXPECT_EQ(Shown("Txw file import canceled."), 1);
   }

@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
+#include "support/files.h"
 #include "toolkit/draw.h"
 #include "toolkit/messages.h"
 #include "toolkit/system.h"
@@ -15,12 +16,6 @@ namespace quillan {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Read_File(const std::string& sPath) {
-  std::ostringstream sBytes;
-  sBytes << std::ifstream(sPath, std::ios::binary).rdbuf();
-  return sBytes.str();
-}
 
 class LogFile : public testing::Test {
  protected:
@@ -62,7 +57,7 @@ TEST_F(LogFile, KeepsEveryLineInTheFileAndTheLast48OnTheScreen) {
   EXPECT_EQ(NTextBuffer, 48);
   EXPECT_EQ(sTextBuffer(1), "line 3");
   EXPECT_EQ(sTextBuffer(48), "line 50");
-  const std::string sLog = Read_File(sLogFile);
+  const std::string sLog = Read_Whole_File(sLogFile);
   EXPECT_TRUE(sLog.starts_with("quillan v3.30n updated 23/Nov/2020\nline 1\nline 2\n")) << sLog;
   EXPECT_TRUE(sLog.ends_with("\nline 50\nfile only\n")) << sLog;
   LogText_Reset();
@@ -73,23 +68,23 @@ TEST_F(LogFile, GoesOnInTheSameFileAfterItWasClosed) {
   LogText_File("one");
   Log_Close();
   LogText_File("two");
-  EXPECT_EQ(Read_File(sLogFile), "quillan v3.30n updated 23/Nov/2020\none\ntwo\n");
+  EXPECT_EQ(Read_Whole_File(sLogFile), "quillan v3.30n updated 23/Nov/2020\none\ntwo\n");
 }
 
 TEST_F(LogFile, WritesFiveLinesOfAReport) {
   LogErr({"1", "2  ", "", "4", "5", "6", "7"});
-  EXPECT_EQ(Read_File(sErrFile), " quillan v3.30n\n \n 1\n 2\n \n 4\n 5\n");
-  EXPECT_EQ(Read_File(sLogFile), "quillan v3.30n updated 23/Nov/2020\n\n1\n2\n\n4\n5\n\n");
+  EXPECT_EQ(Read_Whole_File(sErrFile), " quillan v3.30n\n \n 1\n 2\n \n 4\n 5\n");
+  EXPECT_EQ(Read_Whole_File(sLogFile), "quillan v3.30n updated 23/Nov/2020\n\n1\n2\n\n4\n5\n\n");
 }
 
 TEST_F(LogFile, LeavesOffAfter127ReportsOfBadRows) {
   for (I4 I = 1; I <= 130; ++I) LogErr_File({"row " + std::to_string(I)});
-  const std::string sErr = Read_File(sErrFile);
+  const std::string sErr = Read_Whole_File(sErrFile);
   const std::string sEnd = "\n \n row 127\n \n More than 128 error messages, no further messages will be logged.\n";
   EXPECT_TRUE(sErr.ends_with(sEnd)) << sErr;
   LogErr({"still told"});
-  EXPECT_TRUE(Read_File(sErrFile).ends_with(" still told\n"));
-  EXPECT_FALSE(Read_File(sLogFile).find("row") != std::string::npos) << "bad rows go to the error file alone";
+  EXPECT_TRUE(Read_Whole_File(sErrFile).ends_with(" still told\n"));
+  EXPECT_FALSE(Read_Whole_File(sLogFile).find("row") != std::string::npos) << "bad rows go to the error file alone";
 }
 
 TEST_F(LogFile, SaysOnStandardErrorWhatNoWindowCanShow) {
@@ -107,7 +102,7 @@ TEST_F(LogFile, AQuietCommandIsQuietUntilTheNext) {
   LogErr_Begin_Command();
   LogErr({"second"});
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "second\n");
-  EXPECT_NE(Read_File(sErrFile).find(" first\n"), std::string::npos);
+  EXPECT_NE(Read_Whole_File(sErrFile).find(" first\n"), std::string::npos);
 }
 
 TEST_F(LogFile, TheTwentyFirstToolkitErrorEndsTheRun) {
@@ -120,7 +115,7 @@ TEST_F(LogFile, TheTwentyFirstToolkitErrorEndsTheRun) {
   }
   IOsCopyFile("missing", "copy");
   EXPECT_THROW(InqWintError(), ProgramStop);
-  const std::string sErr = Read_File(sErrFile);
+  const std::string sErr = Read_Whole_File(sErrFile);
   const std::string sWords = WInfoErrorMessage(iErrFile);
   EXPECT_TRUE(sErr.starts_with(" quillan v3.30n\n \n Graphics ERROR: from LogFile 7\n " + sWords + "\n")) << sErr;
   EXPECT_TRUE(

@@ -19,9 +19,9 @@ namespace {
 /// A row of reads.txt, such as: r4 40400000 "2*3" refused: a repeat count is a missing value to us
 struct ReadRow {
   std::string sKind, sResult, sText;
+  bool bOnPurpose = false;  // the row ends in the reason of the refusal
 
   bool Is_Refused() const { return sResult == "fails" || sResult == "beyond" || bOnPurpose; }
-  bool bOnPurpose = false;
 };
 
 bool Next_Row(std::istream& in, ReadRow& hRow) {

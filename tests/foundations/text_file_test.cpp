@@ -9,11 +9,9 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 
-#include "base/text.h"
+#include "support/files.h"
 
 namespace {
 bool bKillAtRename = false;
@@ -43,16 +41,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t NMegabyte = 1 << 20;
 
-void Write_File(const std::string& sPath, std::string_view sBytes) {
-  std::ofstream(sPath, std::ios::binary) << sBytes;
-}
-
-std::string Read_File(const std::string& sPath) {
-  std::ostringstream sBytes;
-  sBytes << std::ifstream(sPath, std::ios::binary).rdbuf();
-  return sBytes.str();
-}
-
 std::vector<std::string> Names_in(const std::string& sFolder) {
   std::vector<std::string> sName;
   for (const auto& hEntry : fs::directory_iterator(sFolder)) sName.push_back(hEntry.path().filename().string());
@@ -62,7 +50,7 @@ std::vector<std::string> Names_in(const std::string& sFolder) {
 
 using Names = std::vector<std::string>;
 
-std::vector<std::string> Records_of(std::string_view sBytes, I4 MRecord = 80) {
+std::vector<std::string> Records_of(const std::string& sBytes, I4 MRecord = 80) {
   Write_File("records.txt", sBytes);
   std::vector<std::string> sRecord;
   RecordReader in("records.txt", MRecord);
@@ -184,7 +172,7 @@ class TextWriterTest : public testing::Test {
   void TearDown() override { fs::remove_all(sFolder); }
 
   void Expect_Only_the_Earlier_File() const {
-    EXPECT_EQ(Read_File(sFile), "earlier");
+    EXPECT_EQ(Read_Whole_File(sFile), "earlier");
     EXPECT_EQ(Names_in(sFolder), Names{"survey.avg"});
   }
 
@@ -197,14 +185,14 @@ TEST_F(TextWriterTest, ReplacesTheFileOnlyAtTheEnd) {
     TextWriter out(sFile);
     out.Line("first");
     out.Put(sBulk);
-    EXPECT_EQ(Read_File(sFile), "earlier");
+    EXPECT_EQ(Read_Whole_File(sFile), "earlier");
     const Names sName = Names_in(sFolder);
     ASSERT_EQ(sName.size(), 2U);
     EXPECT_TRUE(sName[0].starts_with(".survey.avg.")) << "the temporary file is hidden: " << sName[0];
     out.Commit();
     EXPECT_FALSE(out.Has_Failed()) << out.Reason();
   }
-  EXPECT_TRUE(Read_File(sFile) == "first\n" + sBulk);
+  EXPECT_TRUE(Read_Whole_File(sFile) == "first\n" + sBulk);
   EXPECT_EQ(Names_in(sFolder), Names{"survey.avg"});
 }
 
@@ -219,10 +207,10 @@ TEST_F(TextWriterTest, LeavesTheFileWhenItIsKilledBeforeTheRename) {
     return Save(sFile, "new");
   };
   EXPECT_EQ(Told_by_Child(Killed_Save), "");
-  EXPECT_EQ(Read_File(sFile), "earlier");
+  EXPECT_EQ(Read_Whole_File(sFile), "earlier");
   EXPECT_EQ(Names_in(sFolder).size(), 2U) << "the new file was written under another name";
   EXPECT_EQ(Save(sFile, "new"), "saved") << "what a killed run left is in nobody's way";
-  EXPECT_EQ(Read_File(sFile), "new");
+  EXPECT_EQ(Read_Whole_File(sFile), "new");
 }
 
 // A size limit ends a write as a full disk does: some bytes still fit, then none.
@@ -294,8 +282,8 @@ TEST_F(TextWriterTest, WritesThroughLinks) {
   EXPECT_EQ(Save(sFolder + "/links/later.avg", "later"), "saved") << "a link to what is not there yet";
   EXPECT_TRUE(fs::is_symlink(sFolder + "/links/a.avg"));
   EXPECT_TRUE(fs::is_symlink(sFolder + "/links/later.avg"));
-  EXPECT_EQ(Read_File(sFile), "new");
-  EXPECT_EQ(Read_File(sFolder + "/later.avg"), "later");
+  EXPECT_EQ(Read_Whole_File(sFile), "new");
+  EXPECT_EQ(Read_Whole_File(sFolder + "/later.avg"), "later");
 }
 
 TEST_F(TextWriterTest, KeepsTheModeOfTheFile) {
@@ -316,7 +304,7 @@ TEST_F(TextWriterTest, TakesTheLongestNameThatAFolderHolds) {
   while (sName.size() < 250) sName += "\xC2\xB5";
   sName += ".avgx";
   EXPECT_EQ(Save(sFolder + "/" + sName, "new"), "saved");
-  EXPECT_EQ(Read_File(sFolder + "/" + sName), "new");
+  EXPECT_EQ(Read_Whole_File(sFolder + "/" + sName), "new");
 }
 
 }  // namespace

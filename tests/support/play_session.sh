@@ -5,8 +5,10 @@
 # out equal), and perhaps arguments (the command line, steps.txt aside; without it the program starts with the one file
 # of input/ whose name ends in .avg or .xdb) and status (the exit status, 0 without it).
 set -eu
-program=$1
-session=$2
+program=$(realpath "$1")
+session=$(realpath "$2")
+export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
+export SOURCE_DATE_EPOCH=1605225600  # 2020-11-13, the date in the expected files
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cp -r "$session/input/." "$folder/"

@@ -4,26 +4,18 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <ctime>
 #include <filesystem>
-#include <fstream>
 #include <set>
-#include <sstream>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "support/files.h"
 
 namespace quillan {
 namespace {
 
 namespace fs = std::filesystem;
-
-void Write_File(const std::string& sPath, std::string_view sBytes) {
-  std::ofstream(sPath, std::ios::binary) << sBytes;
-}
-
-std::string Read_File(const std::string& sPath) {
-  std::ostringstream sBytes;
-  sBytes << std::ifstream(sPath, std::ios::binary).rdbuf();
-  return sBytes.str();
-}
 
 TEST(System, ArgumentsAreCountedWithoutOptions) {
   std::vector<std::string> sLine{"quillan", "a.avg", "--script", "steps.txt", "b c.avg"};
@@ -110,13 +102,13 @@ TEST_F(SystemFiles, ACopyHasTheBytesAndTheModeOfItsSource) {
   fs::permissions("files/a", fs::perms{0600});
   IOsCopyFile("files/a", "files/b");
   EXPECT_EQ(InfoError(iInfoLastError), iErrNone);
-  EXPECT_TRUE(Read_File("files/b") == sBytes);
+  EXPECT_TRUE(Read_Whole_File("files/b") == sBytes);
   EXPECT_EQ(fs::status("files/b").permissions(), fs::perms{0600}) << "a backup is not more open than the data";
 
   Write_File("files/a", "");
   IOsCopyFile("files/a", "files/b");
   EXPECT_EQ(InfoError(iInfoLastError), iErrNone);
-  EXPECT_EQ(Read_File("files/b"), "");
+  EXPECT_EQ(Read_Whole_File("files/b"), "");
 }
 
 TEST_F(SystemFiles, ACopyThatFailsSaysHowAndLeavesTheTarget) {
@@ -138,7 +130,7 @@ TEST_F(SystemFiles, ACopyThatFailsSaysHowAndLeavesTheTarget) {
     EXPECT_EQ(InfoError(iInfoIOError), h.iIOError) << h.sFrom << " to " << h.sTo;
     EXPECT_EQ(InfoError(iInfoOSError), h.iOSError) << h.sFrom << " to " << h.sTo;
   }
-  EXPECT_EQ(Read_File("files/b"), "earlier");
+  EXPECT_EQ(Read_Whole_File("files/b"), "earlier");
   EXPECT_EQ(std::distance(fs::directory_iterator("files"), {}), 2) << "no temporary file stays";
 }
 

@@ -1,0 +1,178 @@
+#include "files/avg_reader.h"
+
+#include <gtest/gtest.h>
+
+#include "metadata/mdp_data.h"
+#include "support/files.h"
+#include "support/survey_builder.h"
+
+namespace quillan {
+namespace {
+
+constexpr const char* sHead = "$ Stn.KvrBeg= 0\n$ Stn.KvrInc= 1\n$ Stn.Beg= 0\n$ Stn.Inc= 1\n$ Tx.Freq= 16 hertz\n";
+constexpr const char* sLabels = "TWin.Center, dBdt.Mag, dBdt.%Err, ARes.Mag, Rx.KvrStn\n";
+
+/// Reads a file with these bytes as a fresh survey; gives iError.
+I4 Read(const std::string& sBytes) {
+  Begin_Test();
+  I4 iError = 0;
+  MDP_Initialize(iError);
+  MdTx.dKvrStn = MdTx.dStn = dDummy;
+  MdRx.dUTMC.fill(dDummy);
+  MdRx.fHPR.fill(fDummy);
+  Write_File("data.avg", sBytes);
+  AVG_Read("data.avg", iError);
+  return iError;
+}
+
+I4 Read_Rows(const std::string& sRows) {
+  return Read(std::string(sHead) + sLabels + sRows);
+}
+
+TEST(AvgReader, RowsMakeOneTransientWhileStationsStayAndTimesRise) {
+  ASSERT_EQ(
+      Read_Rows("1, 90, 0.5, 12, 7\n2, 40, 0.6, 11, 7\n1, 91, 0.5, 12, 7\n2, 41, 0.6, 11, 7\n3, 20, 0.7, 10, 8\n"), 0);
+  ASSERT_EQ(NTrn, 3);
+  EXPECT_EQ(hTrn(1).NTW, 2);
+  EXPECT_EQ(hTrn(2).fuVmag(2), 41.0f);
+  EXPECT_EQ(hTrn(3).dRxKvrStn, 8.0);
+  EXPECT_EQ(hTrn(3).fTxFreq, 16.0f);
+  EXPECT_EQ(hTrn(3).fRxArea, 10000.0f);
+  EXPECT_EQ(hTrn(3).iRxCmp, iCmpHz);
+}
+
+TEST(AvgReader, StationsWithinAHundredSpacingsAreOne) {
+  ASSERT_EQ(Read_Rows("1, 9, 1, 1, 7\n2, 8, 1, 1, 7.00000000000001\n3, 7, 1, 1, 7.000000001\n"), 0);
+  EXPECT_EQ(NTrn, 2);
+}
+
+TEST(AvgReader, BlankAndStarFieldsGetTheDefaultOfTheirColumn) {
+  ASSERT_EQ(Read_Rows("1, *, *, *, 7\n2,  , , , 7\n"), 0);
+  for (const I4 I : {1, 2}) {
+    EXPECT_EQ(hTrn(1).fuVmag(I), 0.0f);
+    EXPECT_EQ(hTrn(1).fuVpct(I), 0.0f);
+    EXPECT_EQ(hTrn(1).fARes(I), 0.0f);
+    EXPECT_EQ(hTrn(1).fuVerr(I), fDummy);  // no such column
+  }
+}
+
+TEST(AvgReader, UnusableRowsAreDroppedAndNamedInTheErrorFile) {
+  ASSERT_EQ(Read_Rows("1, 90, 1, 1, 7\n*, 50, 1, 1, 7\n2, 40, 1, 1, *\n3, x, 1, 1, 7\n"), 0);
+  EXPECT_EQ(hTrn(1).NTW, 3);  // a row without a station of its own stands at the metadata's; a bad number is a default
+  const std::string sErrors = Read_Whole_File("test.err");
+  EXPECT_NE(sErrors.find("AVG_Read_Data.ERROR: TWIN.Center < -1.0E32 on record 8"), std::string::npos);
+  EXPECT_NE(sErrors.find("Dropping this data record."), std::string::npos);
+  const std::string sLog = Read_Whole_File("test.log");
+  EXPECT_NE(sLog.find("ERROR reading real*4 DBDT.MAG value from x"), std::string::npos);
+}
+
+TEST(AvgReader, RowsNeedLabelsAndAMetadataLineAheadOfThem) {
+  EXPECT_EQ(Read("1, 90, 1, 1, 7\n" + std::string(sHead) + "1, 90, 1, 1, 7\n"), 1);
+  EXPECT_EQ(Read("TWin.Center, dBdt.Mag, Tx.Freq, Rx.KvrStn\n1, 90, 4, 7\n"), 1);
+  EXPECT_EQ(Read("$ no record at all\nTWin.Center, dBdt.Mag, Tx.Freq, Rx.KvrStn\n1, 90, 4, 7\n"), 0);
+  EXPECT_EQ(NTrn, 1);
+}
+
+TEST(AvgReader, BadLabelLineEndsItsSectionAndAGoodOneClearsTheError) {
+  ASSERT_EQ(Read_Rows("1, 90, 1, 1, 7\nStation Time\n2, 80, 1, 1, 7\n" + std::string(sLabels) + "3, 70, 1, 1, 7\n"), 0);
+  EXPECT_EQ(hTrn(1).NTW, 2);
+  EXPECT_EQ(Read_Rows("1, 90, 1, 1, 7\nnonsense\n"), 1);
+  EXPECT_EQ(NTrn, 1);
+}
+
+TEST(AvgReader, LegacyHeaderIsReadByItsAliasesAndKeepsSkipFlags) {
+  ASSERT_EQ(Read("$ TEM: Array=FXL\n$ TEM: RxArea=100\n"
+                 "skp     Tx   Station  Freq Cmp Amps Win Time   Magnitude  RampAppRes    Depth    %Mag\n"
+                 "\\-++-------++-------++----++-++----++-++-----++---------++---------++---------++-----+\n"
+                 " 2 1 25 32 Hx 5.5 1 0.03 1.5E+2 40.1 88.2 0.5\n"
+                 " 1 1 25 32 Hx 5.5 2 0.05 * * * 0.7\n"),
+            0);
+  EXPECT_EQ(Skipped(1), "-X");
+  EXPECT_EQ(hTrn(1).iRxCmp, iCmpHx);
+  EXPECT_EQ(hTrn(1).fTxAmp, 5.5f);
+  EXPECT_EQ(hTrn(1).fRxArea, 100.0f);
+  EXPECT_EQ(hTrn(1).fDepth(1), 88.2f);
+  EXPECT_EQ(hTrn(1).dTxStn, 1.0);
+}
+
+TEST(AvgReader, UsersCommentsAndForeignLinesAreKeptOursAreNot) {
+  ASSERT_EQ(Read_Rows("\\ QUILLAN wrote this\n! quillan is a bird\n/ |------|\n$ Narvo: Foo= 1\n$ Odd.Key= 2\n"
+                      "$ Tx.Odd= 3\n$ Header.Type= 4\n1, 90, 1, 1, 7\n"),
+            0);
+  ASSERT_EQ(NAvgCmt, 1);
+  EXPECT_EQ(sAvgCmt(1), "! quillan is a bird");
+  ASSERT_EQ(NAvgMde, 3);
+  EXPECT_EQ(sAvgMde(1), "$ Narvo: Foo= 1");
+  EXPECT_EQ(sAvgMde(3), "$ Tx.Odd= 3");
+}
+
+TEST(AvgReader, UnknownComponentsAreBlankAndNamesAreFoundInAnyCase) {
+  const std::string sCmp = std::string(sHead) + "Rx.Cmp, TWin.Center, dBdt.Mag, Rx.KvrStn\n";
+  ASSERT_EQ(Read(sCmp + "hy, 1, 5, 1\nxx, 1, 5, 2\n, 1, 5, 3\n"), 0);
+  EXPECT_EQ(hTrn(1).iRxCmp, 5);
+  EXPECT_EQ(hTrn(2).iRxCmp, 9);
+  EXPECT_EQ(hTrn(3).iRxCmp, iCmpHz);
+}
+
+TEST(AvgReader, MoreThanTheStoreHoldsStopsTheReadAndMoreWindowsAreDropped) {
+  std::string sRows;
+  for (int I = 0; I < 70; ++I) sRows += std::to_string(I + 1) + ", 5, 1, 1, 0\n";
+  for (int j = 1; j < 5000; ++j) sRows += "1, 5, 1, 1, " + std::to_string(j) + "\n";
+  ASSERT_EQ(Read_Rows(sRows), 0);
+  EXPECT_EQ(NTrn, MTrn);
+  EXPECT_EQ(hTrn(1).NTW, MTW);
+}
+
+TEST(AvgReader, LineEndsOfOtherSystemsReadTheSame) {
+  const std::string sRows = "1, 90, 0.5, 12, 7\n2, 40, 0.6, 11, 7";
+  std::string sCrLf = sHead + std::string(sLabels) + sRows;
+  for (std::size_t K = 0; (K = sCrLf.find('\n', K)) != std::string::npos; K += 2) sCrLf.replace(K, 1, "\r\n");
+  ASSERT_EQ(Read("\xEF\xBB\xBF" + sCrLf), 0);
+  EXPECT_EQ(hTrn(1).NTW, 2);
+  EXPECT_EQ(hTrn(1).fARes(2), 11.0f);
+}
+
+TEST(AvgReader, HostileBytesNeitherStopNorSpoilTheRest) {
+  const std::string sGood = "3, 70, 1, 1, 7\n";
+  const std::string hHostile[] = {std::string("1, 9\0, 1, 1, 7\n", 15),
+                                  std::string(10'000'000, '9') + "\n",
+                                  std::string(10'000, ',') + "\n",
+                                  "1, " + std::string(400, '8') + ", 1, 1, 7\n",
+                                  "1, nan, inf, -inf, 7\n",
+                                  "\"1, 2\n",
+                                  "1\n",
+                                  "-\xff\xfe\n"};
+  for (const std::string& s : hHostile) {
+    ASSERT_EQ(Read_Rows(s + sGood), 0) << s.substr(0, 40);
+    EXPECT_EQ(hTrn(NTrn).fuVmag(hTrn(NTrn).NTW), 70.0f) << s.substr(0, 40);
+  }
+}
+
+TEST(AvgReader, MissingFileIsTheCallersToReport) {
+  Begin_Test();
+  I4 iError = 0;
+  AVG_Read("no such file.avg", iError);
+  EXPECT_EQ(iError, 1);
+  EXPECT_EQ(NTrn, 0);
+}
+
+TEST(AvgReader, ComponentNamesGiveAxisAndField) {
+  struct Case {
+    const char* sText;
+    I4 JCMP, JFLD;
+  };
+  for (const Case& h : {
+           Case{"dB Hy/dt", 2, 2},
+           Case{"Ex",       1, 1},
+           Case{"hx",       3, 3},
+           Case{"Ez Hz",    3, 2}
+  }) {
+    I4 JCMP = 0, JFLD = 0;
+    sRecord_to_JCmp(h.sText, JCMP, JFLD);
+    EXPECT_EQ(JCMP, h.JCMP) << h.sText;
+    EXPECT_EQ(JFLD, h.JFLD) << h.sText;
+  }
+}
+
+}  // namespace
+}  // namespace quillan
