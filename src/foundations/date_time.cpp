@@ -251,7 +251,7 @@ void NMEA_sHHMMSS_from_dHours(R8 dHours, std::string& sHHMMSS) {
 I4 JDay_from_iYYYYMMDD(I4 iYYYY, I4 iMM, I4 iDD) {
   const I8 t = (I8{iMM} - 14) / 12;
   const I8 iYear = I8{iYYYY} + t;
-  return Held_I4(iDD - I8{32075} + 1461 * (iYear + 4800) / 4 + 367 * (iMM - 2 - 12 * t) / 12 -
+  return Held_I4(iDD - I8{32075} + 1461 * (iYear + 4800) / 4 + 367 * (I8{iMM} - 2 - 12 * t) / 12 -
                  3 * ((iYear + 4900) / 100) / 4);
 }
 

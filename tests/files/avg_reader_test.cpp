@@ -58,7 +58,9 @@ TEST(AvgReader, BlankAndStarFieldsGetTheDefaultOfTheirColumn) {
 
 TEST(AvgReader, UnusableRowsAreDroppedAndNamedInTheErrorFile) {
   ASSERT_EQ(Read_Rows("1, 90, 1, 1, 7\n*, 50, 1, 1, 7\n2, 40, 1, 1, *\n3, x, 1, 1, 7\n"), 0);
-  EXPECT_EQ(hTrn(1).NTW, 3);  // a row without a station of its own stands at the metadata's; a bad number is a default
+  ASSERT_EQ(NTrn, 3);
+  EXPECT_EQ(hTrn(2).dRxKvrStn, 0.0);   // a row without a station of its own stands at the one of the metadata
+  EXPECT_EQ(hTrn(3).fuVmag(1), 0.0f);  // a bad number is a blank one
   const std::string sErrors = Read_Whole_File("test.err");
   EXPECT_NE(sErrors.find("AVG_Read_Data.ERROR: TWIN.Center < -1.0E32 on record 8"), std::string::npos);
   EXPECT_NE(sErrors.find("Dropping this data record."), std::string::npos);
@@ -107,8 +109,8 @@ TEST(AvgReader, UsersCommentsAndForeignLinesAreKeptOursAreNot) {
 }
 
 TEST(AvgReader, UnknownComponentsAreBlankAndNamesAreFoundInAnyCase) {
-  const std::string sCmp = std::string(sHead) + "Rx.Cmp, TWin.Center, dBdt.Mag, Rx.KvrStn\n";
-  ASSERT_EQ(Read(sCmp + "hy, 1, 5, 1\nxx, 1, 5, 2\n, 1, 5, 3\n"), 0);
+  const std::string sCmp = std::string(sHead) + "TWin.Center, dBdt.Mag, Rx.Cmp, Rx.KvrStn\n";
+  ASSERT_EQ(Read(sCmp + "1, 5, hy, 1\n1, 5, xx, 2\n1, 5, , 3\n"), 0);
   EXPECT_EQ(hTrn(1).iRxCmp, 5);
   EXPECT_EQ(hTrn(2).iRxCmp, 9);
   EXPECT_EQ(hTrn(3).iRxCmp, iCmpHz);

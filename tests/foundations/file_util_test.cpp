@@ -70,7 +70,7 @@ TEST_F(FindFile, LooksHereThenBesideTheProgramThenAlongThePath) {
   Get_Exe_DirPath(sProgramDir, iError);
   EXPECT_EQ(iError, 0);
   ASSERT_TRUE(sProgramDir.ends_with(sSlash)) << sProgramDir;
-  EXPECT_EQ(Found("foundations_test"), sProgramDir + "foundations_test");
+  EXPECT_TRUE(fs::equivalent(Found("foundations_test"), sProgramDir + "foundations_test"));
 
   EXPECT_EQ(Found("find/b/x.clr"), "find/b/x.clr");
   EXPECT_EQ(Found("x.clr"), "find/a/x.clr");
