@@ -110,7 +110,7 @@ const char* const component_name[] = {"Hx", "Hy", "Hz"};
 double Component_Scale(int component, int station) {
   if (component == 2) return 1.0;
   const double slope = (station - 10) / 10.0 * std::exp(-2.0 * std::pow((station - 10) / 10.0, 2));
-  return component == 0 ? 0.16 * slope + 0.01 : 0.03 * std::cos(0.9 * station);
+  return component == 0 ? 0.16 * slope + 0.01 : 0.04 * std::cos(0.3 * station);
 }
 
 /// A text file that is written line by line.

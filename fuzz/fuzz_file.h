@@ -1,30 +1,64 @@
-// fuzz_file.h: what the fuzz targets of the file readers share.
+// fuzz_file.h: what the fuzz targets share.
 #pragma once
 
 #include <unistd.h>
 
 #include <cstdint>
-#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
+#include <string_view>
 
 #include "foundations/log_file.h"
+#include "foundations/str_value.h"
 
 namespace quillan {
 
-/// No boxes and no log: only faults are looked for.
+/// No boxes and no log: only faults are looked for. Reports are made as in a fresh run.
 inline void Begin_Fuzzing() {
   bAutoErr = true;
   sLogFile = sErrFile = "/dev/null";
+  NErr = 0;
+  Fld_Begin_File();
 }
 
-/// Path of a file in memory that holds the bytes; the next call replaces it.
-inline std::string Fuzz_File(const std::uint8_t* hData, std::size_t NData) {
-  const std::string sPath = "/dev/shm/quillan_fuzz_" + std::to_string(getpid());
-  if (std::FILE* hFile = std::fopen(sPath.c_str(), "wb")) {
-    std::fwrite(hData, 1, NData, hFile);
-    std::fclose(hFile);
+/// What must be true of any input.
+inline void Require(bool bTrue) {
+  if (!bTrue) std::abort();
+}
+
+/// A folder in memory, gone at the end of the run.
+struct FuzzFolder {
+  std::filesystem::path hPath = "/dev/shm/quillan_fuzz_" + std::to_string(getpid());
+  FuzzFolder() { std::filesystem::create_directories(hPath); }
+  ~FuzzFolder() {
+    std::error_code hProblem;
+    std::filesystem::remove_all(hPath, hProblem);
   }
+  FuzzFolder(const FuzzFolder&) = delete;
+  FuzzFolder& operator=(const FuzzFolder&) = delete;
+};
+inline const FuzzFolder hFuzzFolder;
+
+inline std::string Fuzz_Path(std::string_view sName) {
+  return (hFuzzFolder.hPath / sName).string();
+}
+
+/// Path of a file that holds the bytes; the next call replaces it.
+inline std::string Fuzz_File(std::string_view sBytes) {
+  const std::string sPath = Fuzz_Path("input");
+  std::ofstream(sPath, std::ios::binary) << sBytes;
   return sPath;
+}
+inline std::string Fuzz_File(const std::uint8_t* hData, std::size_t NData) {
+  return Fuzz_File({reinterpret_cast<const char*>(hData), NData});
+}
+
+inline std::string Bytes_of(const std::string& sPath) {
+  std::ifstream in(sPath, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 }  // namespace quillan

@@ -2,7 +2,6 @@
 //
 // The first byte chooses the capacity of the lists, the second the width of their fields; the rest is the record.
 #include <algorithm>
-#include <cstdlib>
 
 #include "foundations/str_parse.h"
 #include "fuzz/fuzz_file.h"
@@ -10,10 +9,6 @@
 namespace {
 
 using namespace quillan;
-
-void Require(bool bTrue) {
-  if (!bTrue) std::abort();
-}
 
 /// The cut done the long way: commas are moved in front of blanks one by one, then the characters are walked.
 std::vector<std::string> Cut_by_Walking(std::string_view sRecord, std::size_t MFld) {

@@ -2,21 +2,17 @@
 // otherwise; what it gives is finite; what it reads it reads again from its own text.
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 #include "foundations/date_time.h"
 #include "foundations/log_file.h"
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
+#include "fuzz/fuzz_file.h"
 
 using namespace quillan;
 
 namespace {
-
-void Require(bool bTrue) {
-  if (!bTrue) std::abort();
-}
 
 template <class Number>
 Number Default() {
@@ -91,7 +87,7 @@ void Check_Reports(std::string_view sField) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t NData) {
-  bAutoErr = true;
+  Begin_Fuzzing();
   NErr = MErr;  // the reports are made, but none is written to the disk
   bFldReported = true;
   Date_Time_Initialize();

@@ -1,24 +1,58 @@
 // txw_fuzz.cpp: the reader of wire files on any bytes, and the geometry of the loops that it made of them.
-#include <cstdlib>
+#include <cmath>
 
 #include "files/txw_file.h"
 #include "fuzz/fuzz_file.h"
 #include "model/txw_data.h"
 
+namespace {
+
+using namespace quillan;
+
+constexpr R8 dLimit = 1.0E12;  // of every value that is taken from a file
+
+void Check_Corners(const WireLoop& h) {
+  Require(h.NTxUTMV >= 1 && h.NTxUTMV <= MTxUTMV);
+  Require(std::abs(h.dTxStn) <= dLimit && h.dTxStn >= dTxStnMin && h.dTxStn <= dTxStnMax);
+  for (I4 J = 1; J <= h.NTxUTMV; ++J) {
+    for (I4 I = 1; I <= 3; ++I) Require(h.dTxUTMV(I, J) >= dTxUTMMin(I) && h.dTxUTMV(I, J) <= dTxUMTMax(I));
+    Require((h.fTxDepth(J) < 0.0f || !std::signbit(h.fTxDepth(J))) && h.fTxDepth(J) >= fTxDepthMin);
+  }
+}
+
+/// The centre lies within the corners, and the rectangle has the area of the loop.
+void Check_Geometry(const WireLoop& h) {
+  Array1<R4, 2> fTxLength{};
+  I4 iError = 0;
+  Txw_Get_Length(h, 45.0f, fTxLength, iError);
+  Require(fTxLength(1) > 0.0f && fTxLength(2) > 0.0f);
+  if (h.NTxUTMV < 3) {
+    Require(!Is_Present(h.fTxArea) && iError == 1);
+    return;
+  }
+  Require(h.fTxArea >= 0.0f && std::isfinite(h.fTxArea));
+  if (iError == 0) Require(std::abs(fTxLength(1) * fTxLength(2) / h.fTxArea - 1.0f) < 1.0E-3f);
+  for (I4 I = 1; I <= 3; ++I) {
+    const R8 dRounding = 1.0E-12 * (dTxUMTMax(I) - dTxUTMMin(I)) + 1.0E-12 * std::abs(h.dTxUTMC(I));
+    Require(h.dTxUTMC(I) >= dTxUTMMin(I) - dRounding && h.dTxUTMC(I) <= dTxUMTMax(I) + dRounding);
+  }
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* hData, std::size_t NData) {
-  using namespace quillan;
   Begin_Fuzzing();
   std::string sTxwFile = Fuzz_File(hData, NData);
   I4 iError = 0;
   Txw_Read(sTxwFile, NData % 2 == 0, iError);
-  if ((iError == 0) != (NTxw >= 1) || NTxw > MTxwLoop) std::abort();
+  Require((iError == 0) == (NTxw >= 1) && NTxw <= MTxwLoop);
   for (I4 K = 1; K <= NTxw; ++K) {
-    if (hTxw(K).NTxUTMV < 1 || hTxw(K).NTxUTMV > MTxUTMV) std::abort();
-    Array1<R4, 2> fTxLength{};
-    Txw_Get_Length(hTxw(K), 45.0f, fTxLength, iError);
+    Check_Corners(hTxw(K));
+    Check_Geometry(hTxw(K));
+    Require(K == 1 || hTxw(K).dTxStn >= hTxw(K - 1).dTxStn);
     I4 iTxw = 0;
     Txw_Get_iTxw(hTxw(K).dTxStn, iTxw, iError);
-    if (iTxw < 1 || iTxw > K) std::abort();
+    Require(iTxw >= 1 && iTxw <= K);
   }
   return 0;
 }

@@ -1,37 +1,50 @@
 # packages.sh: the Debian packages that building, running and testing need, and how missing ones get there. Sourced.
 
-packages_run=(g++ cmake ninja-build qt6-base-dev qt6-tools-dev fonts-liberation2)
-packages_test=("${packages_run[@]}" libgtest-dev clang-format gfortran)
+# Qt's form loader asks for the OpenGL headers, which its package only recommends. A bare machine has no font at all:
+# plots are lettered in Liberation Sans; menus and dialogs take the system's sans family, which Debian's font
+# configuration finds in DejaVu but not in Liberation.
+packages_run=(g++ cmake ninja-build qt6-base-dev qt6-tools-dev libqt6opengl6-dev fonts-liberation2 fonts-dejavu-core)
+packages_test=("${packages_run[@]}" libgtest-dev clang-format-14)
 
-# Installs the packages that are missing, as root or through sudo; with neither it prints what to type, and ends.
+# Runs a command as root; fails where that needs a password and nobody is there to type it.
+as_root() {
+  if [ "$(id -u)" = 0 ]; then "$@"; return; fi
+  command -v sudo > /dev/null || return 1
+  if [ ! -t 0 ]; then sudo -n "$@"; else sudo "$@"; fi
+}
+
+# Installs the packages that are missing, as root or through sudo; where that fails it prints what to type, and ends.
 install_missing() {
-  local missing=()
+  local missing=() package log=build/packages.log
   for package in "$@"; do
     dpkg-query -W -f '${Status}\n' "$package" 2> /dev/null | grep -q 'install ok installed' || missing+=("$package")
   done
   if [ ${#missing[@]} -eq 0 ]; then return; fi
-  local install="apt-get install -y --no-install-recommends ${missing[*]}"
-  if [ "$(id -u)" = 0 ]; then
+  local install=(apt-get install -y --no-install-recommends "${missing[@]}")
+  if as_root true 2> /dev/null; then
     echo "Installing ${missing[*]}"
-    apt-get update -qq && DEBIAN_FRONTEND=noninteractive $install > /dev/null
-  elif command -v sudo > /dev/null && sudo -n true 2> /dev/null; then
-    echo "Installing ${missing[*]}"
-    sudo apt-get update -qq && sudo DEBIAN_FRONTEND=noninteractive $install > /dev/null
-  else
-    echo "Packages are missing. Install them with"
-    echo "  sudo $install"
-    exit 1
+    mkdir -p build
+    # An update fails when any one source does, which need not be the one that these packages come from.
+    if { as_root apt-get update; as_root env DEBIAN_FRONTEND=noninteractive "${install[@]}"; } > "$log" 2>&1; then
+      return
+    fi
+    tail -n 20 "$log"
+    echo "The packages could not be installed; $log has all of it."
   fi
+  echo "Packages are missing. Install them with"
+  echo "  sudo ${install[*]}"
+  exit 1
 }
 
-# Configures and builds a preset.
+# Configures a preset and builds it, or of it only the targets named:  build PRESET [TARGET...]
 build() {
-  local log="build/$1.log"
+  local preset=$1 log="build/$1.log"
+  shift
   mkdir -p build
-  echo "Building build/$1 (the first time takes a few minutes)"
-  if ! { cmake --preset "$1" && cmake --build --preset "$1"; } > "$log" 2>&1; then
+  echo "Building build/$preset (the first time takes a few minutes)"
+  if ! { cmake --preset "$preset" && cmake --build --preset "$preset" ${1:+--target "$@"}; } > "$log" 2>&1; then
     tail -n 40 "$log"
-    echo "The build failed; $log has all of it."
+    echo "The build failed; $PWD/$log has all of it."
     exit 1
   fi
 }

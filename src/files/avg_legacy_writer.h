@@ -5,7 +5,7 @@
 //   $ TEM: TxRamp=0                       the first transient's delay under the name of the ramp, as old programs want
 //   $ TEM: TxDX=20.3                      loop size along and across the line, in the length unit
 //   $ TEM: TxDY=20.3
-//   $ TEM: TxArea=412.1
+//   $ TEM: TxArea=10000
 //   $ TEM: RxArea=412.1                   one receiver area for the whole file
 //   skp     Tx   Station  Freq Cmp Amps Win Time   Magnitude  RampAppRes    Depth    %Mag
 //   \-++-------++-------++----++-++----++-++-----++---------++---------++---------++-----+

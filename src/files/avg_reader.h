@@ -15,6 +15,7 @@
 // flags.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -31,8 +32,10 @@ inline constexpr I4 MAvgCol = 32;      // columns of a file
 /// time, which the first row of any file overrules as a new receiver station.
 struct AvgReadState {
   FieldList hField{MAvgCol};  // fields of the row at hand
-  ColumnMap hColumn;          // the label line in force
+  std::string sLabels;        // the label line in force
+  ColumnMap hColumn;          // its match
   std::vector<I4> JRead;      // its columns in the order in which the variables are read
+  std::vector<I4> JPlain;     // the same by file column, 0 for one that is passed over; empty unless all are R4
   L4 bValidData = false;      // it has the required columns
   L4 bNewMD = false;          // a $ line came since the last row
   L4 bHaveMD = false;         // a $ line came before any row

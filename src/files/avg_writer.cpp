@@ -1,6 +1,7 @@
 #include "files/avg_writer.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -71,44 +72,62 @@ std::vector<AvgColumn> Choose_Columns() {
   return hColumn;
 }
 
-/// A value in its form; the mark at its place where there is none or it is too wide.
-void Add_Value(R4 fValue, bool bHave, const AvgColumn& hColumn, std::string& sRow) {
-  char sText[MFormText];
-  const std::string_view sNumber = bHave ? Write_Form(fValue, hColumn.form, sText) : std::string_view{};
-  if (!sNumber.empty()) {
-    sRow += sNumber;
-  } else {
-    sRow.append(static_cast<std::size_t>(hColumn.iMark - 1), ' ');
-    sRow += '*';
+/// A row grows here: fields are written where they stay, for there are millions of them in a file.
+class RowText {
+ public:
+  void Add(char c) { sChar[NText++] = c; }
+  void Add(std::string_view sText) {
+    for (const char c : sText) Add(c);
   }
+  void Pad_To(std::size_t N) {
+    while (NText < N) Add(' ');
+  }
+  /// False when the value does not fit into its form; nothing is added then.
+  bool Add_Number(R4 fValue, const EditForm& form) {
+    const std::size_t NNumber = Write_Form(fValue, form, sChar.data() + NText).size();
+    NText += NNumber;
+    return NNumber > 0;
+  }
+  std::size_t Size() const { return NText; }
+  std::string_view View() const { return {sChar.data(), NText}; }
+
+ private:
+  std::array<char, 2 * MFormText> sChar;  // the row, and room for any number behind it
+  std::size_t NText = 0;
+};
+
+/// A value in its form; the mark at its place where there is none or it is too wide.
+void Add_Value(R4 fValue, bool bHave, const AvgColumn& hColumn, RowText& row) {
+  if (bHave && row.Add_Number(fValue, hColumn.form)) return;
+  row.Pad_To(row.Size() + static_cast<std::size_t>(hColumn.iMark - 1));
+  row.Add('*');
 }
 
-void Add_Index(I4 I, std::string& sRow) {
-  if (I < 10) sRow += ' ';
-  sRow += Str_Write_I4(I).trimmed();
+void Add_Index(I4 I, RowText& row) {
+  if (I < 10) row.Add(' ');
+  row.Add(Str_Write_I4(I).trimmed());
 }
 
-void Add_Field(const Transient& h, I4 I, const AvgColumn& hColumn, std::string& sRow) {
+void Add_Field(const Transient& h, I4 I, const AvgColumn& hColumn, RowText& row) {
   const R4 fValue = hColumn.hValue != nullptr ? (h.*hColumn.hValue)(I) : fDummy;
   switch (hColumn.iContent) {
-    case AvgContent::Index: Add_Index(I, sRow); break;
-    case AvgContent::Value: Add_Value(fValue, !(fValue <= hColumn.fNone), hColumn, sRow); break;
-    case AvgContent::Depth: Add_Value(fValue, h.fARes(I) > fNoValueLimit, hColumn, sRow); break;
-    case AvgContent::Weight: sRow += AVG_Is_Skipped(h, I) ? " 0.0" : " 1.0"; break;
+    case AvgContent::Index: Add_Index(I, row); break;
+    case AvgContent::Value: Add_Value(fValue, !(fValue <= hColumn.fNone), hColumn, row); break;
+    case AvgContent::Depth: Add_Value(fValue, h.fARes(I) > fNoValueLimit, hColumn, row); break;
+    case AvgContent::Weight: row.Add(AVG_Is_Skipped(h, I) ? " 0.0" : " 1.0"); break;
   }
 }
 
-void Write_Row(const Transient& h, I4 I, const std::vector<AvgColumn>& hColumn, std::string& sRow, TextWriter& out) {
-  sRow.clear();
+void Write_Row(const Transient& h, I4 I, const std::vector<AvgColumn>& hColumn, TextWriter& out) {
+  RowText row;
   for (const AvgColumn& hField : hColumn) {
-    const std::size_t N0 = sRow.size();
-    Add_Field(h, I, hField, sRow);
+    const std::size_t N0 = row.Size();
+    Add_Field(h, I, hField, row);
     if (&hField == &hColumn.back()) break;
-    sRow += ',';
-    const std::size_t NLeast = N0 + static_cast<std::size_t>(hField.LFldMin);
-    if (sRow.size() < NLeast) sRow.resize(NLeast, ' ');
+    row.Add(',');
+    row.Pad_To(N0 + static_cast<std::size_t>(hField.LFldMin));
   }
-  out.Line(sRow);
+  out.Line(row.View());
 }
 
 std::string Label_Line(const std::vector<AvgColumn>& hColumn) {
@@ -214,12 +233,11 @@ void Write_Header(TextWriter& out, I4& iError) {
 void Write_Transients(TextWriter& out, I4& iError) {
   const std::vector<AvgColumn> hColumn = Choose_Columns();
   const std::string sLabels = Label_Line(hColumn);
-  std::string sRow;
   for (I4 j = 1; j <= NTrn; ++j) {
     AVG_Write_TEM_Trns_MD(hTrn(j), out, iError);
     Set_Depths(hTrn(j));
     out.Line(sLabels);
-    for (I4 I = 1; I <= hTrn(j).NTW; ++I) Write_Row(hTrn(j), I, hColumn, sRow, out);
+    for (I4 I = 1; I <= hTrn(j).NTW; ++I) Write_Row(hTrn(j), I, hColumn, out);
   }
 }
 

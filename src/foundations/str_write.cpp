@@ -47,35 +47,37 @@ std::string_view Write_Fixed(R8 dValue, I4 NWidth, I4 NDecimal, char* sOut) {
   return Right_Justified(sText, NWidth == 0 ? static_cast<I4>(sText.size()) : NWidth, sOut);
 }
 
-/// Puts the exponent behind the mantissa that ends at NText. False when it has more digits than the form gives it. With
-/// no digits given, an exponent of three takes the place of the letter: "1.0-100".
-bool Append_Exponent(char cSign, std::string_view sExponent, I4 NExponent, DigitBuffer& sDigit, std::size_t& NText) {
+/// Writes an exponent ("+05") as a form gives it and returns its end, nullptr when it has more digits than the form
+/// gives it. With no digits given, an exponent of three takes the place of the letter: "1.0-100".
+char* Write_Exponent(std::string_view sSigned, I4 NExponent, char* sOut) {
+  std::string_view sExponent = sSigned.substr(1);
   while (sExponent.size() > 1 && sExponent.front() == '0') sExponent.remove_prefix(1);
   const std::size_t NPlace =
       NExponent > 0 ? static_cast<std::size_t>(NExponent) : std::max<std::size_t>(sExponent.size(), 2);
-  if (sExponent.size() > NPlace) return false;
-  if (NExponent > 0 || NPlace == 2) sDigit[NText++] = 'E';
-  sDigit[NText++] = cSign;
-  for (std::size_t I = sExponent.size(); I < NPlace; ++I) sDigit[NText++] = '0';
-  for (const char cDigit : sExponent) sDigit[NText++] = cDigit;
-  return true;
+  if (sExponent.size() > NPlace) return nullptr;
+  if (NExponent > 0 || NPlace == 2) *sOut++ = 'E';
+  *sOut++ = sSigned.front();
+  for (std::size_t I = sExponent.size(); I < NPlace; ++I) *sOut++ = '0';
+  for (const char cDigit : sExponent) *sOut++ = cDigit;
+  return sOut;
 }
 
 std::string_view Write_Scientific(R8 dValue, const EditForm& form, char* sOut) {
-  if (form.NExponent >= form.NWidth) return {};
+  // Sign, digit, point and decimals, then always four characters where no digits of the exponent are given.
+  const I4 NMantissa = (std::signbit(dValue) ? 3 : 2) + form.NDecimal;
+  const I4 NBlank = form.NWidth - NMantissa - (form.NExponent > 0 ? form.NExponent + 2 : 4);
+  if (NBlank < 0) return {};
   DigitBuffer sDigit;
   const auto hEnd =
-      std::to_chars(sDigit.data(), sDigit.data() + MFormText - 1, dValue, std::chars_format::scientific, form.NDecimal);
+      std::to_chars(sDigit.data(), sDigit.data() + sDigit.size(), dValue, std::chars_format::scientific, form.NDecimal);
   if (hEnd.ec != std::errc{}) return {};
-  // "-1.2346e+05": the sign and the digits of the exponent are taken out before the mantissa grows over them.
-  const std::string_view sText(sDigit.data(), static_cast<std::size_t>(hEnd.ptr - sDigit.data()));
-  std::size_t NText = sText.rfind('e');
-  const char cSign = sText[NText + 1];
-  std::array<char, 4> sExponent{};
-  const std::size_t NExponent = sText.copy(sExponent.data(), sExponent.size(), NText + 2);
-  if (form.NDecimal == 0) sDigit[NText++] = '.';
-  if (!Append_Exponent(cSign, {sExponent.data(), NExponent}, form.NExponent, sDigit, NText)) return {};
-  return Right_Justified({sDigit.data(), NText}, form.NWidth, sOut);
+  char* const sMantissa = sOut + NBlank;
+  for (char* p = sOut; p != sMantissa; ++p) *p = ' ';
+  std::copy_n(sDigit.data(), NMantissa, sMantissa);
+  const char* const pLetter = sDigit.data() + NMantissa - (form.NDecimal == 0 ? 1 : 0);  // no decimals, no point
+  sMantissa[NMantissa - form.NDecimal - 1] = '.';
+  if (Write_Exponent({pLetter + 1, hEnd.ptr}, form.NExponent, sMantissa + NMantissa) == nullptr) return {};
+  return {sOut, static_cast<std::size_t>(form.NWidth)};
 }
 
 /// Decimals with which a magnitude shows d significant digits without an exponent, -1 when it needs one. The bounds

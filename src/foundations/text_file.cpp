@@ -14,7 +14,7 @@ namespace quillan {
 
 namespace {
 
-constexpr std::size_t MBlock = 1 << 20;  // bytes
+constexpr std::size_t MBlock = 1 << 18;  // bytes; what is read stays in the cache until it is used
 constexpr std::string_view sByteOrderMark = "\xEF\xBB\xBF";
 
 /// A handle for reading, -1 where there is no regular file. Not to wait keeps a pipe without a writer from holding

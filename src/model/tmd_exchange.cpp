@@ -108,7 +108,7 @@ template <class T>
 std::string Join(const Array1<T, 3>& hValue, const EditForm& form) {
   std::string sJoined;
   for (I4 I = 1; I <= 3; ++I) {
-    const R8 dValue = R8{hValue(I)};
+    const R8 dValue = static_cast<R8>(hValue(I));
     if (I > 1) sJoined += ',';
     sJoined += Is_Present(hValue(I)) ? Str_Write_R8(dValue, form).trimmed() : "*";
   }

@@ -16,7 +16,7 @@ constexpr I4 MKey = 5;
 std::vector<R4> Sort_Keys() {
   const bool bMovingLoop = MdSurvey.iTemArray == iArrayMVL;
   std::vector<R4> fSortKey;
-  fSortKey.reserve(static_cast<std::size_t>(MKey * NTrn));
+  fSortKey.reserve(std::size_t{MKey} * static_cast<std::size_t>(NTrn));
   for (I4 j = 1; j <= NTrn; ++j) {
     const Transient& h = hTrn(j);
     const R8 dTxKey = bMovingLoop ? h.dRxStn - h.dTxStn : h.dTxStn;

@@ -10,6 +10,9 @@
 #include "model/tmd_data.h"
 #include "processing/auto_skip.h"
 #include "processing/moving_average.h"
+#include "review/plot/cft_data.h"
+#include "review/review_door.h"
+#include "review/review_flag.h"
 #include "shell/input_driver.h"
 #include "shell/output_driver.h"
 #include "shell/session.h"
@@ -89,6 +92,14 @@ void Open_Dropped_File(I4& iError) {
   bUpdateAVG = false;
 }
 
+/// What the user wants after a review: to save, or nothing; a review that was left has nothing to save.
+void Review_Data(I4& iError) {
+  I4 iFlag = 0;
+  TEM_Review_Data(iFlag, iError);
+  if (iFlag == iFlagSave) TEM_Write_Data(sAvgFile, bUpdateAVG, iError);
+  if (iFlag == iFlagExit) bUpdateAVG = false;
+}
+
 void Exit_Program(I4& iError) {
   if (!Saves_First(iError)) Stop_Program();
 }
@@ -111,7 +122,7 @@ constexpr Command hCommand[] = {
     {iCmdReadStn,        true,  true,  nullptr        }, // commands without a procedure stay grey
     {iCmdAverageRepeats, true,  true,  nullptr        },
     {iCmdMerge,          true,  true,  nullptr        },
-    {iCmdReview,         true,  true,  nullptr        },
+    {iCmdReview,         true,  true,  Review_Data    },
 };
 
 void Set_Menu_State() {
@@ -171,6 +182,7 @@ void Initialize_All() {
   Log_Initialize(sPrgName, iError);
   TMD_Initialize(iError);
   MDP_Initialize(iError);
+  CFT_Initialize("cftable.clr");
   InqWintError();
 }
 

@@ -13,6 +13,7 @@
 #include "processing/b_field.h"
 #include "processing/moving_average.h"
 #include "processing/sort_data.h"
+#include "review/qcs_sections.h"
 #include "shell/busy_with.h"
 #include "shell/session.h"
 #include "shell/survey_config.h"
@@ -101,6 +102,7 @@ void Complete_Data(I4& iError) {
   Sort_TEM_Data(iError);
   dBdt_2_B(iError);  // needs sorted windows; the ranges need B(t)
   TEM_Trn_Data_Range(iError);
+  QCS_Allocate(iError);
 }
 
 void Widen(R4 fValue, R4& fMin, R4& fMax) {

@@ -8,6 +8,7 @@
 #include "foundations/log_file.h"
 #include "shell/command_loop.h"
 #include "toolkit/script.h"
+#include "toolkit/system.h"
 #include "toolkit/window.h"
 
 namespace {
@@ -55,7 +56,10 @@ Options Read_Options(int argc, char** argv) {
 }
 
 int Run(Options& h) {
-  WInitialise(static_cast<int>(h.hRemaining.size()), h.hRemaining.data(), h.sScript);
+  System_Initialize();
+  const int NRemaining = static_cast<int>(h.hRemaining.size());
+  h.hRemaining.push_back(nullptr);  // a command line ends in a null
+  WInitialise(NRemaining, h.hRemaining.data(), h.sScript);
   try {
     Run_Program();
   } catch (const ProgramStop&) {

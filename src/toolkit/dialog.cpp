@@ -1,5 +1,6 @@
 #include "toolkit/dialog.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -13,6 +14,8 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QSignalBlocker>
+#include <QSlider>
 #include <QUiLoader>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -45,6 +48,12 @@ void Push_Button(DialogRecord& hDialog, I4 iButton) {
   Message hMessage;
   hMessage.VALUE1 = iButton;
   Push_Message(MessageType::Button, hMessage);
+  if (hDialog.iMode == iShowTool) Focus_Plot();
+}
+
+/// The button that Esc and the title bar's button stand for.
+I4 Leaving_Button(const DialogRecord& hDialog) {
+  return hDialog.hField.contains(iBtnExitReview) ? iBtnExitReview : iBtnCancel;
 }
 
 /// The window of a dialog. It closes when the program says so, not by itself.
@@ -54,7 +63,7 @@ class FormDialog : public QDialog {
   DialogRecord* hDialog = nullptr;
 
   void reject() override {
-    if (hDialog) Push_Button(*hDialog, iBtnCancel);
+    if (hDialog) Push_Button(*hDialog, Leaving_Button(*hDialog));
   }
 };
 
@@ -163,21 +172,6 @@ DialogRecord* Record_of(I4 iDialog) {
   return nullptr;
 }
 
-/// Shows the whole dialog on the screen that its middle is on.
-void Place(QDialog& hWindow, I4 iX, I4 iY) {
-  const QWidget* hMain = Main_Window();
-  const QScreen* hScreen = hMain ? hMain->screen() : hWindow.screen();
-  const QRect hAvailable = hScreen->availableGeometry();
-  const QRect hUnder = hMain ? hMain->frameGeometry() : hAvailable;
-  const QSize hSize = hWindow.size();
-  const QPoint hMiddle = hUnder.center() - QPoint(hSize.width(), hSize.height()) / 2;
-  const I4 iLeft = iX == iCentred ? hMiddle.x() : hUnder.left() + iX;
-  const I4 iTop = iY == iCentred ? hMiddle.y() : hUnder.top() + iY;
-  const I4 iRightmost = std::max(hAvailable.left(), hAvailable.right() - hSize.width());
-  const I4 iLowest = std::max(hAvailable.top(), hAvailable.bottom() - hSize.height());
-  hWindow.move(std::clamp(iLeft, hAvailable.left(), iRightmost), std::clamp(iTop, hAvailable.top(), iLowest));
-}
-
 void Focus_First_Field(QDialog& hWindow) {
   QWidget* hFirst = hWindow.nextInFocusChain();
   const auto Takes_Focus = [&](QWidget* hWidget) {
@@ -274,20 +268,38 @@ Field* Find_Field(I4 iField) {
   return hField;
 }
 
+const std::vector<std::unique_ptr<DialogRecord>>& Loaded_Dialogs() {
+  return hLoaded;
+}
+
+void Place(QDialog& hWindow, const QRect& hUnder, I4 iX, I4 iY) {
+  const QWidget* hMain = Main_Window();
+  const QScreen* hScreen = hMain ? hMain->screen() : hWindow.screen();
+  const QRect hAvailable = hScreen->availableGeometry();
+  const QSize hSize = hWindow.size();
+  const QPoint hMiddle = hUnder.center() - QPoint(hSize.width(), hSize.height()) / 2;
+  const I4 iLeft = iX == iCentred ? hMiddle.x() : hUnder.left() + iX;
+  const I4 iTop = iY == iCentred ? hMiddle.y() : hUnder.top() + iY;
+  const I4 iRightmost = std::max(hAvailable.left(), hAvailable.right() - hSize.width());
+  const I4 iLowest = std::max(hAvailable.top(), hAvailable.bottom() - hSize.height());
+  hWindow.move(std::clamp(iLeft, hAvailable.left(), iRightmost), std::clamp(iTop, hAvailable.top(), iLowest));
+}
+
 QDialog* Current_Dialog() {
   const DialogRecord* hDialog = Record_of(iCurrent);
   return hDialog && hDialog->hWindow->isVisible() ? hDialog->hWindow.data() : nullptr;
 }
 
 QWidget* Box_Parent() {
-  if (QDialog* hDialog = Current_Dialog()) return hDialog;
-  return Main_Window();
+  const DialogRecord* hDialog = Record_of(iCurrent);
+  const bool bOverDialog = hDialog && hDialog->hWindow->isVisible() && hDialog->iMode != iShowTool;
+  return bOverDialog ? static_cast<QWidget*>(hDialog->hWindow) : Main_Window();
 }
 
 void Hand_Back_Focus() {
   QWidget* hTop = Main_Window();
   for (const auto& hDialog : hLoaded)
-    if (hDialog->hWindow && hDialog->hWindow->isVisible()) hTop = hDialog->hWindow;
+    if (hDialog->hWindow && hDialog->hWindow->isVisible() && hDialog->iMode != iShowTool) hTop = hDialog->hWindow;
   if (hTop) hTop->activateWindow();
 }
 
@@ -329,10 +341,11 @@ void WDialogShow(I4 iX, I4 iY, I4 iMode) {
   QDialog& hWindow = *hDialog->hWindow;
   hDialog->iMode = iMode;
   hDialog->iExit = 0;
+  if (iMode == iShowTool) return Show_Tool(*hDialog, iX, iY);
   hWindow.setWindowModality(iMode == iShowModal ? Qt::ApplicationModal : Qt::NonModal);
   if (!hWindow.testAttribute(Qt::WA_WState_Created)) {  // shown again, it stays where the user left it
     hWindow.adjustSize();
-    Place(hWindow, iX, iY);
+    Place(hWindow, Main_Window() ? Main_Window()->frameGeometry() : hWindow.screen()->availableGeometry(), iX, iY);
   }
   hWindow.show();
   hWindow.activateWindow();
@@ -366,7 +379,9 @@ I4 WInfoDialog(I4 iSelect) {
     default: Set_Error(iErrBadArgument); return 0;
   }
   const DialogRecord* hDialog = Current_Record();
-  return hDialog ? hDialog->hWindow->width() : 0;
+  if (!hDialog) return 0;
+  if (!hDialog->hWindow->testAttribute(Qt::WA_WState_Created)) hDialog->hWindow->adjustSize();
+  return hDialog->hWindow->width();
 }
 
 void WDialogPutString(I4 iField, std::string_view sText) {
@@ -394,7 +409,7 @@ void WDialogRangeInteger(I4 iField, I4 iLow, I4 iHigh) {
 }
 
 void WDialogPutReal(I4 iField, R4 fValue, const EditForm& form) {
-  Put_Number(iField, R8{fValue}, &form);
+  Put_Number(iField, static_cast<R8>(fValue), &form);
 }
 
 void WDialogGetReal(I4 iField, R4& fValue) {
@@ -428,7 +443,7 @@ void WDialogGetCheckBox(I4 iField, bool& bOn) {
 
 void WDialogPutMenu1(I4 iField, std::span<const std::string> sEntry, I4 iSelect) {
   auto* hDropDown = Find_Control<QComboBox>(iField);
-  if (!hDropDown) return;
+  if (!hDropDown || hDropDown->view()->isVisible()) return;  // the user is just choosing
   hDropDown->clear();
   for (const std::string& sText : sEntry) hDropDown->addItem(To_QString(sText));
   hDropDown->setCurrentIndex(iSelect - 1);
@@ -443,6 +458,32 @@ void WDialogGetMenu1(I4 iField, I4& iSelect) {
     Set_Error(iErrFieldEmpty);
   else
     iSelect = hDropDown->currentIndex() + 1;
+}
+
+void WDialogRangeTrackbar(I4 iField, I4 iLow, I4 iHigh, I4 iStep) {
+  auto* hTrackbar = Find_Control<QSlider>(iField);
+  if (!hTrackbar) return;
+  const QSignalBlocker hNoMessage(hTrackbar);
+  hTrackbar->setRange(iLow, iHigh);
+  hTrackbar->setPageStep(iStep);
+  Field* hField = Find_Field(iField);
+  hField->sComplete = Field_Text(*hField);
+}
+
+void WDialogPutTrackbar(I4 iField, I4 iValue) {
+  auto* hTrackbar = Find_Control<QSlider>(iField);
+  if (!hTrackbar || hTrackbar->isSliderDown()) return;
+  const QSignalBlocker hNoMessage(hTrackbar);
+  hTrackbar->setValue(iValue);
+  Field* hField = Find_Field(iField);
+  if (Field_Show(*hField, {})) hField->dPut = iValue;
+}
+
+void WDialogGetTrackbar(I4 iField, I4& iValue) {
+  const auto* hTrackbar = Find_Control<QSlider>(iField);
+  if (!hTrackbar) return;
+  const Field& hField = *Find_Field(iField);
+  iValue = Field_Is_Unchanged(hField) ? static_cast<I4>(hField.dPut) : hTrackbar->value();
 }
 
 void WDialogFieldState(I4 iField, I4 iState) {

@@ -30,6 +30,9 @@ void WDialogSelect(I4 iDialog);  // 0: none is current
 /// Shows the current dialog at pixels iX, iY of the main window, iCentred for the middle of it. Modal: returns when a
 /// push button is pressed, which WInfoDialog(iExitButton) tells. Semi-modeless: returns at once, and its buttons and
 /// fields arrive as messages. Esc and the title bar's close button push Cancel; Enter pushes Continue.
+/// A tool window (iShowTool) is semi-modeless, but the keyboard stays with the plot: keys that none of its text fields
+/// wants arrive as Key messages, Esc among them. iX, iY are pixels of the drawing area; where the user has moved it, it
+/// is shown there for the rest of the run. Its close button pushes Exit Review, or Cancel where it has that one.
 void WDialogShow(I4 iX, I4 iY, I4 iMode);
 void WDialogHide();
 void WDialogUnload();
@@ -62,6 +65,13 @@ void WDialogGetCheckBox(I4 iField, bool& bOn);
 /// A drop-down: its entries and the selected one, counted from 1; 0 selects none.
 void WDialogPutMenu1(I4 iField, std::span<const std::string> sEntry, I4 iSelect);
 void WDialogGetMenu1(I4 iField, I4& iSelect);
+
+/// A trackbar: its ends and the step of a click beside its knob, which moves to any value between the ends. It gives
+/// back exactly what was put, even beyond its ends, until the user moves it, and reports each move. A put is dropped
+/// while the user holds the knob.
+void WDialogRangeTrackbar(I4 iField, I4 iLow, I4 iHigh, I4 iStep);
+void WDialogPutTrackbar(I4 iField, I4 iValue);
+void WDialogGetTrackbar(I4 iField, I4& iValue);
 
 /// Enables (1) or greys (0) a field and its label.
 void WDialogFieldState(I4 iField, I4 iState);

@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
 #include <QTableWidget>
 
 #include "toolkit/private.h"
@@ -50,6 +51,14 @@ void Press_Key(QWidget* hWidget, int iKey, const QString& sText) {
   }
 }
 
+/// Gives a control the focus as a click on it does; in a tool window only a text field takes it.
+void Take_Focus(QWidget* hWidget) {
+  Complete_Edits();
+  if (!(hWidget->focusPolicy() & Qt::ClickFocus)) return;
+  hWidget->window()->activateWindow();
+  hWidget->setFocus(Qt::MouseFocusReason);
+}
+
 /// Types over what a line holds.
 void Type_Over(QLineEdit* hLine, std::string_view sValue) {
   hLine->selectAll();
@@ -63,7 +72,7 @@ std::string Switch(I4 iField, const char* sKind, bool bOn) {
   std::string sReason;
   auto* hButton = Usable<Button>(iField, sKind, sReason);
   if (!hButton) return sReason;
-  hButton->setFocus(Qt::MouseFocusReason);
+  Take_Focus(hButton);
   if (hButton->isChecked() != bOn) hButton->click();
   return "";
 }
@@ -71,7 +80,7 @@ std::string Switch(I4 iField, const char* sKind, bool bOn) {
 std::string Choose_Entry(QComboBox* hDropDown, I4 iEntry) {
   if (iEntry < 1 || iEntry > hDropDown->count())
     return "the drop-down has " + std::to_string(hDropDown->count()) + " entries";
-  hDropDown->setFocus(Qt::MouseFocusReason);
+  Take_Focus(hDropDown);
   hDropDown->setCurrentIndex(iEntry - 1);
   emit hDropDown->activated(iEntry - 1);
   return "";
@@ -80,7 +89,7 @@ std::string Choose_Entry(QComboBox* hDropDown, I4 iEntry) {
 std::string Edit_Cell(QTableWidget* hGrid, I4 iRow, I4 iColumn, std::string_view sValue) {
   QTableWidgetItem* hItem = hGrid->item(iRow - 1, iColumn - 1);
   if (!hItem || !(hItem->flags() & Qt::ItemIsEditable)) return "the cell cannot be edited";
-  hGrid->setFocus(Qt::MouseFocusReason);
+  Take_Focus(hGrid);
   hGrid->setCurrentItem(hItem);
   hGrid->editItem(hItem);
   auto* hLine = hGrid->viewport()->findChild<QLineEdit*>();
@@ -96,7 +105,7 @@ std::string Dialog_Press(I4 iButton) {
   std::string sReason;
   auto* hButton = Usable<QPushButton>(iButton, "button", sReason);
   if (!hButton) return sReason;
-  hButton->setFocus(Qt::MouseFocusReason);
+  Take_Focus(hButton);
   hButton->click();
   return "";
 }
@@ -108,7 +117,7 @@ std::string Dialog_Set(I4 iField, std::string_view sValue) {
   QLineEdit* hLine = Line_Edit(hWidget);
   if (!hLine) return "control " + std::to_string(iField) + " is no text or number field";
   if (hLine->isReadOnly()) return "field " + std::to_string(iField) + " cannot be edited";
-  hWidget->setFocus(Qt::MouseFocusReason);
+  Take_Focus(hWidget);
   Type_Over(hLine, sValue);
   Field_Complete(*Known_Field(iField));
   return "";
@@ -128,9 +137,16 @@ std::string Dialog_Choose(I4 iField, I4 iEntry) {
   return hDropDown ? Choose_Entry(hDropDown, iEntry) : sReason;
 }
 
-std::string Dialog_Slide(I4 iField, I4) {
-  const std::string sReason = Blocked();
-  return sReason.empty() ? "the dialog has no trackbar " + std::to_string(iField) : sReason;
+std::string Dialog_Slide(I4 iField, I4 iValue) {
+  std::string sReason;
+  auto* hTrackbar = Usable<QSlider>(iField, "trackbar", sReason);
+  if (!hTrackbar) return sReason;
+  if (iValue < hTrackbar->minimum() || iValue > hTrackbar->maximum())
+    return "the trackbar goes from " + std::to_string(hTrackbar->minimum()) + " to " +
+           std::to_string(hTrackbar->maximum());
+  Take_Focus(hTrackbar);
+  hTrackbar->setValue(iValue);
+  return "";
 }
 
 std::string Dialog_Cell(I4 iGrid, I4 iRow, I4 iColumn, std::string_view sValue) {

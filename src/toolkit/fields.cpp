@@ -4,10 +4,12 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QRadioButton>
+#include <QSlider>
 #include <QVariant>
 #include <algorithm>
 #include <array>
@@ -94,7 +96,7 @@ bool Parse_Kind(std::string_view sText, FieldKind iKind, R8& dValue) {
       return true;
     case FieldKind::Real:
       if (!Parse(sText, fValue)) return false;
-      dValue = R8{fValue};
+      dValue = static_cast<R8>(fValue);
       return std::isfinite(fValue);
     default: return Parse(sText, dValue) && std::isfinite(dValue);
   }
@@ -171,11 +173,15 @@ void Update_Tip(const Field& hField) {
   Set_Tip(hField.hWidget, hField.sTip + sRange);
 }
 
-/// Sets the width of a field to that of its text. A number gets no wider, a text may.
+/// Sets the width of a field to that of its text. A number gets no wider, a text may. A label has room for texts that
+/// are put into it later.
 void Set_Width(const Field& hField) {
   const I4 NChar = hField.hWidget->property("chars").toInt();
+  if (NChar == 0) return;
+  if (qobject_cast<QLabel*>(hField.hWidget))
+    hField.hWidget->setMinimumWidth(NChar * hField.hWidget->fontMetrics().averageCharWidth());
   QLineEdit* hLine = Line_Edit(hField.hWidget);
-  if (NChar == 0 || !hLine) return;
+  if (!hLine) return;
   constexpr I4 NCharHint = 17;  // letters x in the width that a line edit asks for by itself
   const QFontMetrics hFont = hLine->fontMetrics();
   const I4 NFrame = hLine == hField.hWidget ? hLine->sizeHint().width() - NCharHint * hFont.horizontalAdvance('x')
@@ -215,6 +221,9 @@ void Connect_Signals(Field& hField) {
   } else if (auto* hDropDown = qobject_cast<QComboBox*>(hWidget)) {
     QObject::connect(hDropDown, &QComboBox::activated, hWidget, Complete);
     Ignore_Wheel(hDropDown);
+  } else if (auto* hTrackbar = qobject_cast<QSlider*>(hWidget)) {
+    QObject::connect(hTrackbar, &QSlider::valueChanged, hWidget, Complete);
+    Ignore_Wheel(hTrackbar);
   } else if (qobject_cast<QCheckBox*>(hWidget) || qobject_cast<QRadioButton*>(hWidget)) {
     QObject::connect(qobject_cast<QAbstractButton*>(hWidget), &QAbstractButton::clicked, hWidget, Complete);
   }
@@ -272,6 +281,7 @@ QString Field_Text(const Field& hField) {
   if (const auto* hLabel = qobject_cast<QLabel*>(hField.hWidget))
     return hLabel->buddy() ? Without_Mnemonic(hLabel->text()) : hLabel->text();
   if (const auto* hDropDown = qobject_cast<QComboBox*>(hField.hWidget)) return hDropDown->currentText();
+  if (const auto* hTrackbar = qobject_cast<QSlider*>(hField.hWidget)) return QString::number(hTrackbar->value());
   const auto* hButton = qobject_cast<QAbstractButton*>(hField.hWidget);
   if (!hButton) return {};
   if (!hButton->isCheckable()) return Without_Mnemonic(hButton->text());
@@ -324,6 +334,15 @@ QLineEdit* Line_Edit(QWidget* hWidget) {
 
 QWidget* New_Integer_Spin(QWidget* hParent) {
   return new IntegerSpin(hParent);
+}
+
+bool Field_Wants(const Field& hField, const QKeyEvent& hKey) {
+  constexpr std::string_view sOfNumbers = "0123456789+-.eE";
+  if (hKey.key() == Qt::Key_Up || hKey.key() == Qt::Key_Down) return false;
+  const QString sText = hKey.text();
+  const bool bCommand = hKey.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+  if (bCommand || sText.isEmpty() || !sText[0].isPrint() || hField.rule.iKind == FieldKind::Text) return true;
+  return sOfNumbers.find(sText[0].toLatin1()) != std::string_view::npos;
 }
 
 void Set_Tip(QWidget* hWidget, const QString& sTip) {

@@ -133,8 +133,8 @@ I4 Rows(const GridTable& hGrid, std::span<Value> hValue) {
 void Show_Real(GridTable& hGrid, I4 iRow, I4 iColumn, R4 fValue, const NumberRule& rule) {
   QTableWidgetItem* hItem = Cell(hGrid, iRow, iColumn);
   if (hGrid.isPersistentEditorOpen(hItem)) return;  // the user is typing there
-  const QString sText = Number_Text(R8{fValue}, rule);
-  hItem->setData(iPutRole, R8{fValue});
+  const QString sText = Number_Text(static_cast<R8>(fValue), rule);
+  hItem->setData(iPutRole, static_cast<R8>(fValue));
   hItem->setData(iShownRole, sText);
   hItem->setText(sText);
   hItem->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -49,6 +49,15 @@ inline constexpr I4 iCmdAutoSkip = 40016;
 inline constexpr I4 iCmdMerge = 40017;
 inline constexpr I4 iCmdReadStn = 40018;
 inline constexpr I4 iCmdSurveyConfig = 40020;
+inline constexpr I4 iCmdZoomIn = 40021;
+inline constexpr I4 iCmdZoomAll = 40022;
+inline constexpr I4 iCmdFlipTransient = 40023;
+inline constexpr I4 iCmdFlipAll = 40024;
+inline constexpr I4 iCmdViewCurve = 40025;
+inline constexpr I4 iCmdExportWmf = 40027;
+inline constexpr I4 iCmdExportPng = 40028;
+inline constexpr I4 iCmdSaveData = 40029;
+inline constexpr I4 iCmdExportCsv = 40034;
 
 // Dialogs.
 inline constexpr I4 iDlgAutoSkip = 101;
@@ -56,6 +65,8 @@ inline constexpr I4 iDlgSurveyConfig = 103;
 inline constexpr I4 iDlgSaveTypes = 104;
 inline constexpr I4 iDlgMatchLabel = 112;
 inline constexpr I4 iDlgMatchColumns = 113;
+inline constexpr I4 iDlgReviewCurve = 115;
+inline constexpr I4 iDlgReviewSection = 118;
 
 // Controls that several dialogs share.
 inline constexpr I4 iBtnContinue = 1009;
@@ -113,9 +124,46 @@ inline constexpr I4 iMnuMatchList = 1076;
 inline constexpr I4 iLblColumnsPrompt = 1077;
 inline constexpr I4 iGrdColumns = 1078;
 
+// Dialogs 115 and 118, the tool windows of the reviews.
+inline constexpr I4 iBtnSaveData = 1060;
+inline constexpr I4 iLblCurveCount = 1079;
+inline constexpr I4 iLblCurveTitle = 1080;
+inline constexpr I4 iTrkCurve = 1081;
+inline constexpr I4 iBtnSkipAll = 1082;
+inline constexpr I4 iBtnClearAll = 1083;
+inline constexpr I4 iBtnZoomIn = 1084;
+inline constexpr I4 iBtnZoomAll = 1085;
+inline constexpr I4 iLblSectionCount = 1086;
+inline constexpr I4 iBtnExitReview = 1087;
+inline constexpr I4 iLblHint1 = 1088;
+inline constexpr I4 iLblHint2 = 1089;
+inline constexpr I4 iMnuView = 1090;
+inline constexpr I4 iLblSectionTitle = 1108;
+inline constexpr I4 iTrkSection = 1109;
+inline constexpr I4 iFldNoiseFloor = 1111;
+inline constexpr I4 iBtnFlipTransient = 1112;
+inline constexpr I4 iBtnFlipAll = 1113;
+inline constexpr I4 iBtnViewCurve = 1114;
+inline constexpr I4 iBtnViewSection = 1115;
+
+// Mouse buttons of the messages, and the wheel, which comes as a press of the extra buttons with VALUE2 = 1.
+inline constexpr I4 iMouseLeft = 1;
+inline constexpr I4 iMouseRight = 3;
+inline constexpr I4 iMouseBack = 4;
+inline constexpr I4 iMouseForward = 5;
+inline constexpr I4 iByWheel = 1;
+
+// Shapes of the pointer.
+inline constexpr I4 iCursorArrow = 0;
+inline constexpr I4 iCursorTwoWay = 8;
+inline constexpr I4 iCursorPick = 2003;
+inline constexpr I4 iCursorCorner = 2004;
+inline constexpr I4 iCursorBox = 2008;
+
 // How a dialog is shown.
 inline constexpr I4 iShowModal = 1;
 inline constexpr I4 iShowSemiModeless = 2;
+inline constexpr I4 iShowTool = 3;  // a tool window: never takes the focus, stays above the main window
 inline constexpr I4 iCentred = -1;  // for the position in x or y
 
 // Message boxes: the set of buttons, the icon, and the answers that WInfoDialog(iExitButtonCommon) gives.

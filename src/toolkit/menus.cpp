@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <set>
 
+#include "toolkit/plot_axes.h"
 #include "toolkit/private.h"
 
 namespace quillan {
@@ -13,17 +14,6 @@ namespace quillan {
 using namespace toolkit;
 
 namespace {
-
-// Commands of the section review.
-constexpr I4 iCmdZoomIn = 40021;
-constexpr I4 iCmdZoomAll = 40022;
-constexpr I4 iCmdFlipTransient = 40023;
-constexpr I4 iCmdFlipAll = 40024;
-constexpr I4 iCmdViewCurve = 40025;
-constexpr I4 iCmdExportWmf = 40027;
-constexpr I4 iCmdExportPng = 40028;
-constexpr I4 iCmdSaveData = 40029;
-constexpr I4 iCmdExportCsv = 40034;
 
 // The words of the hints are the users' own; "Smoth" is what their manuals and notes quote.
 // clang-format off
@@ -62,7 +52,7 @@ constexpr MenuRow hSectionRow[] = {
 // clang-format on
 
 // Commands that the program does not have yet.
-constexpr I4 iNotThere[] = {iCmdAverageRepeats, iCmdReview, iCmdMerge, iCmdReadStn};
+constexpr I4 iNotThere[] = {iCmdAverageRepeats, iCmdMerge, iCmdReadStn};
 
 // The bar on show. WMenu restores it.
 struct MenuBar {
@@ -159,6 +149,7 @@ void WMenu(I4 iMenu) {
   if (!Main_Window()) return Set_Error(iErrNoWindow);
   QMenuBar& hBar = *Main_Window()->menuBar();
   Take_Away_Entries(hBar);
+  IPgForget();  // another part of the program draws now
   hMenuBar = {};
   hMenuBar.iMenu = iMenu;
   Add_Rows(hBar, Menu_Rows(iMenu));

@@ -12,11 +12,13 @@
 #include <QStatusTipEvent>
 #include <QThread>
 #include <QUrl>
+#include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
 #include <deque>
 
+#include "toolkit/draw.h"
 #include "toolkit/private.h"
 #include "toolkit/script.h"
 
@@ -36,6 +38,7 @@ struct MessageQueue {
   std::deque<Waiting> hWaiting;  // oldest first
   bool bMoves = false;           // whether MouseMove messages are wanted
   bool bFields = false;          // whether Field messages are wanted
+  I4 iWheelAngle = 0;            // turned, less than a step, up is positive
   std::string sDropped;          // path of the last file dropped
 };
 MessageQueue hQueue;
@@ -47,19 +50,23 @@ I4 Msec_Since_Start() {
   return static_cast<I4>(std::chrono::duration_cast<std::chrono::milliseconds>(hPassed).count());
 }
 
-bool Is_Wanted(MessageType iType) {
-  return iType == MessageType::MouseMove ? hQueue.bMoves : iType == MessageType::Field ? hQueue.bFields : true;
-}
-
 /// The waiting message that a new one takes the place of, null where there is none: one redraw serves any number of
-/// exposures, and of mouse moves in a row only the last one counts.
-Waiting* Same_Waiting(MessageType iType) {
+/// exposures, and of mouse moves in a row, or moves of one trackbar, only the last one counts.
+Waiting* Same_Waiting(MessageType iType, const Message& hMessage) {
   auto& hWaiting = hQueue.hWaiting;
   if (hWaiting.empty()) return nullptr;
-  if (iType == MessageType::MouseMove) return hWaiting.back().iType == iType ? &hWaiting.back() : nullptr;
-  if (iType != MessageType::Expose && iType != MessageType::Resize && iType != MessageType::Close) return nullptr;
-  const auto hFound = std::ranges::find(hWaiting, iType, &Waiting::iType);
-  return hFound == hWaiting.end() ? nullptr : &*hFound;
+  Waiting& hLast = hWaiting.back();
+  switch (iType) {
+    case MessageType::MouseMove: return hLast.iType == iType ? &hLast : nullptr;
+    case MessageType::Field: return hLast.iType == iType && hLast.hMessage.VALUE1 == hMessage.VALUE1 ? &hLast : nullptr;
+    case MessageType::Expose:
+    case MessageType::Resize:
+    case MessageType::Close: {
+      const auto hFound = std::ranges::find(hWaiting, iType, &Waiting::iType);
+      return hFound == hWaiting.end() ? nullptr : &*hFound;
+    }
+    default: return nullptr;
+  }
 }
 
 void Take_Message(MessageType& iType, Message& hMessage) {
@@ -92,16 +99,6 @@ I4 Key_Code(const QKeyEvent& hEvent) {
   return hCharacter.isEmpty() || !QChar::isPrint(hCharacter[0]) ? 0 : static_cast<I4>(hCharacter[0]);
 }
 
-bool On_Key(const QKeyEvent& hEvent) {
-  const I4 iKey = Key_Code(hEvent);
-  if (iKey == 0) return false;
-  // Paging with a key held down ends when it is released: a repeat is dropped while the key before it still waits.
-  const bool bSame = Has_Message() && hQueue.hWaiting.back().iType == MessageType::Key &&
-                     hQueue.hWaiting.back().hMessage.VALUE1 == iKey;
-  if (!(hEvent.isAutoRepeat() && bSame)) Push_Message(MessageType::Key, {.VALUE1 = iKey});
-  return true;
-}
-
 I4 Button_Number(Qt::MouseButton iButton) {
   switch (iButton) {
     case Qt::LeftButton: return 1;
@@ -113,16 +110,48 @@ I4 Button_Number(Qt::MouseButton iButton) {
   }
 }
 
-void On_Mouse(MessageType iType, const QMouseEvent& hEvent) {
+Message At_Pixel(QPointF hPixel) {
+  const QPointF hUnit = Pixels_to_Units(hPixel);
   Message hMessage;
-  hMessage.VALUE1 = Button_Number(hEvent.button());
-  if (hMessage.VALUE1 == 0 && iType != MessageType::MouseMove) return;
-  const QPointF hUnit = Pixels_to_Units(hEvent.position());
-  hMessage.X = qFloor(hEvent.position().x());
-  hMessage.Y = qFloor(hEvent.position().y());
+  hMessage.X = qFloor(hPixel.x());
+  hMessage.Y = qFloor(hPixel.y());
   hMessage.GX = static_cast<R4>(hUnit.x());
   hMessage.GY = static_cast<R4>(hUnit.y());
+  return hMessage;
+}
+
+void On_Mouse(MessageType iType, const QMouseEvent& hEvent) {
+  Message hMessage = At_Pixel(hEvent.position());
+  hMessage.VALUE1 = Button_Number(hEvent.button());
+  if (hMessage.VALUE1 == 0 && iType != MessageType::MouseMove) return;
+  if (iType == MessageType::MouseDown) Focus_Plot();
   Push_Message(iType, hMessage);
+}
+
+constexpr I4 NWheelStep = 120;  // angle of one step, as mice report it; trackpads report parts of it
+
+/// Whole steps that the wheel has turned, down is positive. What is less than a step waits for the rest of it.
+I4 Wheel_Steps(const QWheelEvent& hEvent) {
+  const I4 iAngle = hEvent.angleDelta().y();
+  const bool bNew = hEvent.phase() == Qt::ScrollBegin || (iAngle > 0) != (hQueue.iWheelAngle > 0);
+  if (iAngle != 0) hQueue.iWheelAngle = (bNew ? 0 : hQueue.iWheelAngle) + iAngle;
+  const I4 NStep = hQueue.iWheelAngle / NWheelStep;
+  hQueue.iWheelAngle -= NStep * NWheelStep;
+  return -NStep;
+}
+
+/// Paging by the wheel ends when the user stops: what is turned while the steps before it still wait is dropped, and
+/// a turn the other way takes their place.
+void Push_Wheel(Message hMessage, I4 NStep) {
+  hMessage.VALUE1 = NStep > 0 ? iMouseForward : iMouseBack;
+  hMessage.VALUE2 = iByWheel;
+  const auto Is_Wheel = [](const Waiting& h) {
+    return h.iType == MessageType::MouseDown && h.hMessage.VALUE2 == iByWheel;
+  };
+  const auto hFound = std::ranges::find_if(hQueue.hWaiting, Is_Wheel);
+  if (hFound != hQueue.hWaiting.end() && hFound->hMessage.VALUE1 == hMessage.VALUE1) return;
+  std::erase_if(hQueue.hWaiting, Is_Wheel);
+  for (I4 I = 1; I <= std::abs(NStep); ++I) Push_Message(MessageType::MouseDown, hMessage);
 }
 
 void On_Size(MessageType iType) {
@@ -158,13 +187,14 @@ class AreaWatch : public QObject {
  protected:
   bool eventFilter(QObject*, QEvent* hEvent) override {
     switch (hEvent->type()) {
-      case QEvent::KeyPress: return On_Key(*static_cast<QKeyEvent*>(hEvent));
+      case QEvent::KeyPress: return Key_to_Plot(*static_cast<QKeyEvent*>(hEvent));
       case QEvent::MouseButtonPress:
       case QEvent::MouseButtonDblClick:
         On_Mouse(MessageType::MouseDown, *static_cast<QMouseEvent*>(hEvent));
         return true;
       case QEvent::MouseButtonRelease: On_Mouse(MessageType::MouseUp, *static_cast<QMouseEvent*>(hEvent)); return true;
       case QEvent::MouseMove: On_Mouse(MessageType::MouseMove, *static_cast<QMouseEvent*>(hEvent)); return true;
+      case QEvent::Wheel: Wheel_to_Plot(*static_cast<QWheelEvent*>(hEvent)); return true;
       case QEvent::Resize: On_Size(MessageType::Resize); return false;
       case QEvent::Show: On_Size(MessageType::Expose); return false;
       default: return false;
@@ -213,18 +243,43 @@ void Await_Window() {
 
 }  // namespace
 
+bool toolkit::Is_Wanted(MessageType iType) {
+  return iType == MessageType::MouseMove ? hQueue.bMoves : iType == MessageType::Field ? hQueue.bFields : true;
+}
+
 void toolkit::Push_Message(MessageType iType, const Message& hMessage) {
   if (!Is_Wanted(iType)) return;
   Waiting hNew{iType, hMessage};
   hNew.hMessage.TIME = Msec_Since_Start();
-  if (Waiting* hSame = Same_Waiting(iType))
+  if (Waiting* hSame = Same_Waiting(iType, hMessage))
     *hSame = hNew;
   else
     hQueue.hWaiting.push_back(hNew);
 }
 
+bool toolkit::Key_to_Plot(const QKeyEvent& hEvent) {
+  const I4 iKey = Key_Code(hEvent);
+  if (iKey == 0) return false;
+  // Paging with a key held down ends when it is released: a repeat is dropped while the key before it still waits.
+  const bool bSame = Has_Message() && hQueue.hWaiting.back().iType == MessageType::Key &&
+                     hQueue.hWaiting.back().hMessage.VALUE1 == iKey;
+  if (hEvent.isAutoRepeat() && bSame) return true;
+  Complete_Edits();
+  Push_Message(MessageType::Key, {.VALUE1 = iKey});
+  return true;
+}
+
+void toolkit::Wheel_to_Plot(const QWheelEvent& hEvent) {
+  if (hEvent.phase() == Qt::ScrollMomentum) return;  // the fingers have left the trackpad
+  const I4 NStep = Wheel_Steps(hEvent);
+  if (NStep == 0) return;
+  Complete_Edits();
+  Push_Wheel(At_Pixel(Drawing_Area()->mapFromGlobal(hEvent.globalPosition())), NStep);
+}
+
 void toolkit::Wait_Until(const std::function<bool()>& bDone) {
   if (!QCoreApplication::instance()) return;
+  if (Drawing_Area()) IGrFlush();
   Suspend_Busy(true);
   while (!bDone()) {
     if (Script_Is_Playing()) {
@@ -255,8 +310,10 @@ void toolkit::Watch_Window(QMainWindow* hWindow, QWidget* hArea) {
 }
 
 void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand) {
-  QObject::connect(hEntry, &QAction::triggered, hEntry,
-                   [iCommand] { Push_Message(MessageType::Menu, {.VALUE1 = iCommand}); });
+  QObject::connect(hEntry, &QAction::triggered, hEntry, [iCommand] {
+    Focus_Plot();
+    Push_Message(MessageType::Menu, {.VALUE1 = iCommand});
+  });
 }
 
 void WMessage(MessageType& iType, Message& hMessage) {
@@ -269,10 +326,15 @@ void WMessage(MessageType& iType, Message& hMessage) {
 }
 
 void WMessagePeek(MessageType& iType, Message& hMessage) {
+  if (Drawing_Area()) IGrFlush();
   if (QCoreApplication::instance()) QCoreApplication::processEvents();
   if (Has_Message()) return Take_Message(iType, hMessage);
   iType = MessageType::None;
   hMessage = {};
+}
+
+void WMessagePutBack(MessageType iType, const Message& hMessage) {
+  if (Main_Window()) hQueue.hWaiting.push_front({iType, hMessage});
 }
 
 void WMessageEnable(MessageType iType, bool bOn) {

@@ -28,8 +28,23 @@ void WMessage(MessageType& iType, Message& hMessage);
 /// Takes the next message if one waits, else gives MessageType::None at once. Lets the window repaint.
 void WMessagePeek(MessageType& iType, Message& hMessage);
 
+/// Puts a message back before all others: the next WMessage gives it again. For a routine that waits inside another
+/// loop and meets what only that loop can answer, a close request above all.
+void WMessagePutBack(MessageType iType, const Message& hMessage);
+
 /// Turns MouseMove or Field messages on or off; both are off at the start.
 void WMessageEnable(MessageType iType, bool bOn);
+
+/// Follows the pointer with a rubber-band box from the press in hMessage until a button is released: iType MouseUp and
+/// the released corner fX2, fY2 in graphics units; or until Esc or a close request (iType Key; the close request is put
+/// back for the caller's loop). A click that was already released ends at once.
+void WGrInputBox(const Message& hMessage, R4& fX2, R4& fY2, MessageType& iType);
+
+/// Shape of the pointer over the drawing area, one of iCursor... of ids.h.
+void WCursorShape(I4 iShape);
+
+/// An audible warning.
+void WindowBell();
 
 /// Path of the file of the last FileDropped message.
 std::string WDroppedFile();

@@ -12,6 +12,7 @@
 #include <functional>
 #include <limits>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,7 +27,9 @@ class QAction;
 class QDialog;
 class QMessageBox;
 class QFileDialog;
+class QKeyEvent;
 class QLineEdit;
+class QWheelEvent;
 class QWidget;
 
 namespace quillan::toolkit {
@@ -57,6 +60,11 @@ QPointF Units_to_Pixels(QPointF hUnit);
 
 /// Adds a message to the queue (messages.cpp). Types that are switched off are dropped.
 void Push_Message(MessageType iType, const Message& hMessage);
+bool Is_Wanted(MessageType iType);
+/// A key and a turn of the wheel as messages, wherever in the program's windows they were given. False: the key means
+/// nothing to the program.
+bool Key_to_Plot(const QKeyEvent& hEvent);
+void Wheel_to_Plot(const QWheelEvent& hEvent);
 /// Runs the event loop until bDone gives true. While it waits, a playing script carries out its next step.
 void Wait_Until(const std::function<bool()>& bDone);
 /// Whether a message waits.
@@ -137,6 +145,8 @@ void Field_Complete(Field& hField);
 void Field_Set_Range(Field& hField, R8 dLow, R8 dHigh);
 /// The text line of a text or number field; null for other controls.
 QLineEdit* Line_Edit(QWidget* hWidget);
+/// Whether a key belongs to what is typed into a field: letters and the keys up and down do not belong to a number.
+bool Field_Wants(const Field& hField, const QKeyEvent& hKey);
 /// A whole number with step buttons, whose text may be anything until it is read.
 QWidget* New_Integer_Spin(QWidget* hParent);
 /// A tool tip that is wrapped.
@@ -157,6 +167,21 @@ struct DialogRecord {
   I4 iMode = iShowModal;
   I4 iExit = 0;  // the button that was pushed, 0 before
 };
+
+// Tool windows (tool_window.cpp): dialogs that lie beside a plot and leave it the keyboard.
+/// Shows a dialog as one, where the user has put it, else at pixels iX, iY of the drawing area.
+void Show_Tool(DialogRecord& hDialog, I4 iX, I4 iY);
+/// Ends the edit of each field of the tool windows on show: what the program does next must find them complete.
+void Complete_Edits();
+/// Ends the edits and gives the keyboard back to the plot.
+void Focus_Plot();
+/// Forgets where the user has put them.
+void Forget_Places();
+
+/// Dialogs that are loaded, in the order of their loading (dialog.cpp).
+const std::vector<std::unique_ptr<DialogRecord>>& Loaded_Dialogs();
+/// Moves a dialog to pixels iX, iY of hUnder, the whole of it on the screen of the main window.
+void Place(QDialog& hWindow, const QRect& hUnder, I4 iX, I4 iY);
 
 /// The current dialog and a control of it; null, with the error status set, where there is none.
 DialogRecord* Current_Record();

@@ -20,6 +20,7 @@
 #include <iterator>
 #include <span>
 
+#include "toolkit/plot_axes.h"
 #include "toolkit/private.h"
 #include "toolkit/script.h"
 
@@ -256,8 +257,13 @@ std::string Play_Drag(Arguments sArgument) {
   return "";
 }
 
-std::string Play_Point(Arguments) {
-  return "there are no plot axes";
+std::string Play_Point(Arguments sArgument) {
+  if (!IPg_Is_Plotting()) return "there are no plot axes";
+  const Qt::MouseButton iButton = Button(sArgument, 2);
+  if (iButton != Qt::LeftButton && iButton != Qt::RightButton) return "the button is left or right";
+  R4 fXGr = 0.0f, fYGr = 0.0f;
+  IPgUnitsToGrUnits(static_cast<R4>(Number(sArgument[0])), static_cast<R4>(Number(sArgument[1])), fXGr, fYGr);
+  return Click_at(Units_to_Pixels(QPointF(static_cast<R8>(fXGr), static_cast<R8>(fYGr))), iButton);
 }
 
 std::string Play_Wheel(Arguments sArgument) {

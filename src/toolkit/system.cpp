@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <charconv>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -61,18 +62,14 @@ std::string WInfoErrorMessage(I4 iCode) {
   return std::string(hRow->sWords);
 }
 
-void System_Set_Arguments(std::vector<std::string> sLine) {
-  sCommandLine = std::move(sLine);
+void System_Initialize() {
+#ifdef SIGXFSZ
+  std::signal(SIGXFSZ, SIG_IGN);
+#endif
 }
 
-bool System_Take_Option(std::vector<std::string>& sLine, std::string_view sOption, std::string& sValue) {
-  sValue.clear();
-  const auto iOption = std::find(sLine.begin() + !sLine.empty(), sLine.end(), sOption);
-  if (iOption == sLine.end()) return false;
-  const auto iValue = std::next(iOption);
-  if (iValue != sLine.end()) sValue = *iValue;
-  sLine.erase(iOption, iValue == sLine.end() ? iValue : std::next(iValue));
-  return true;
+void System_Set_Arguments(std::vector<std::string> sLine) {
+  sCommandLine = std::move(sLine);
 }
 
 I4 WInfoSystem(I4 iSelect) {

@@ -30,14 +30,14 @@ I4 InfoError(I4 iSelect);
 /// An error number iErr... in words.
 std::string WInfoErrorMessage(I4 iCode);
 
+/// Prepares the process: a file that meets a size limit is a failed write, told in words, and not the end of the run.
+void System_Initialize();
+
 // Module state: the command line that IOsArgument tells. System_Set_Arguments fills it.
 inline std::vector<std::string> sCommandLine;
 
 /// The command line without the options: the program's name, then the arguments.
 void System_Set_Arguments(std::vector<std::string> sLine);
-/// Takes the option sOption and the argument behind it out of a command line (the program's name first), wherever they
-/// stand. sValue: that argument, blank where the option is the last word. False: there is no such option.
-bool System_Take_Option(std::vector<std::string>& sLine, std::string_view sOption, std::string& sValue);
 
 /// Selector iNumberOfArguments: the arguments behind the program's name, options taken out.
 I4 WInfoSystem(I4 iSelect);

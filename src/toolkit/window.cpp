@@ -17,8 +17,10 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "toolkit/draw.h"
 #include "toolkit/menus.h"
 #include "toolkit/private.h"
+#include "toolkit/private_draw.h"
 #include "toolkit/system.h"
 
 // The resources lie in a static library: without this call the linker would leave them out.
@@ -53,8 +55,22 @@ class DrawingArea : public QWidget {
       Resize_Backing_Image();
       Push_Message(MessageType::Expose, {});
     }
-    QPainter(this).drawImage(QPointF(0.0, 0.0), Backing_Image());
+    IGrFlush();
+    QPainter hPainter(this);
+    hPainter.drawImage(QPointF(0.0, 0.0), Backing_Image());
+    Paint_Overlay(hPainter);
   }
+};
+
+constexpr struct {
+  I4 iShape;
+  Qt::CursorShape iQtShape;
+} hCursor[] = {
+    {iCursorArrow,  Qt::ArrowCursor       },
+    {iCursorTwoWay, Qt::SizeHorCursor     },
+    {iCursorPick,   Qt::PointingHandCursor},
+    {iCursorCorner, Qt::CrossCursor       },
+    {iCursorBox,    Qt::CrossCursor       },
 };
 
 // What is open. WInitialise and WindowOpen2 fill it, WindowClose empties it.
@@ -157,6 +173,7 @@ void Close_Main() {
   hOpen.sPart2.clear();
   Drop_Backing_Image();
   Drop_Messages();
+  Forget_Places();
 }
 
 }  // namespace
@@ -257,6 +274,18 @@ void WindowBusy(bool bBusy) {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   else
     QGuiApplication::restoreOverrideCursor();
+}
+
+void WindowBell() {
+  if (hOpen.hApplication) QApplication::beep();
+}
+
+void WCursorShape(I4 iShape) {
+  if (!hOpen.hArea) return Set_Error(iErrNoWindow);
+  for (const auto& hRow : hCursor) {
+    if (hRow.iShape == iShape) return hOpen.hArea->setCursor(hRow.iQtShape);
+  }
+  Set_Error(iErrBadArgument);
 }
 
 I4 WInfoWindow(I4 iSelect) {

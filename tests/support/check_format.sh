@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Every source file stands as clang-format lays it out.
+# Every source file stands as clang-format lays it out. The version is named: each lays out a little differently.
 set -eu
 cd "$1"
-find src tests fuzz bench examples -name '*.h' -o -name '*.cpp' | sort | xargs clang-format --dry-run --Werror
+find src tests fuzz bench examples -name '*.h' -o -name '*.cpp' | sort | xargs clang-format-14 --dry-run --Werror

@@ -77,6 +77,83 @@ TEST(Messages, MovesComeWhenAskedForAndOnlyTheLastOfARow) {
   EXPECT_EQ(hSession.Next().iType, MessageType::MouseUp);
 }
 
+TEST(Messages, TheWheelIsTheExtraButtonsOnePressAStep) {
+  PlayedSession hSession("wheel 3 2.5 7.5\nwheel -1 5 5\nwheel 0 5 5\n");
+  const std::vector<Came> hAll = hSession.Rest();
+  ASSERT_EQ(hAll.size(), 4u) << "a step of the wheel has no release";
+  for (std::size_t i = 0; i < 4; ++i) {
+    EXPECT_EQ(hAll[i].iType, MessageType::MouseDown);
+    EXPECT_EQ(hAll[i].hMessage.VALUE1, i < 3 ? iMouseForward : iMouseBack) << "down is the next one";
+    EXPECT_EQ(hAll[i].hMessage.VALUE2, iByWheel);
+    EXPECT_EQ(hAll[i].hMessage.VALUE3, 0);
+  }
+  EXPECT_NEAR(hAll[0].hMessage.GX, 2.5f, 1e-2f);
+  EXPECT_NEAR(hAll[0].hMessage.GY, 7.5f, 1e-2f);
+}
+
+TEST(Messages, WhatIsPutBackComesFirst) {
+  PlayedSession hSession("key a\nkey b\n");
+  const Came hFirst = hSession.Next();
+  WMessagePutBack(MessageType::Close, {});
+  WMessagePutBack(hFirst.iType, hFirst.hMessage);
+  EXPECT_EQ(hSession.Next().hMessage.VALUE1, 'a');
+  EXPECT_EQ(hSession.Next().iType, MessageType::Close);
+  EXPECT_EQ(hSession.Next().hMessage.VALUE1, 'b') << "the script goes on only when nothing waits";
+}
+
+/// What WGrInputBox gives for a press at 2, 3 of the graphics area.
+struct Box {
+  R4 fX2 = 0.0f, fY2 = 0.0f;
+  MessageType iType = MessageType::None;
+  explicit Box(const Message& hPress = {.VALUE1 = iMouseLeft, .GX = 2.0f, .GY = 3.0f}) {
+    WGrInputBox(hPress, fX2, fY2, iType);
+  }
+};
+
+TEST(InputBox, EndsWhereTheButtonIsReleased) {
+  PlayedSession hSession("drag 1 2 7 8.5\nclick 3 4\ndrag 9 9 6 6 right\n");
+  for (const auto& [fX, fY] : {
+           std::pair{7.0f, 8.5f},
+           {3.0f, 4.0f},
+           {6.0f, 6.0f}
+  }) {
+    const Came hPress = hSession.Next();
+    ASSERT_EQ(hPress.iType, MessageType::MouseDown);
+    const Box hBox(hPress.hMessage);  // by now the button was released
+    EXPECT_EQ(hBox.iType, MessageType::MouseUp);
+    EXPECT_NEAR(hBox.fX2, fX, 1e-4f);
+    EXPECT_NEAR(hBox.fY2, fY, 1e-4f);
+  }
+  EXPECT_EQ(hSession.Next().iType, MessageType::Close) << "no message of the drag is left";
+}
+
+TEST(InputBox, EscEndsItAndMovesAreOffAgain) {
+  PlayedSession hSession("key n\nwheel 1 5 5\nkey Esc\ndrag 1 1 5 5\n");
+  const Box hBox;
+  EXPECT_EQ(hBox.iType, MessageType::Key);
+  EXPECT_EQ(hBox.fX2, 2.0f) << "the pointer did not move";
+  EXPECT_EQ(hSession.Next().iType, MessageType::MouseDown);
+  EXPECT_EQ(hSession.Next().iType, MessageType::MouseUp);
+}
+
+TEST(InputBox, ACloseRequestOrAChangeOfSizeIsLeftToTheCaller) {
+  PlayedSession hSession("resize 800 500\nclose\nkey a\n");
+  EXPECT_EQ(Box().iType, MessageType::Key);
+  Came hCame;
+  WMessage(hCame.iType, hCame.hMessage);
+  while (hCame.iType == MessageType::Expose) WMessage(hCame.iType, hCame.hMessage);
+  EXPECT_EQ(hCame.iType, MessageType::Resize);
+  EXPECT_EQ(hSession.Next().iType, MessageType::Close);
+  EXPECT_EQ(hSession.Next().hMessage.VALUE1, 'a') << "one close request, not two";
+}
+
+TEST(InputBox, EndsWithoutAWindow) {
+  EXPECT_EQ(Box().iType, MessageType::Key);
+  Came hCame;
+  WMessagePeek(hCame.iType, hCame.hMessage);
+  EXPECT_EQ(hCame.iType, MessageType::None);
+}
+
 TEST(Messages, NeverTwoExposuresOrChangesOfSizeWait) {
   PlayedSession hSession("");
   WindowStatusBarParts(32);  // changes the size of the drawing area once more
@@ -122,13 +199,23 @@ TEST(Messages, ADataFileDroppedWhileTheMenuIsUsableIsAMessage) {
   EXPECT_EQ(hSession.Errors(), "steps.txt:3: the window does not take Line 7.AVG\n") << "a greyed menu takes no file";
 }
 
+TEST(Messages, AReviewTakesNoDroppedFile) {
+  std::ofstream("line7.avg") << "x";
+  for (const I4 iMenu : {iMenuSection, iNoMenu}) {
+    PlayedSession hSession("drop line7.avg\n");
+    WMenu(iMenu);
+    EXPECT_TRUE(hSession.Rest().empty());
+    EXPECT_EQ(Script_Exit_Status(), 3);
+  }
+}
+
 TEST(Menus, EveryEntryOfTheMainMenuGivesItsCommandOrIsGreyed) {
   for (const MenuRow& hRow : Menu_Rows(iMenuMain)) {
     if (hRow.iCommand == 0) continue;
     SCOPED_TRACE(hRow.sText);
     PlayedSession hSession("menu " + std::to_string(hRow.iCommand) + "\n");
-    const bool bThere = hRow.iCommand != iCmdAverageRepeats && hRow.iCommand != iCmdReview &&
-                        hRow.iCommand != iCmdMerge && hRow.iCommand != iCmdReadStn;
+    const bool bThere =
+        hRow.iCommand != iCmdAverageRepeats && hRow.iCommand != iCmdMerge && hRow.iCommand != iCmdReadStn;
     WMenuSetState(hRow.iCommand, 1);
     const std::vector<Came> hAll = hSession.Rest();
     ASSERT_EQ(hAll.size(), bThere ? 1u : 0u);
@@ -192,11 +279,13 @@ TEST(Toolkit, WithoutAWindowEveryCallIsHarmless) {
   EXPECT_TRUE(Sets_Error([] { WindowTitle("title"); }));
   EXPECT_TRUE(Sets_Error([] { WindowOutStatusBar(2, "text"); }));
   EXPECT_TRUE(Sets_Error([] { WindowBusy(true); }));
+  EXPECT_TRUE(Sets_Error([] { WCursorShape(iCursorPick); }));
   EXPECT_TRUE(Sets_Error([] { WMenu(iMenuMain); }));
   EXPECT_TRUE(Sets_Error([] { WMenuSetState(iCmdSave, 0); }));
   EXPECT_TRUE(Sets_Error([] { WindowClear(); }));
   EXPECT_TRUE(Sets_Error([] { WGrTextString(0.0f, 0.0f, "text"); }));
   WMessageEnable(MessageType::MouseMove, false);
+  WindowBell();
   WindowClose();
 }
 

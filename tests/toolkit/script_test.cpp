@@ -4,6 +4,7 @@
 
 #include "toolkit/dialog.h"
 #include "toolkit/played_session.h"
+#include "toolkit/plot_axes.h"
 
 namespace quillan {
 namespace {
@@ -75,6 +76,26 @@ TEST(Script, AStepThatDoesNotFitTheScreenEndsTheRunWithItsReason) {
     EXPECT_EQ(hSession.Errors(), "steps.txt:2: " + std::string(hCase.sReason) + "\n");
     EXPECT_EQ(Script_Exit_Status(), 3);
   }
+}
+
+TEST(Script, APointIsInThePlotsOwnUnits) {
+  PlayedSession hSession("point 5 100\npoint 5 1000 right\nmenu 40016\npoint 5 100\n");
+  IPgArea(0.1f, 0.1f, 0.9f, 0.9f);
+  IPgScaling(Scaling::Linear, Scaling::Logarithmic);
+  IPgUnits(0.0f, 10.0f, 10.0f, 1000.0f);
+  const Came hLeft = hSession.Next();
+  EXPECT_EQ(hLeft.hMessage.VALUE1, iMouseLeft);
+  EXPECT_NEAR(hLeft.hMessage.GX, 5.0f, 1e-4f);
+  EXPECT_NEAR(hLeft.hMessage.GY, 5.0f, 1e-4f);
+  EXPECT_EQ(hSession.Next().iType, MessageType::MouseUp);
+  const Came hRight = hSession.Next();
+  EXPECT_EQ(hRight.hMessage.VALUE1, iMouseRight);
+  EXPECT_NEAR(hRight.hMessage.GY, 9.0f, 1e-4f);
+  EXPECT_EQ(hSession.Next().iType, MessageType::MouseUp);
+  EXPECT_EQ(hSession.Next().iType, MessageType::Menu);
+  WMenu(iMenuMain);
+  EXPECT_EQ(hSession.Next().iType, MessageType::Close);
+  EXPECT_EQ(hSession.Errors(), "steps.txt:4: there are no plot axes\n") << "the plot is gone with its menu";
 }
 
 TEST(Script, ExpectFindsWhatTheUserReads) {

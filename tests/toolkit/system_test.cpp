@@ -17,13 +17,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(System, ArgumentsAreCountedWithoutOptions) {
-  std::vector<std::string> sLine{"quillan", "a.avg", "--script", "steps.txt", "b c.avg"};
+TEST(System, ArgumentsAreCountedFromTheProgramsName) {
+  System_Set_Arguments({"quillan", "a.avg", "b c.avg"});
   std::string sValue;
-  EXPECT_TRUE(System_Take_Option(sLine, "--script", sValue));
-  EXPECT_EQ(sValue, "steps.txt");
-  EXPECT_FALSE(System_Take_Option(sLine, "--script", sValue));
-  System_Set_Arguments(sLine);
   EXPECT_EQ(WInfoSystem(iNumberOfArguments), 2);
   for (const auto& [iArg, sWanted] : {
            std::pair{1,  "a.avg"  },
@@ -36,16 +32,6 @@ TEST(System, ArgumentsAreCountedWithoutOptions) {
   }
   IOsArgument(0, sValue);
   EXPECT_TRUE(fs::path(sValue).is_absolute() && fs::exists(sValue)) << sValue;
-}
-
-TEST(System, AnOptionWithoutItsValueGivesABlank) {
-  std::vector<std::string> sLine{"--script", "--script"};
-  std::string sValue = "left over";
-  EXPECT_TRUE(System_Take_Option(sLine, "--script", sValue));
-  EXPECT_EQ(sValue, "");
-  EXPECT_EQ(sLine, std::vector<std::string>{"--script"}) << "the program's name is no option";
-  sLine.clear();
-  EXPECT_FALSE(System_Take_Option(sLine, "--script", sValue));
 }
 
 TEST(System, TheDateCanBeFixed) {

@@ -1,0 +1,33 @@
+// benches.h: the benchmarks, and what they work on.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "full_store.h"
+
+namespace quillan {
+
+/// What every benchmark finds: the full store in three forms. bench_main.cpp fills it.
+struct BenchData {
+  std::string sFile;      // as a file that AVG_Write made, on a memory file system where there is one
+  std::string sBytes;     // the bytes of that file
+  KeptStore hMade;        // as it was made
+  KeptStore hRead;        // as AVG_Read gives it
+  std::string sOut;       // where to write, beside sFile
+  std::string sDiskFile;  // where to write on a disk
+};
+inline BenchData hBench;
+
+using Bench = void(benchmark::State& state);
+
+// read_bench.cpp
+Bench Floor_Read, Bench_Read;
+// open_bench.cpp
+Bench Bench_Initialize, Bench_MDE, Bench_Widths, Bench_Complete, Bench_TWCfg, Bench_Sort, Bench_B, Bench_Ranges,
+    Bench_Open;
+// write_bench.cpp
+Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync;
+
+}  // namespace quillan

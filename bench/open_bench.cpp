@@ -1,0 +1,79 @@
+// open_bench.cpp: what else happens between the choice of a file and its data on the screen.
+#include "benches.h"
+#include "files/mde_file.h"
+#include "foundations/file_util.h"
+#include "metadata/mdp_data.h"
+#include "processing/b_field.h"
+#include "processing/moving_average.h"
+#include "processing/sort_data.h"
+#include "shell/input_driver.h"
+
+namespace quillan {
+namespace {
+
+/// Each run of a step begins with the store as the reader left it.
+template <class Step>
+void Run_Step(benchmark::State& state, Step Carry_Out) {
+  I4 iError = 0;
+  for (auto _ : state) {
+    state.PauseTiming();
+    Put_Store(hBench.hRead);
+    state.ResumeTiming();
+    Carry_Out(iError);
+  }
+  if (iError != 0 || NTrn != MTrn) state.SkipWithError("the step has failed");
+}
+
+void Initialize(I4& iError) {
+  TMD_Initialize(iError);
+  MDP_Initialize_MD(iError, true);
+  NTrn = MTrn;
+}
+
+void Read_Metadata(I4& iError) {
+  std::string sMdeFile = std::string(File_Stem(hBench.sFile)) + ".mde";
+  MDE_Read(sMdeFile, iError);
+}
+
+}  // namespace
+
+void Bench_Initialize(benchmark::State& state) {
+  Run_Step(state, Initialize);
+}
+
+void Bench_MDE(benchmark::State& state) {
+  Run_Step(state, Read_Metadata);
+}
+
+void Bench_Widths(benchmark::State& state) {
+  Run_Step(state, [](I4&) { Get_TWWidth(); });
+}
+
+void Bench_Complete(benchmark::State& state) {
+  Run_Step(state, [](I4&) { TEM_Complete_Transients(); });
+}
+
+void Bench_TWCfg(benchmark::State& state) {
+  Run_Step(state, TMD_Trns_Set_iTWCfg);
+}
+
+void Bench_Sort(benchmark::State& state) {
+  Run_Step(state, Sort_TEM_Data);
+}
+
+void Bench_B(benchmark::State& state) {
+  Run_Step(state, dBdt_2_B);
+}
+
+void Bench_Ranges(benchmark::State& state) {
+  Run_Step(state, TEM_Trn_Data_Range);
+}
+
+/// The whole road, through the real dialog, in which the script of bench_main.cpp presses Continue.
+void Bench_Open(benchmark::State& state) {
+  I4 iError = 0;
+  for (auto _ : state) TEM_Read_Data(hBench.sFile, iError);
+  if (iError != 0 || NTrn != MTrn) state.SkipWithError("TEM_Read_Data has not read the whole file");
+}
+
+}  // namespace quillan

@@ -1,0 +1,81 @@
+// write_bench.cpp: writing the full store.
+#include <charconv>
+#include <vector>
+
+#include "benches.h"
+#include "files/avg_writer.h"
+#include "toolkit/system.h"
+
+namespace quillan {
+namespace {
+
+struct FloorColumn {
+  WindowValues Transient::*hValue;
+  std::chars_format iFormat;
+  int NDecimal;
+};
+
+constexpr FloorColumn hFloorColumn[] = {
+    {&Transient::fTWCen, std::chars_format::scientific, 4},
+    {&Transient::fTWBeg, std::chars_format::scientific, 4},
+    {&Transient::fTWEnd, std::chars_format::scientific, 4},
+    {&Transient::fuVmag, std::chars_format::scientific, 5},
+    {&Transient::fuVerr, std::chars_format::scientific, 2},
+    {&Transient::fuVpct, std::chars_format::fixed,      1},
+    {&Transient::fARes,  std::chars_format::scientific, 3},
+    {&Transient::fDepth, std::chars_format::scientific, 3},
+    {&Transient::fBmag,  std::chars_format::scientific, 5},
+};
+
+template <class Step>
+void Run_Write(benchmark::State& state, Step Write) {
+  Put_Store(hBench.hMade);
+  I4 iError = 0;
+  for (auto _ : state) Write(iError);
+  if (iError != 0) state.SkipWithError("the file was not written");
+}
+
+void Write_SafeFile(const std::string& sPath, I4& iError) {
+  SafeFile out(sPath);
+  out.Write(hBench.sBytes);
+  out.Commit();
+  if (out.Has_Failed()) iError = 1;
+}
+
+}  // namespace
+
+/// What any writer has to do: turn each number into its digits.
+void Floor_Write(benchmark::State& state) {
+  Put_Store(hBench.hMade);
+  std::vector<char> sOut(hBench.sBytes.size());
+  for (auto _ : state) {
+    char* p = sOut.data();
+    char* const pEnd = p + sOut.size();
+    for (I4 j = 1; j <= NTrn; ++j) {
+      const Transient& h = hTrn(j);
+      for (I4 I = 1; I <= h.NTW; ++I) {
+        p = std::to_chars(p, pEnd, I).ptr;
+        for (const FloorColumn& hColumn : hFloorColumn) {
+          p = std::to_chars(p, pEnd, (h.*hColumn.hValue)(I), hColumn.iFormat, hColumn.NDecimal).ptr;
+        }
+      }
+    }
+    benchmark::DoNotOptimize(p);
+  }
+}
+
+/// On a memory file system, where to sync costs nothing.
+void Bench_Write(benchmark::State& state) {
+  Run_Write(state, [](I4& iError) { AVG_Write(hBench.sOut, iError); });
+}
+
+void Bench_Write_Disk(benchmark::State& state) {
+  Run_Write(state, [](I4& iError) { AVG_Write(hBench.sDiskFile, iError); });
+}
+
+/// The same bytes to the disk without making them: write, sync, rename, sync the folder.
+void Bench_Sync(benchmark::State& state) {
+  Run_Write(state, [](I4& iError) { Write_SafeFile(hBench.sDiskFile, iError); });
+}
+
+}  // namespace quillan

@@ -1,0 +1,262 @@
+#include "review/plot/igr_util.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <span>
+
+#include "base/array.h"
+#include "foundations/log_file.h"
+#include "foundations/pn_intrp.h"
+#include "foundations/str_write.h"
+#include "toolkit/plot_axes.h"
+#include "toolkit/window.h"
+
+namespace quillan {
+
+R4 fAsinh10(R4 fX, R4 fXBase) {
+  const R8 dU = R8{fX} / (2.0 * R8{fXBase});
+  const R8 dMagnitude = std::log10(std::abs(dU) + std::sqrt(dU * dU + 1.0));
+  return static_cast<R4>(fX >= 0.0f ? dMagnitude : -dMagnitude);
+}
+
+R4 fSinh10(R4 fY, R4 fXBase) {
+  constexpr R4 fYLimit = 32.0f;
+  constexpr R4 fVLimit = 1.0E32f;
+  const R4 fV = std::abs(fY) >= fYLimit ? std::copysign(fVLimit, fY) : std::pow(10.0f, fY);
+  return fXBase * (fV - 1.0f / fV);
+}
+
+namespace {
+
+constexpr I4 MExponent = 45;   // of any R4
+constexpr I4 MDecade = 20;     // decades on either side of zero
+constexpr I4 NTickWanted = 3;  // an axis with fewer ticks cannot be read
+constexpr I4 NTickTidy = 6;    // about so many tidy steps
+constexpr R4 fDecades[] = {1.0f};
+constexpr R4 fOneTwoFive[] = {1.0f, 2.0f, 5.0f};
+
+R4 Power_of_Ten(I4 iExponent) {
+  return static_cast<R4>(std::pow(10.0, iExponent));
+}
+
+/// Exponent of the first digit of a value or a step.
+I4 First_Digit(R4 fValue) {
+  constexpr R4 fRounding = 0.001f;  // 1000 is 10**3, though its logarithm may fall short
+  return static_cast<I4>(std::floor(std::log10(std::abs(fValue)) + fRounding));
+}
+
+std::string By_Form(R4 fValue, const EditForm& form) {
+  char sOut[MFormText];
+  return std::string(Left_Adjusted(Write_Form(fValue, form, sOut)));
+}
+
+/// A tick's text by its magnitude, as short as the decades need.
+std::string Tick_Text(R4 fValue) {
+  const R4 fMagnitude = std::abs(fValue);
+  if (fMagnitude < 9.0E-13f) return "0";
+  if (fMagnitude < 9.0E-4f) return By_Form(fValue, "(ES8.1)");
+  if (fMagnitude < 0.9f) return Str_Write_R4(fValue, "(F12.3)").str();
+  if (fMagnitude < 9000.0f) return Str_Write_I4(Nint(fValue)).str();
+  return By_Form(fValue, "(ES8.1)");
+}
+
+/// The same with as many more digits as tell values fStep apart.
+std::string Tick_Text(R4 fValue, R4 fStep) {
+  constexpr I4 MDigits = 7;  // a R4 has no more
+  const R4 fMagnitude = std::abs(fValue);
+  if (fMagnitude < 0.5f * fStep) return "0";
+  const bool bPlain = fMagnitude >= 9.0E-4f && fMagnitude < 9000.0f;
+  EditForm form(bPlain ? "(F16.0)" : "(ES16.1)");
+  form.NDecimal = std::clamp((bPlain ? 0 : First_Digit(fValue)) - First_Digit(fStep), form.NDecimal, MDigits);
+  return bPlain ? Str_Write_R4(fValue, form).str() : By_Form(fValue, form);
+}
+
+/// The ticks that are being collected.
+struct TickList {
+  R4 fYPmin, fYPmax, fYPscl;
+  I4 MYTick;
+  std::vector<R4>& fYTick;
+  std::vector<std::string>& sYTick;
+
+  I4 NYTick() const { return static_cast<I4>(fYTick.size()); }
+  void Clear() {
+    fYTick.clear();
+    sYTick.clear();
+  }
+  /// False when the walk upward ends: behind the range, or with the last tick that there is room for.
+  bool Add(R4 fValue, const std::string& sText) {
+    const R4 fYP = fAsinh10(fValue, fYPscl);
+    if (!(fYP <= fYPmax) || NYTick() >= MYTick) return false;
+    if (fYP < fYPmin) return true;
+    fYTick.push_back(fYP);
+    sYTick.push_back(sText);
+    return NYTick() < MYTick;
+  }
+};
+
+/// From the lowest negative decade over zero to the highest positive one, at fMantissa of each.
+void Walk_Decades(std::span<const R4> fMantissa, TickList& hTick) {
+  hTick.Clear();
+  const I4 iBase = std::clamp(Nint(std::log10(std::abs(hTick.fYPscl))), -MExponent, MExponent);
+  const auto Add = [&](R4 fMant, I4 iDecade, R4 fSign) {
+    const R4 fValue = fSign * fMant * Power_of_Ten(iDecade + iBase);
+    return hTick.Add(fValue, Tick_Text(fValue));
+  };
+  for (I4 iDecade = MDecade; iDecade >= 0; --iDecade) {
+    for (auto fMant = fMantissa.rbegin(); fMant != fMantissa.rend(); ++fMant) {
+      if (!Add(*fMant, iDecade, -1.0f)) return;
+    }
+  }
+  if (!hTick.Add(0.0f, "0")) return;
+  for (I4 iDecade = 0; iDecade <= MDecade; ++iDecade) {
+    for (const R4 fMant : fMantissa) {
+      if (!Add(fMant, iDecade, 1.0f)) return;
+    }
+  }
+}
+
+/// At even steps of the value: in so small a range the scale is nearly linear.
+void Walk_Tidy_Steps(TickList& hTick) {
+  const R8 dLow = R8{fSinh10(hTick.fYPmin, hTick.fYPscl)};
+  const R8 dHigh = R8{fSinh10(hTick.fYPmax, hTick.fYPscl)};
+  std::vector<Tick> hEven = Linear_Ticks(dLow, dHigh, NTickTidy);
+  std::erase_if(hEven, [](const Tick& h) { return !h.bMajor; });
+  if (hEven.size() < 2 || static_cast<I4>(hEven.size()) <= hTick.NYTick()) return;
+  hTick.Clear();
+  const R4 fStep = static_cast<R4>(hEven[1].dValue - hEven[0].dValue);
+  for (const Tick& h : hEven) {
+    const R4 fValue = static_cast<R4>(h.dValue);
+    if (!hTick.Add(fValue, Tick_Text(fValue, fStep))) return;
+  }
+}
+
+}  // namespace
+
+void Asinh10_Ticks(R4 fYPmin, R4 fYPmax, R4 fYPscl, I4 MYTick, I4& NYTick, std::vector<R4>& fYTick,
+                   std::vector<std::string>& sYTick) {
+  TickList hTick{fYPmin, fYPmax, fYPscl, MYTick, fYTick, sYTick};
+  Walk_Decades(fDecades, hTick);
+  if (hTick.NYTick() < NTickWanted) Walk_Decades(fOneTwoFive, hTick);
+  if (hTick.NYTick() < NTickWanted) Walk_Tidy_Steps(hTick);
+  NYTick = hTick.NYTick();
+}
+
+namespace {
+
+template <class Real>
+constexpr Real fTidy[] = {Real(1.0), Real(1.2), Real(1.5), Real(2.0),  Real(2.4),  Real(3.0),  Real(4.0),
+                          Real(5.0), Real(6.0), Real(8.0), Real(10.0), Real(12.0), Real(15.0), Real(20.0)};
+template <class Real>
+constexpr Real fBeyond = Real(0.0001);  // of a step: data on the axis's end are covered
+template <>
+constexpr R8 fBeyond<R8> = 1.0E-6;
+
+template <class Real>
+struct TidyAxis {
+  Real fXDmin, fXDmax, fAxisLen;
+  Real fTickMin = 0, fTickMax = 0, fTickInc = 0;
+
+  /// Begins the axis at a multiple of fUnit; true when it then covers the data.
+  bool Begins_at_Multiple(Real fUnit) {
+    const Real fPRound = fXDmin < Real{0} ? Real(0.99) : Real(0.01);
+    fTickMin = fUnit * std::floor(fXDmin / fUnit + fPRound);
+    fTickMax = fTickMin + fTickInc * (fAxisLen + fBeyond<Real>);
+    return fTickMax > fXDmax;
+  }
+  void Choose_Step() {
+    Real fStep = (fXDmax - fXDmin) / fAxisLen;
+    if (!(fStep > Real{0})) fStep = std::abs(Real{2} * fStep / fAxisLen) + Real{1};
+    const Real fP10 = std::pow(Real{10}, std::floor(std::log10(fStep)));
+    const Real fReduced = fStep / fP10 - Real(0.01);
+    for (const Real fTidyStep : fTidy<Real>) {
+      if (fTidyStep < fReduced) continue;
+      fTickInc = fTidyStep * fP10;
+      if (Begins_at_Multiple(fTickInc)) return;
+      if (Begins_at_Multiple(fP10) || fXDmax == fTickMax) return;
+    }
+  }
+  void Centre() {
+    const Real fSpare = fAxisLen - (fXDmax - fTickMin) / fTickInc;
+    fTickMin = fTickMin - fTickInc * std::trunc(fSpare / Real{2});
+    const bool bCrossedZero = (fTickMin < Real{0} && fXDmin > Real{0}) || (fTickMin > Real{0} && fXDmin < Real{0});
+    if (bCrossedZero) fTickMin = Real{0};
+    fTickMax = fTickMin + fAxisLen * fTickInc;
+  }
+};
+
+template <class Real>
+void Tidy_Axis(Real fXDmin, Real fXDmax, Real fAxisLen, Real& fTickMin, Real& fTickMax, Real& fTickInc) {
+  TidyAxis<Real> h{fXDmin, fXDmax, fAxisLen};
+  h.Choose_Step();
+  h.Centre();
+  fTickMin = h.fTickMin;
+  fTickMax = h.fTickMax;
+  fTickInc = h.fTickInc;
+}
+
+void Widen(R4 fHalf, R4& fMin, R4& fMax) {
+  const R4 fCentre = 0.5f * (fMin + fMax);
+  fMin = fCentre - fHalf;
+  fMax = fCentre + fHalf;
+}
+
+}  // namespace
+
+void Plt_Tidy_AxisR4(R4 fXDmin, R4 fXDmax, R4 fAxisLen, R4& fTickMin, R4& fTickMax, R4& fTickInc) {
+  Tidy_Axis(fXDmin, fXDmax, fAxisLen, fTickMin, fTickMax, fTickInc);
+}
+
+void Plt_Tidy_AxisR8(R8 dXDmin, R8 dXDmax, R8 dAxisLen, R8& dTickMin, R8& dTickMax, R8& dTickInc) {
+  Tidy_Axis(dXDmin, dXDmax, dAxisLen, dTickMin, dTickMax, dTickInc);
+}
+
+void Plt_Window_Resize(R4 fYXWindow, R4 fYPltInc, R4& fXPmin, R4& fXPmax, R4& fYPmin, R4& fYPmax) {
+  const R4 fXHalf = 0.5f * (fXPmax - fXPmin);
+  const R4 fYHalf = std::max(0.5f * (fYPmax - fYPmin), fYPltInc);
+  if (fYHalf / fXHalf >= fYXWindow) {
+    Widen(fYHalf / fYXWindow, fXPmin, fXPmax);
+  } else {
+    Widen(fXHalf * fYXWindow, fYPmin, fYPmax);
+  }
+}
+
+void IGr_WindowShape(R4 fYXAspect, I4& NXPixel, I4& NYPixel, I4& iError) {
+  constexpr R4 fScreenPart = 0.95f;
+  iError = 0;
+  const bool bGood = fYXAspect >= 0.1f && fYXAspect <= 10.0f;
+  if (!bGood) {
+    iError = 1;
+    const std::string sAspect = Str_Write_R4(fYXAspect, "(1P,G14.4E1)").str();
+    LogErr({"IGr_WindowShape.ERROR", "Target window aspect ratio =" + sAspect + " < 0.1 or > 100"});
+    return;
+  }
+  const R4 fWidth = static_cast<R4>(WInfoScreen(iScreenWidth));
+  const R4 fHeight = static_cast<R4>(WInfoScreen(iScreenHeight));
+  const bool bByHeight = fHeight <= fYXAspect * fWidth;
+  NYPixel = Nint(fScreenPart * (bByHeight ? fHeight : fWidth * fYXAspect));
+  NXPixel = Nint(fScreenPart * (bByHeight ? fHeight / fYXAspect : fWidth));
+}
+
+namespace {
+
+// Colours of weights in percent. The middle ones follow no rainbow: maps that are already in reports use them.
+constexpr R4 fWgtPercent[] = {0.0f, 25.0f, 50.0f, 75.0f, 100.0f};
+constexpr R4 fWgtRed[] = {255.0f, 255.0f, 0.0f, 0.0f, 0.0f};
+constexpr R4 fWgtGreen[] = {0.0f, 255.0f, 0.0f, 255.0f, 255.0f};
+constexpr R4 fWgtBlue[] = {0.0f, 0.0f, 255.0f, 255.0f, 0.0f};
+
+I4 Wgt_Part(std::span<const R4> fPart, R4 fPercent) {
+  R4 fValue = 0.0f;
+  P1Intrp_R4(static_cast<I4>(std::size(fWgtPercent)), fWgtPercent, fPart, fNoEndSlopes, fPercent, fValue);
+  return Nint(fValue);
+}
+
+}  // namespace
+
+I4 iWgtColor(R4 fWgt) {
+  const R4 fPercent = std::clamp(100.0f * std::abs(fWgt), 0.0f, 100.0f);
+  return Wgt_Part(fWgtRed, fPercent) + 256 * Wgt_Part(fWgtGreen, fPercent) + 65536 * Wgt_Part(fWgtBlue, fPercent);
+}
+
+}  // namespace quillan

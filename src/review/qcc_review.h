@@ -1,0 +1,27 @@
+// qcc_review.h: one transient after the other as a decay curve, and its points flagged with the mouse.
+//
+// The main window shows the curve (qcc_plot.h), the tool window 115 the controls. What the user flags goes straight
+// into the store: there is no undo.
+//
+//   F, L                first, last transient
+//   N, Down, Right      next one; also the forward button of the mouse and the wheel towards the user
+//   P, Up, Left         previous one; also the back button and the wheel away from the user
+//   X, Esc              leave
+//   left, right click   set, clear the skip flag of the point nearest to it
+//   left, right drag    set, clear the flags of all points in the box
+#pragma once
+
+#include "base/types.h"
+
+namespace quillan {
+
+// Module state: the plot type (qcc_plot.h) last looked at, for all transients of the run. QCC_Review keeps it.
+inline I4 iCurvePlotType = 1;
+
+void QCC_Review_Initialize();
+
+/// Shows transients until the user leaves. iTrn: the first one in, the last one out, held to 1..NTrn. iFlag:
+/// iFlagSection, iFlagSave or iFlagExit (review_flag.h). iError: 0. A close request ends the run.
+void QCC_Review(I4& iTrn, I4& iFlag, I4& iError);
+
+}  // namespace quillan

@@ -1,0 +1,54 @@
+#include "review/tool_window.h"
+
+#include <algorithm>
+
+#include "foundations/log_file.h"
+#include "model/tmd_data.h"
+#include "toolkit/dialog.h"
+#include "toolkit/draw.h"
+#include "toolkit/messages.h"
+#include "toolkit/plot_axes.h"
+#include "toolkit/window.h"
+
+namespace quillan {
+namespace {
+
+constexpr I4 NStepMost = 21;  // a trackbar of so many steps or more is too fine to aim at
+
+}  // namespace
+
+void Tool_Open(I4 iDialog, I4 iTrackbar, I4 NItem) {
+  WDialogLoad(iDialog);
+  WMessageEnable(MessageType::Field, true);
+  WDialogRangeTrackbar(iTrackbar, 1, std::max(2, NItem), Tool_Trackbar_Step(NTrn));
+  InqWintError("Tool_Open");
+}
+
+void Tool_Show() {
+  WDialogShow(WInfoWindow(iWindowWidth) - WInfoDialog(iDialogWidth) - 1, 0, iShowTool);
+}
+
+void Tool_Close() {
+  WDialogUnload();
+  WMessageEnable(MessageType::Field, false);
+  IPgForget();
+  WindowClear();
+}
+
+I4 Tool_Trackbar_Step(I4 NTransient) {
+  I4 iTBinc = 1;
+  while (NTransient / iTBinc >= NStepMost) iTBinc *= 2;
+  return iTBinc;
+}
+
+void Tool_Hint_Flags() {
+  WDialogPutString(iLblHint1, "Left click on point to set skip flag.");
+  WDialogPutString(iLblHint2, "Right click on point to clear skip flag.");
+}
+
+void Tool_Hint_Box() {
+  WDialogPutString(iLblHint1, "Move mouse cursor to box corner,");
+  WDialogPutString(iLblHint2, "then left-click so set corner location.");
+}
+
+}  // namespace quillan

@@ -1,0 +1,130 @@
+// private_draw.h: what drawing is made of: the picture that is drawn into, and the back ends that carry out the
+// primitives.
+//
+// draw.cpp turns graphics units into pixels of the picture (from its upper left corner, downward), clips and collects
+// lines, cuts dashes and places text; a back end draws what is left: solid lines, filled rectangles, discs, letters.
+// Coordinates that reach it lie in the picture, apart from the starts of text.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QLineF>
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/types.h"
+
+class QImage;
+class QPainter;
+
+namespace quillan::toolkit {
+
+struct Pen {
+  QRgb iColour = 0xFF000000;
+  R8 dWidth = 1.0;  // pixels of the picture
+  bool operator==(const Pen&) const = default;
+};
+
+inline constexpr int NFontPixels = 100;  // em of the font that all text is scaled from
+
+/// A text that is placed: letters of NFontPixels, scaled along and across the reading direction.
+struct Letters {
+  QString sText;
+  QFont hFont;
+  QPointF hStart;  // left end of the baseline
+  R8 dAngle;       // degrees clockwise
+  R8 dXScale, dYScale;
+  QRgb iColour;
+  QRectF hClip;  // the area in use
+};
+
+class BackEnd {
+ public:
+  virtual ~BackEnd() = default;
+  /// Lines with round ends; a line that begins where the one before it ends is its continuation.
+  virtual void Lines(std::span<const QLineF> hLine, const Pen& hPen) = 0;
+  virtual void Fill(const QRectF& hRectangle, QRgb iColour) = 0;
+  virtual void Disc(QPointF hCentre, R8 dRadius, QRgb iColour) = 0;
+  virtual void Write(const Letters& hLetters) = 0;
+};
+
+/// Paints into an image of format RGB32 (painter.cpp). The image may be replaced by another, but must not go before
+/// the back end. dPixel: width in pixels of the picture of the lines that are drawn on pixel centres.
+std::unique_ptr<BackEnd> New_Painter(QImage& hImage, R8 dPixel);
+
+/// Records of a placeable metafile (metafile.cpp): the coordinates of the picture are those of the file.
+class Metafile : public BackEnd {
+ public:
+  /// The size in units of the picture, at most 32767, and how many of them make an inch.
+  Metafile(I4 NWidth, I4 NHeight, I4 NUnitsAnInch);
+
+  void Lines(std::span<const QLineF> hLine, const Pen& hPen) override;
+  void Fill(const QRectF& hRectangle, QRgb iColour) override;
+  void Disc(QPointF hCentre, R8 dRadius, QRgb iColour) override;
+  void Write(const Letters& hLetters) override;
+
+  /// The whole file.
+  std::string Bytes() const;
+
+ private:
+  using Words = std::vector<std::uint16_t>;
+  enum class Kind { Pen, Brush, Font };
+
+  void Record(std::uint16_t iFunction, const Words& hParameter);
+  void Use(Kind iKind, std::uint16_t iFunction, const Words& hParameter);
+  void Use_Fill(QRgb iColour);
+  void Polyline(const Words& hPoint);
+  void Use_Font(const Letters& hLetters);
+  void Text_Out(const Letters& hLetters);
+
+  I4 NWidth, NHeight, NInch;
+  Words hRecord;             // all records so far
+  std::size_t NLargest = 0;  // words of the largest record
+  // Pens, brushes and fonts that were made, by function and parameters of their records, and their numbers.
+  std::map<std::pair<std::uint16_t, Words>, std::uint16_t> hObject;
+  std::map<Kind, std::uint16_t> hSelected;
+};
+
+/// Whether a point lies in a rectangle or on its edge (line_cut.cpp).
+bool Holds(const QRectF& hClip, QPointF hPoint);
+/// The part of a line inside a rectangle; false: there is none, or a coordinate is not finite.
+bool Clip_Line(QLineF& hLine, const QRectF& hClip);
+/// Cuts lines into dashes and puts them behind hDash. The pattern runs on through a continuation.
+void Cut_Dashes(std::span<const QLineF> hLine, R8 dDash, R8 dGap, std::vector<QLineF>& hDash);
+
+/// Rubber bands over the drawing area, in its pixels (overlay.cpp).
+struct OverlayShape {
+  bool bRectangle;
+  QPointF hPoint1, hPoint2;
+  bool operator==(const OverlayShape&) const = default;
+};
+/// Adds a shape, or takes away the one that is its equal.
+void Toggle_Overlay(const OverlayShape& hShape);
+void Clear_Overlay();
+/// Paints what is in the overlay; the paint event calls it after the image.
+void Paint_Overlay(QPainter& hPainter);
+
+/// Where drawing goes (draw.cpp).
+struct Canvas {
+  BackEnd* hBackEnd = nullptr;  // null: nowhere
+  QSizeF hSize;                 // of the picture, in its pixels
+  R8 dPixel = 1.0;              // pixels of the picture that make a pixel of line width
+  R8 dMinEm = 1.0;              // the smallest letters, in pixels of the picture
+  bool bScreen = false;
+};
+/// Lets all drawing go into another picture until Leave_Picture, which gives the screen and its graphics state back.
+void Enter_Picture(const Canvas& hPicture);
+void Leave_Picture();
+/// Gives up an open hardcopy (hardcopy.cpp).
+void Drop_Hardcopy();
+
+}  // namespace quillan::toolkit

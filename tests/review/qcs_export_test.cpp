@@ -1,0 +1,190 @@
+#include "review/qcs_export.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "review/qcs_sections.h"
+#include "support/files.h"
+#include "support/survey_builder.h"
+
+namespace quillan {
+namespace {
+
+/// A transient without coordinates.
+Transient At(R8 dStn, std::initializer_list<R4> fuVmag, I4 iRxCmp = iCmpHz) {
+  return TransientBuilder().Station(dStn).Transmitter(dStn).Values(fuVmag).Component(iRxCmp);
+}
+
+void Load_Sections(std::initializer_list<Transient> hTransient) {
+  Load(hTransient);
+  QCS_Initialize();
+  hTemSurvey.iTemArray = iArrayMVL;
+  I4 iError = 0;
+  QCS_Allocate(iError);
+  ASSERT_EQ(iError, 0);
+}
+
+/// Three stations: windows in all units of time, a missing and a skipped value, no coordinates, more windows than the
+/// first.
+void Load_Line() {
+  Transient hFirst = TransientBuilder()
+                         .Times({0.1f, 0.5f, 2.5f, 999.9f, 1500.0f})
+                         .Values({340.512f, fDummy, -0.00125f, 1.0E30f, 0.0f})
+                         .Station(100)
+                         .Transmitter(100);
+  hFirst.bSkip(3) = true;
+  hFirst.dRxXYZ = {
+      {451020.25, 6012340.0, 12.5}
+  };
+  Transient hLast = At(200, {7, 6, 5, 4, 3, 2, 1});
+  hLast.dRxXYZ = {
+      {451120.5, 6012340.06, -3.0}
+  };
+  Load_Sections({hFirst, At(150.125, {1, 2, 3}), hLast});
+  hTemSurvey.sJobName = "Orrin basin";
+  hTemSurvey.sJobFor = "Northern Water";
+  hTemSurvey.sLineName = "12N";
+  hTemSurvey.fLineAzimuth = 90.0f;
+}
+
+I4 Write_CSV(std::string_view sFile, I4 iSection = 1, I4 iPlotType = 1) {
+  I4 iError = 0;
+  QCS_Section_Write_CSV(sFile, iSection, iPlotType, iError);
+  return iError;
+}
+
+/// The lines of a plot-control file that begin with a text, without that text.
+std::string Records(const std::string& sFile, const std::string& sBegin) {
+  std::string sFound;
+  for (const std::string& sLine : Read_Lines(sFile)) {
+    if (sLine.starts_with(sBegin)) sFound += sLine.substr(sBegin.size()) + " ";
+  }
+  return sFound;
+}
+
+TEST(SectionExport, TableAndPlotControlAsTheProfileProgramReadsThem) {
+  Load_Line();
+  Write_File("line1dBzdt.csv", "an earlier, longer export\n");
+  EXPECT_EQ(Write_CSV("line1dBzdt.csv"), 0);
+  EXPECT_EQ(Read_Whole_File("line1dBzdt.csv"), Golden("section_hz.csv"));
+  EXPECT_EQ(Read_Whole_File("line1dBzdt.mde"), Golden("section_hz.mde"));
+  Log_Close();
+  const std::string sLog = Read_Whole_File(sLogFile);
+  EXPECT_NE(sLog.find("line1dBzdt.mde plot-control export is complete."), std::string::npos) << sLog;
+  EXPECT_NE(sLog.find("line1dBzdt.csv data export is complete."), std::string::npos) << sLog;
+}
+
+TEST(SectionExport, HasTheValuesOfThePlotTypeAndOfTheSectionAlone) {
+  Transient hSecond = At(20, {5, 6});
+  hSecond.fBmag(1) = 0.5f;
+  hSecond.fARes(2) = 120.0f;
+  Load_Sections({At(10, {1, 2}, iCmpHx), hSecond});
+  const std::string sHeader = "Station,East,North,Elevation,TW01_1msec,TW02_2msec,";
+  EXPECT_EQ(Write_CSV("b.csv", 2, 2), 0);
+  EXPECT_EQ(Read_Lines("b.csv"), (std::vector<std::string>{sHeader, "20,*,*,*,5.00000E-01,*,"}));
+  EXPECT_EQ(Write_CSV("r.csv", 2, 3), 0);
+  EXPECT_EQ(Read_Lines("r.csv"), (std::vector<std::string>{sHeader, "20,*,*,*,*,1.20000E+02,"}));
+}
+
+TEST(SectionExport, TimesChangeTheirUnitAtOneMillisecondAndOneSecond) {
+  Load_Sections({TransientBuilder()
+                     .Times({fDummy, 0.00625f, 0.99f, 1.0f, 12.34f, 999.0f, 1000.0f, 12345.0f})
+                     .Values({1, 1, 1, 1, 1, 1, 1, 1})});
+  hTrn(1).fTWCen(1) = fDummy;
+  EXPECT_EQ(Write_CSV("t.csv"), 0);
+  EXPECT_EQ(Read_Lines("t.csv")[0],
+            "Station,East,North,Elevation,TW01_*usec,TW02_6.2usec,TW03_990usec,TW04_1msec,TW05_12.3msec,TW06_999msec,"
+            "TW07_1sec,TW08_12.3sec,");
+}
+
+TEST(SectionExport, PanelsHoldSevenWindowsEachAndAreSixAtMost) {
+  struct Case {
+    I4 NTW;
+    const char *sBeg, *sEnd;
+  };
+  const Case hCases[] = {
+      {0,  "1=1 ",                         "1=0 "                         },
+      {1,  "1=1 ",                         "1=1 "                         },
+      {7,  "1=1 ",                         "1=7 "                         },
+      {8,  "1=1 2=8 ",                     "1=7 2=8 "                     },
+      {42, "1=1 2=8 3=15 4=22 5=29 6=36 ", "1=7 2=14 3=21 4=28 5=35 6=42 "},
+      {64, "1=1 2=8 3=15 4=22 5=29 6=36 ", "1=7 2=14 3=21 4=28 5=35 6=42 "},
+  };
+  for (const Case& hCase : hCases) {
+    Load_Sections({At(10, {1})});
+    hTrn(1).NTW = hCase.NTW;
+    I4 iError = 0;
+    QCS_Section_Write_MDE("p.mde", 1, 1, iError);
+    EXPECT_EQ(iError, 0);
+    std::string sBeg, sEnd;
+    for (const std::string& sLine : Read_Lines("p.mde")) {
+      const std::size_t iPoint = sLine.find(".TW");
+      if (iPoint == std::string::npos) continue;
+      (sLine.substr(iPoint + 1, 5) == "TWBeg" ? sBeg : sEnd) +=
+          sLine.substr(6, iPoint - 6) + sLine.substr(iPoint + 6) + " ";
+    }
+    EXPECT_EQ(sBeg, hCase.sBeg) << hCase.NTW;
+    EXPECT_EQ(sEnd, hCase.sEnd) << hCase.NTW;
+  }
+}
+
+TEST(SectionExport, LeftBearingIsTheOppositeOfTheLine) {
+  struct Case {
+    R4 fAzimuth;
+    const char *sLeft, *sRight;
+  };
+  for (const Case& hCase : {
+           Case{90,     "W ",    "E "   },
+           {0,      "S ",    "N "   },
+           {45,     "S45W ", "N45E "},
+           {270,    "E ",    "W "   },
+           {-90,    "E ",    "270 " },
+           {fDummy, "* ",    "* "   }
+  }) {
+    Load_Sections({At(10, {1})});
+    hTemSurvey.fLineAzimuth = hCase.fAzimuth;
+    I4 iError = 0;
+    QCS_Section_Write_MDE("b.mde", 1, 1, iError);
+    EXPECT_EQ(Records("b.mde", "$BrgLeft="), hCase.sLeft) << hCase.fAzimuth;
+    EXPECT_EQ(Records("b.mde", "$BrgRight="), hCase.sRight) << hCase.fAzimuth;
+  }
+}
+
+TEST(SectionExport, FilesAreNamedByWhatIsPlotted) {
+  struct Case {
+    I4 iRxCmp, iPlotType;
+    const char* sPath;
+  };
+  for (const Case& hCase : {
+           Case{6, 1, "a.b/line1dBzdt.csv"},
+           {4, 2, "a.b/line1Bx.csv"   },
+           {2, 1, "a.b/line1dBydt.csv"},
+           {7, 1, "a.b/line1dBRdt.csv"},
+           {8, 1, "a.b/line1dBRdt.csv"},
+           {9, 1, "a.b/line1dBRdt.csv"}
+  }) {
+    Load_Sections({At(10, {1}, hCase.iRxCmp)});
+    EXPECT_EQ(QCS_Export_Path("a.b/line1.avg", 1, hCase.iPlotType, ".csv"), hCase.sPath);
+  }
+}
+
+TEST(SectionExport, WhatCannotBeWrittenIsReported) {
+  Load_Line();
+  EXPECT_EQ(Write_CSV("nowhere/line1.csv"), 1);
+  EXPECT_EQ(Write_CSV("line2.csv", 2), 1);
+  EXPECT_EQ(Write_CSV("line2.csv", 1, 4), 1);
+  std::filesystem::create_directory("line3.mde");  // no table without its plot-control file
+  EXPECT_EQ(Write_CSV("line3.csv"), 1);
+  std::filesystem::create_directory("line4.csv");
+  EXPECT_EQ(Write_CSV("line4.csv"), 1);
+  for (const char* sFile : {"line2.csv", "line2.mde", "line3.csv"})
+    EXPECT_FALSE(std::filesystem::exists(sFile)) << sFile;
+  Log_Close();
+  const std::string sErr = Read_Whole_File(sErrFile);
+  EXPECT_NE(sErr.find("The export is not written; choose it again."), std::string::npos) << sErr;
+  EXPECT_EQ(Read_Whole_File(sLogFile).find("data export is complete."), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quillan

@@ -1,0 +1,468 @@
+#include "review/qcs_sections.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <tuple>
+
+#include "review/plot/igr_util.h"
+#include "support/survey_builder.h"
+#include "toolkit/draw.h"
+#include "toolkit/plot_axes.h"
+
+namespace quillan {
+namespace {
+
+constexpr R4 fTiny = 1.0E-6f;
+
+void Widen(R4 fValue, R4& fMin, R4& fMax) {
+  if (!Is_Present(fValue)) return;
+  fMin = std::min(fMin, fValue);
+  fMax = std::max(fMax, fValue);
+}
+
+/// A transient with its ranges, as the read road leaves it.
+Transient At(R8 dStn, std::initializer_list<R4> fuVmag, I4 iRxCmp = iCmpHz) {
+  Transient h = TransientBuilder().Station(dStn).Values(fuVmag).Component(iRxCmp);
+  for (I4 I = 1; I <= h.NTW; ++I) {
+    h.fBmag(I) = Is_Present(h.fuVmag(I)) ? h.fuVmag(I) / 10.0f : fDummy;
+    Widen(h.fuVmag(I), h.fuVmin, h.fuVmax);
+    Widen(h.fBmag(I), h.fBmin, h.fBmax);
+    Widen(h.fTWCen(I), h.fTWCmin, h.fTWCmax);
+  }
+  return h;
+}
+
+I4 Allocate() {
+  I4 iError = 0;
+  QCS_Allocate(iError);
+  return iError;
+}
+
+/// The store as sections, and the first of them ready to be drawn.
+PlotRange Show(std::initializer_list<Transient> hTransient, I4 iPlotType = 1) {
+  Load(hTransient);
+  QCS_Initialize();
+  EXPECT_EQ(Allocate(), 0);
+  PlotRange hRange;
+  I4 iError = 0;
+  QCS_Section_Initialize(1, iPlotType, hRange, iError);
+  EXPECT_EQ(iError, 0);
+  return hRange;
+}
+
+/// Visible points as "transient.window", those of skipped windows with an x.
+std::string Visible(const PlotRange& hRange) {
+  std::string sPoint;
+  QCS_Visit_Points(hRange, [&](const SectionPoint& h) {
+    sPoint += std::to_string(h.iTrn) + "." + std::to_string(h.iTwc) + (h.bSkip ? "x " : " ");
+  });
+  return sPoint;
+}
+
+/// Joining lines as "from-to" by station.
+std::string Joins(const PlotRange& hRange) {
+  std::string sJoin;
+  QCS_Visit_Joins(hRange, [&](R4 fX1, R4, R4 fX2, R4) {
+    sJoin += std::to_string(Nint(fX1)) + "-" + std::to_string(Nint(fX2)) + " ";
+  });
+  return sJoin;
+}
+
+// ---- grouping
+
+TEST(Sections, BeginWhereTheArraySaysSo) {
+  struct Case {
+    const char* sWhat;
+    std::set<I4> iArrays;  // those with a new section
+    Transient h;           // after one at receiver 1, transmitter 1
+  };
+  const Case hCases[] = {
+      {"another component",   {1, 2, 3, 4, 5, 6}, TransientBuilder().Component(5)             },
+      {"another transmitter", {1, 5, 6},          TransientBuilder().Station(3).Transmitter(3)},
+      {"another separation",  {2},                TransientBuilder().Station(3)               },
+      {"both",                {1, 2, 5, 6},       TransientBuilder().Station(3).Transmitter(2)},
+      {"a repeat",            {},                 TransientBuilder()                          },
+  };
+  for (const Case& hCase : hCases) {
+    for (I4 iArray = 1; iArray <= 6; ++iArray) {
+      Load({TransientBuilder(), hCase.h});
+      hTemSurvey.iTemArray = iArray;
+      EXPECT_EQ(Allocate(), 0);
+      EXPECT_EQ(hTrn(2).iSection, hCase.iArrays.contains(iArray) ? 2 : 1) << hCase.sWhat << ", array " << iArray;
+      EXPECT_EQ(NSection, hTrn(2).iSection);
+    }
+  }
+}
+
+TEST(Sections, TransmittersWithinTenThousandSpacingsOfTheFirstAreOne) {
+  const R8 dTx = 1000.0, dStep = Spacing(dTx);
+  Load({TransientBuilder().Transmitter(dTx), TransientBuilder().Transmitter(dTx + 6000 * dStep),
+        TransientBuilder().Transmitter(dTx + 10000 * dStep), TransientBuilder().Transmitter(dTx + 10001 * dStep)});
+  EXPECT_EQ(Allocate(), 0);
+  EXPECT_EQ(hSection(1).iTrnEnd, 3);  // against the first one, not the one before
+  EXPECT_EQ(hSection(2).iTrnBeg, 4);
+  EXPECT_EQ(hTrn(4).iSection, 2);
+}
+
+TEST(Sections, SeparationsAreComparedIn32Bits) {
+  const R4 fStep = Spacing(100.0f);
+  const auto At_Separation = [&](R4 NStep) {
+    return TransientBuilder().Station(R8{100.0f + NStep * fStep}).Transmitter(0);
+  };
+  Load({At_Separation(0), At_Separation(10000), At_Separation(10001)});
+  hTemSurvey.iTemArray = iArrayMVL;
+  EXPECT_EQ(Allocate(), 0);
+  EXPECT_EQ(hTrn(2).iSection, 1);
+  EXPECT_EQ(hTrn(3).iSection, 2);
+}
+
+TEST(Sections, NewOnesKeepNothingOfTheOldNoiseFloors) {
+  const PlotRange hRange = Show({At(1, {5, 3})});
+  hSection(1).fYPNoise(1) = 0.25f;
+  EXPECT_EQ(Allocate(), 0);
+  EXPECT_EQ(hSection(1).fYPNoise(1), 1.0f);
+  EXPECT_EQ(Visible(hRange), "");  // the order may be another: nothing can be picked before the next plot
+  NTrn = 0;
+  EXPECT_EQ(Allocate(), 1);
+  EXPECT_EQ(NSection, 0);
+}
+
+TEST(Sections, RangesJoinThoseOfTheTransients) {
+  Transient hWithout = At(20, {fDummy, fDummy});
+  Transient hLast = At(30, {80, -4});
+  hLast.fARmin = 10.0f, hLast.fARmax = 50.0f;
+  hWithout.fARmin = hWithout.fARmax = 1.0E-6f;  // not above the least resistivity
+  Load({At(10, {90, 7, 2}), hWithout, hLast});
+  EXPECT_EQ(Allocate(), 0);
+  const SectionRecord& h = hSection(1);
+  EXPECT_EQ(std::tie(h.fStnMin, h.fStnMax, h.fTWCmin, h.fTWCmax), std::make_tuple(10.0f, 30.0f, 1.0f, 4.0f));
+  EXPECT_EQ(std::tie(h.fuVmin, h.fuVmax), std::make_tuple(-4.0f, 90.0f));
+  EXPECT_EQ(std::tie(h.fBmin, h.fBmax), std::make_tuple(-0.4f, 9.0f));
+  EXPECT_EQ(std::tie(h.fARmin, h.fARmax), std::make_tuple(10.0f, 50.0f));
+}
+
+TEST(Sections, RecordsWithoutTransientsAreRefused) {
+  struct Case {
+    I4 iTrnBeg, iTrnEnd;
+  };
+  Load({At(1, {1})});
+  for (const Case& hCase : {
+           Case{0, 1},
+           Case{1, 0},
+           Case{1, 2},
+           Case{2, 2}
+  }) {
+    SectionRecord h;
+    I4 iError = 0;
+    h.iTrnBeg = hCase.iTrnBeg;
+    h.iTrnEnd = hCase.iTrnEnd;
+    QCS_Range_SectionJ(h, iError);
+    EXPECT_EQ(iError, 1) << hCase.iTrnBeg << " " << hCase.iTrnEnd;
+    EXPECT_EQ(h.fuVmax, fRangeMax0);
+  }
+}
+
+TEST(Sections, PlotTypesFollowTheComponent) {
+  struct Case {
+    I4 iRxCmp, NPlotType;
+    const char *sType1, *sType2;
+  };
+  const Case hCases[] = {
+      {0, 1, "Unknown Cmp",      ""            },
+      {1, 1, "Ex(t) (uV/Am)",    ""            },
+      {3, 1, "Ez(t) (uV/Am)",    ""            },
+      {4, 2, "dBx/dt (uV/A)",    "Bx(t) (nT/A)"},
+      {6, 2, "dBz/dt (uV/A)",    "Bz(t) (nT/A)"},
+      {7, 1, "Unknown Cmp",      ""            },
+      {8, 1, "Tx Current (amps", ""            },
+      {9, 1, "Unknown Cmp",      ""            },
+  };
+  for (const Case& hCase : hCases) {
+    I4 NPlotType = 0;
+    Array1<Text<16>, MPlotType> sPlotType;
+    QCS_Plot_Types(hCase.iRxCmp, NPlotType, sPlotType);
+    EXPECT_EQ(NPlotType, hCase.NPlotType) << hCase.iRxCmp;
+    EXPECT_EQ(sPlotType(1).str(), hCase.sType1) << hCase.iRxCmp;
+    EXPECT_EQ(sPlotType(2).str(), hCase.sType2) << hCase.iRxCmp;
+  }
+}
+
+// ---- the range of the plot
+
+TEST(SectionPlot, TakesInAllStationsAndZero) {
+  const PlotRange hRange = Show({At(10, {900, 3}), At(20, {500, 2})});
+  EXPECT_EQ(hRange.fXPmin, 10.0f);
+  EXPECT_EQ(hRange.fXPmax, 20.0f);
+  EXPECT_EQ(hRange.fYPmin, fAsinh10(2, 10));
+  EXPECT_EQ(hRange.fYPmax, fAsinh10(900, 10));
+  const PlotRange hBelow = Show({At(10, {-900, -500})});
+  EXPECT_EQ(hBelow.fYPmin, fAsinh10(-900, 10));
+  EXPECT_EQ(hBelow.fYPmax, 0.0f);
+  const PlotRange hNarrow = Show({At(10, {900, 900})});
+  EXPECT_EQ(hNarrow.fYPmax, hNarrow.fYPmin + 1.0f);
+  EXPECT_EQ(Show({At(10, {9000, 3})}, 2).fYPmax, fAsinh10(900, 10));
+}
+
+TEST(SectionPlot, OneStationIsWidened) {
+  const PlotRange hSmall = Show({At(100, {9, 3})});
+  EXPECT_FLOAT_EQ(hSmall.fXPmin, 99.995f);
+  EXPECT_FLOAT_EQ(hSmall.fXPmax, 100.005f);
+  const PlotRange hGreat = Show({At(1.0E6, {9, 3})});  // where 0.005 is nothing in 32 bits
+  EXPECT_EQ(hGreat.fXPmin, 1.0E6f - 0.625f);
+  EXPECT_EQ(hGreat.fXPmax, 1.0E6f + 0.625f);
+  EXPECT_EQ(Visible(hGreat), "1.1 1.2 ");
+  EXPECT_EQ(Joins(hGreat), "");
+}
+
+TEST(SectionPlot, StationsThatOnly64BitsTellApartStayInTheRange) {
+  EXPECT_EQ(Visible(Show({At(1000.1, {9}), At(1000.3, {8}), At(2000.7, {7})})), "1.1 2.1 3.1 ");
+}
+
+TEST(SectionPlot, NoiseFloorIsNeverAboveOne) {
+  PlotRange hRange = Show({At(10, {900, 3}), At(20, {500, 2})});
+  I4 iError = 0;
+  L4 bChanged = false;
+  QCS_Take_Noise_Floor(1, 1, 5.0f, 1.0f, bChanged);
+  EXPECT_TRUE(bChanged);
+  QCS_Section_Initialize(1, 1, hRange, iError);
+  EXPECT_EQ(hSection(1).fYPNoise(1), 5.0f);
+  EXPECT_EQ(fYPNoise(1), 1.0f);
+
+  QCS_Take_Noise_Floor(1, 1, 0.01f, 1.0f, bChanged);
+  QCS_Section_Initialize(1, 1, hRange, iError);
+  EXPECT_FLOAT_EQ(fYPScale, 0.1f);
+  EXPECT_EQ(hRange.fYPmin, fAsinh10(2, fYPScale));
+  EXPECT_EQ(hSection(1).fYPNoise(2), 1.0f);  // another type keeps its own
+}
+
+TEST(SectionPlot, NoiseFloorOfTheFieldIsLimitedAndKeptOnlyIfTheUserChangedIt) {
+  Show({At(10, {900, 3})});
+  L4 bChanged = false;
+  QCS_Take_Noise_Floor(1, 1, 0.0f, 1.0f, bChanged);
+  EXPECT_EQ(hSection(1).fYPNoise(1), 1.0E-12f);
+  QCS_Take_Noise_Floor(1, 1, 1.0E20f, 1.0f, bChanged);
+  EXPECT_EQ(hSection(1).fYPNoise(1), 1.0E9f);
+  QCS_Take_Noise_Floor(1, 1, 0.5f + 100.0f * Spacing(0.5f), 0.5f, bChanged);
+  EXPECT_FALSE(bChanged);
+  EXPECT_EQ(hSection(1).fYPNoise(1), 1.0E9f);
+}
+
+TEST(SectionPlot, WithoutSectionStationOrValueNothingIsVisible) {
+  struct Case {
+    const char* sWhat;
+    I4 iSection, iPlotType;
+    Transient h;
+  };
+  Transient hNoStation = At(10, {9, 3});
+  hNoStation.dRxKvrStn = dDummy;
+  const Case hCases[] = {
+      {"section 0",  0,    1,        At(10,             {9, 3})},
+      {"section 2",            2,      1,  At(10,             {9, 3})},
+      {"plot type 0",     1,         0,     At(10,     {9, 3})},
+      {"plot type 4",       1,    4,        At(10,         {9, 3})},
+      {"all missing",           1,       1, At(10,          {fDummy, fDummy})},
+      {"no windows", 1,1, At(10,{})},
+      {"no resistivity", 1,    3,              At(10,                          {9, 3})},
+      {"no station",            1, 1,        hNoStation                    },
+  };
+  for (const Case& hCase : hCases) {
+    Show({At(10, {9, 3})});
+    Load({hCase.h});
+    Allocate();
+    PlotRange hRange{7, 8, 7, 8};
+    I4 iError = 0, iTrnPnt = 5, iTwcPnt = 5;
+    QCS_Section_Initialize(hCase.iSection, hCase.iPlotType, hRange, iError);
+    EXPECT_EQ(iError, 1) << hCase.sWhat;
+    EXPECT_EQ(hRange.fXPmin, 7.0f) << hCase.sWhat;
+    EXPECT_EQ(Visible({-1.0E30f, 1.0E30f, -50, 50}), "") << hCase.sWhat;
+    QCS_Section_Point(12, 9, 1, 1, hRange, 2, iTrnPnt, iTwcPnt);
+    EXPECT_EQ(iTrnPnt + iTwcPnt, 0) << hCase.sWhat;
+  }
+}
+
+// ---- points and lines
+
+TEST(SectionPoints, LeastAndGreatestValueAreVisible) {
+  const PlotRange hRange = Show({At(10, {1.0E30f, 3, -7.7f}), At(20, {1, fDummy, 2})});
+  EXPECT_EQ(Visible(hRange), "1.1 1.2 1.3 2.1 2.3 ");
+  EXPECT_TRUE(std::isfinite(hRange.fYPmin) && std::isfinite(hRange.fYPmax));
+}
+
+TEST(SectionPoints, ShowTheSkipFlagOfTheWindowAlone) {
+  const PlotRange hRange = Show({At(10, {9, 3}), At(20, {8, 2})});
+  hTrn(1).bSkipTrn = true;
+  hTrn(2).bSkip(2) = true;  // no new initialisation: the next redraw shows it
+  EXPECT_EQ(Visible(hRange), "1.1 1.2 2.1 2.2x ");
+}
+
+TEST(SectionPoints, ZoomLeavesOutWhatLiesOutside) {
+  PlotRange hRange = Show({At(10, {900, 3}), At(20, {500, 2}), At(30, {100, 1})});
+  hRange.fXPmin = 20.0f;
+  hRange.fYPmax = fAsinh10(200, 10);
+  EXPECT_EQ(Visible(hRange), "2.2 3.1 3.2 ");
+}
+
+TEST(SectionLines, JoinConsecutiveValuesOfAWindow) {
+  EXPECT_EQ(Joins(Show({At(10, {9, 3}), At(20, {8, 2}), At(30, {7, 1})})), "10-20 20-30 10-20 20-30 ");
+  EXPECT_EQ(Joins(Show({At(10, {9, 3}), At(20, {8, fDummy}), At(30, {7, 1})})), "10-20 20-30 ");
+  EXPECT_EQ(Joins(Show({At(10, {9, 3, 2}), At(20, {8}), At(30, {7, 1})})), "10-20 20-30 ");
+}
+
+TEST(SectionLines, CrossTheEdgesOfTheZoom) {
+  const PlotRange hAll = Show({At(10, {900}), At(20, {2}), At(30, {800}), At(40, {700}), At(50, {1})});
+  PlotRange hZoom = hAll;
+  hZoom.fXPmin = 15.0f;  // the line from 10 comes in, 50 is reached from 40
+  hZoom.fXPmax = 45.0f;
+  EXPECT_EQ(Joins(hZoom), "10-20 20-30 30-40 40-50 ");
+  hZoom.fYPmin = fAsinh10(100, 10);
+  hZoom.fYPmax = fAsinh10(200, 10);  // both ends outside, on different sides: the line crosses
+  EXPECT_EQ(Joins(hZoom), "10-20 20-30 40-50 ");
+  hZoom.fXPmax = 19.0f;  // between two stations: no transient within the range, so no windows
+  EXPECT_EQ(Joins(hZoom), "");
+}
+
+// ---- picking
+
+/// Graphics units that are plot units.
+constexpr PlotMap hSame{0, 0, 1, 0, 0, 1};
+
+std::string Nearest(R4 fXGr, R4 fYGr, const PlotRange& hRange, R4 fRGrMax, const PlotMap& hMap = hSame) {
+  I4 iTrnPnt = -1, iTwcPnt = -1;
+  QCS_Nearest_Point(fXGr, fYGr, hRange, hMap, fRGrMax, iTrnPnt, iTwcPnt);
+  return std::to_string(iTrnPnt) + "." + std::to_string(iTwcPnt);
+}
+
+TEST(NearestPoint, IsTheFirstOfEquallyNearOnes) {
+  const PlotRange hRange = Show({At(10, {0, 0}), At(12, {0, 0}), At(14, {900, 0})});
+  EXPECT_EQ(Nearest(11, 0, hRange, 2), "1.1");
+  EXPECT_EQ(Nearest(11.01f, 0, hRange, 2), "2.1");
+  EXPECT_EQ(Nearest(11, 0, hRange, 1), "1.1");      // just within reach
+  EXPECT_EQ(Nearest(11, 0, hRange, 0.99f), "0.0");  // just beyond
+  EXPECT_EQ(Nearest(14, 0.1f, hRange, 0.5f), "3.2");
+}
+
+TEST(NearestPoint, IsMeasuredInGraphicsUnitsAmongVisiblePoints) {
+  PlotRange hRange = Show({At(0, {9, 99}), At(10, {9, 99})});
+  const PlotMap hFlat{0, 5, 0.1f, 0, 5, 10};  // a long section: stations are near each other on the screen
+  EXPECT_EQ(Nearest(5.6f, 5 + 10 * fAsinh10(99, 10), hRange, 2, hFlat), "2.2");
+  hRange.fYPmax = fAsinh10(50, 10);
+  EXPECT_EQ(Nearest(5.6f, 5 + 10 * fAsinh10(99, 10), hRange, 2, hFlat), "0.0");
+}
+
+TEST(NearestPoint, NeedsAClickInTheAreaOfThePlotThatWasDrawn) {
+  const PlotRange hRange = Show({At(0, {9, 99}), At(10, {9, 99})});
+  for (const auto& [fXGr, fYGr, iPlotType] : {
+           std::tuple{-0.1f, 5.0f,  1},
+           {24.1f, 5.0f,  1},
+           {5.0f,  -0.1f, 1},
+           {5.0f,  17.9f, 1},
+           {5.0f,  5.0f,  2}
+  }) {
+    I4 iTrnPnt = 1, iTwcPnt = 1;
+    QCS_Section_Point(fXGr, fYGr, 1, iPlotType, hRange, 100, iTrnPnt, iTwcPnt);
+    EXPECT_EQ(iTrnPnt + iTwcPnt, 0) << fXGr << " " << fYGr << " " << iPlotType;
+  }
+}
+
+/// The plot on the screen: 20 by 10 graphics units from (2, 3) on.
+void Draw_Frame(const PlotRange& hRange) {
+  IGrArea(0, 0, 1, 1);
+  IGrUnits(0, 0, fXCMU, fYCMU);
+  IPgArea(2 / fXCMU, 3 / fYCMU, 22 / fXCMU, 13 / fYCMU);
+  IPgScaling(Scaling::Linear, Scaling::Linear);
+  IPgUnits(hRange.fXPmin, hRange.fYPmin, hRange.fXPmax, hRange.fYPmax);
+}
+
+TEST(NearestPoint, AndTheFlipAreFoundInThePlotOnTheScreen) {
+  const PlotRange hRange = Show({At(0, {9, 999}), At(5, {9, 999}), At(10, {9, 999})});
+  Draw_Frame(hRange);
+  I4 iTrnPnt = 0, iTwcPnt = 0;
+  QCS_Section_Point(21.8f, 12.8f, 1, 1, hRange, 0.5f, iTrnPnt, iTwcPnt);
+  EXPECT_EQ(iTrnPnt, 3);
+  EXPECT_EQ(iTwcPnt, 2);
+  QCS_Section_FlipTrn(1, 11.9f, 12.1f);
+  EXPECT_EQ(hTrn(1).fuVmag(1), 9.0f);
+  EXPECT_EQ(hTrn(2).fuVmag(1), -9.0f);
+  EXPECT_EQ(hTrn(3).fuVmag(1), 9.0f);
+}
+
+// ---- polarity
+
+TEST(Polarity, FlippedTwiceIsAsItWas) {
+  Show({At(10, {900, fDummy, -3}), At(20, {500, 2, 1}), At(30, {fDummy, fDummy})});
+  hTrn(1).fuVerr(1) = 5.0f;
+  const Transient h1 = hTrn(1), h2 = hTrn(2), h3 = hTrn(3);
+  QCS_Flip_Stations(1, 5, 15);
+  EXPECT_EQ(hTrn(1).fuVmag(1), -900.0f);
+  EXPECT_EQ(hTrn(1).fBmag(1), -90.0f);
+  EXPECT_EQ(hTrn(1).fuVmag(2), fDummy);
+  EXPECT_EQ(hTrn(1).fuVerr(1), 5.0f);
+  EXPECT_EQ(std::tie(hTrn(1).fuVmin, hTrn(1).fuVmax), std::make_tuple(-900.0f, 3.0f));
+  EXPECT_EQ(hTrn(2).fuVmag, h2.fuVmag);
+
+  QCS_Section_FlipAll(1);
+  EXPECT_EQ(hTrn(1).fuVmag, h1.fuVmag);
+  EXPECT_EQ(hTrn(1).fBmax, h1.fBmax);
+  EXPECT_EQ(hTrn(2).fuVmag(1), -500.0f);
+  EXPECT_EQ(std::tie(hTrn(2).fBmin, hTrn(2).fBmax), std::make_tuple(-50.0f, -0.1f));
+  EXPECT_EQ(hTrn(3).fuVmag, h3.fuVmag);
+  EXPECT_EQ(std::tie(hTrn(3).fuVmin, hTrn(3).fuVmax), std::make_tuple(fRangeMin0, fRangeMax0));
+}
+
+TEST(Polarity, FlipStopsAtTheFirstStationBeyondTheBox) {
+  Show({At(10, {1}), At(20, {1}), At(40, {1}), At(20, {1})});
+  QCS_Flip_Stations(1, 20, 30);
+  std::string sFlipped;
+  for (I4 j = 1; j <= NTrn; ++j) sFlipped += hTrn(j).fuVmag(1) < 0 ? '-' : '+';
+  EXPECT_EQ(sFlipped, "+-++");
+}
+
+TEST(Polarity, FlipStaysInItsSection) {
+  Show({At(10, {1}, iCmpHx), At(10, {1}), At(20, {1})});
+  QCS_Section_FlipAll(1);
+  EXPECT_EQ(hTrn(1).fuVmag(1), -1.0f);
+  EXPECT_EQ(hTrn(2).fuVmag(1), 1.0f);
+  QCS_Section_FlipAll(3);  // there is none: reported, nothing is done
+  QCS_Flip_Stations(0, 0, 100);
+  EXPECT_EQ(hTrn(3).fuVmag(1), 1.0f);
+}
+
+TEST(Polarity, TheNextPlotShowsIt) {
+  PlotRange hRange = Show({At(10, {900, 3})});
+  QCS_Section_FlipAll(1);
+  EXPECT_EQ(Visible(hRange), "");
+  I4 iError = 0;
+  QCS_Section_Initialize(1, 1, hRange, iError);
+  EXPECT_EQ(hRange.fYPmin, fAsinh10(-900, 10));
+  EXPECT_NEAR(hRange.fYPmax, 0.0f, fTiny);
+  EXPECT_EQ(Visible(hRange), "1.1 1.2 ");
+}
+
+// ---- size
+
+TEST(Sections, AFullStoreIsOneSectionOrAsManyAsTransients) {
+  Begin_Test();
+  QCS_Initialize();
+  NTrn = MTrn;
+  for (I4 j = 1; j <= NTrn; ++j) {
+    hTrn(j) = At(j, {static_cast<R4>(j)});
+    hTrn(j).NTW = MTW;
+    hTrn(j).fuVmag.fill(static_cast<R4>(j));
+  }
+  EXPECT_EQ(Allocate(), 0);
+  PlotRange hRange;
+  I4 iError = 0, NPoint = 0;
+  QCS_Section_Initialize(1, 1, hRange, iError);
+  QCS_Visit_Points(hRange, [&](const SectionPoint&) { ++NPoint; });
+  EXPECT_EQ(NPoint, MTrn * MTW);
+  EXPECT_EQ(Nearest(4096, fAsinh10(4096, 10), hRange, 0.5f), "4096.1");
+
+  for (I4 j = 1; j <= NTrn; ++j) hTrn(j).dTxStn = j;
+  EXPECT_EQ(Allocate(), 0);
+  EXPECT_EQ(NSection, MTrn);
+  EXPECT_EQ(hSection(MTrn).iTrnEnd, MTrn);
+}
+
+}  // namespace
+}  // namespace quillan

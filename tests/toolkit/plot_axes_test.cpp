@@ -1,0 +1,250 @@
+#include "toolkit/plot_axes.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include "support/files.h"
+#include "toolkit/hardcopy.h"
+#include "toolkit/played_session.h"
+
+namespace quillan {
+namespace {
+
+constexpr R4 fInf = std::numeric_limits<R4>::infinity();
+
+std::string Majors(const std::vector<Tick>& hTick) {
+  std::ostringstream sAll;
+  for (const Tick& h : hTick) {
+    if (h.bMajor) sAll << (sAll.tellp() > 0 ? " " : "") << h.dValue;
+  }
+  return sAll.str();
+}
+
+TEST(Ticks, LinearStepsAreTidyAndAtLeastThree) {
+  const struct {
+    R8 dLow, dHigh;
+    I4 MMajor;
+    const char* sTicks;
+  } hCases[] = {
+      {0,    10,   5,  "0 2 4 6 8 10"         },
+      {0.3,  9.7,  10, "1 2 3 4 5 6 7 8 9"    },
+      {-1,   1,    4,  "-1 -0.5 0 0.5 1"      },
+      {1100, 1900, 3,  "1200 1400 1600 1800"  },
+      {0.1,  0.3,  5,  "0.1 0.15 0.2 0.25 0.3"},
+      {9,    1,    4,  "2 4 6 8"              },
+      {5,    5,    5,  "4.6 4.8 5 5.2 5.4"    },
+      {0,    0,    2,  "-1 0 1"               },
+  };
+  for (const auto& c : hCases) {
+    EXPECT_EQ(Majors(Linear_Ticks(c.dLow, c.dHigh, c.MMajor)), c.sTicks) << c.dLow << " to " << c.dHigh;
+  }
+}
+
+TEST(Ticks, LogarithmicOnesAreDecadesThenOneTwoFiveThenTidySteps) {
+  const struct {
+    R8 dLow, dHigh;
+    I4 MMajor;
+    const char* sTicks;
+  } hCases[] = {
+      {0.005,   20,     10, "0.01 0.1 1 10"                 },
+      {1.0E-12, 1.0E12, 5,  "1e-10 1e-05 1 100000 1e+10"    },
+      {0.8,     30,     10, "1 2 5 10 20"                   },
+      {3,       40,     10, "5 10 20"                       },
+      {2.1,     4.9,    10, "2.5 3 3.5 4 4.5"               },
+      {7,       7,      10, "5 10 20"                       },
+      {100,     1,      10, "1 10 100"                      },
+      {-3,      100,    10, "0.0001 0.001 0.01 0.1 1 10 100"},
+  };
+  for (const auto& c : hCases) {
+    EXPECT_EQ(Majors(Logarithmic_Ticks(c.dLow, c.dHigh, c.MMajor)), c.sTicks) << c.dLow << " to " << c.dHigh;
+  }
+}
+
+TEST(Ticks, MinorOnesStandBetweenMajorOnes) {
+  EXPECT_EQ(Linear_Ticks(0, 4, 2).size(), 9U) << "four parts of a step of 2";
+  EXPECT_EQ(Linear_Ticks(0, 5, 5).size(), 26U) << "five of a step of 1";
+  EXPECT_EQ(Logarithmic_Ticks(1, 1000, 10).size(), 28U) << "2 to 9 of three decades";
+  EXPECT_EQ(Logarithmic_Ticks(2, 20, 10).size(), 10U) << "every digit from 2 on";
+}
+
+TEST(Ticks, AnyRangeEnds) {
+  for (const R8 dLow : {-1.0E38, -1.0, 0.0, 1.0E-38, 1.0, 1.0E30, std::nan(""), -HUGE_VAL}) {
+    for (const R8 dHigh : {-1.0E30, 0.0, 1.0E-45, 1.0 + 1.0E-15, 3.0E38, std::nan(""), HUGE_VAL}) {
+      EXPECT_LT(Linear_Ticks(dLow, dHigh, 10).size(), 200U) << dLow << " to " << dHigh;
+      EXPECT_LT(Logarithmic_Ticks(dLow, dHigh, 10).size(), 200U) << dLow << " to " << dHigh;
+    }
+  }
+}
+
+/// A plot from 1 to 9 in X and 2 to 8 in Y of an area of 10 by 10 graphics units.
+void Begin_Plot(Scaling iX, Scaling iY, R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax) {
+  IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
+  IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
+  IPgArea(0.1f, 0.2f, 0.9f, 0.8f);
+  IPgScaling(iX, iY);
+  IPgUnits(fXMin, fYMin, fXMax, fYMax);
+}
+
+TEST(PlotUnits, LieWhereTheScaleOfTheAxisPutsThem) {
+  PlayedSession hSession("");
+  Begin_Plot(Scaling::Logarithmic, Scaling::Linear, 0.01f, -3.0f, 100.0f, 7.0f);
+  R4 fX = 0.0f, fY = 0.0f;
+  IPgUnitsToGrUnits(0.01f, -3.0f, fX, fY);
+  EXPECT_FLOAT_EQ(fX, 1.0f);
+  EXPECT_FLOAT_EQ(fY, 2.0f);
+  IPgUnitsToGrUnits(100.0f, 7.0f, fX, fY);
+  EXPECT_FLOAT_EQ(fX, 9.0f);
+  EXPECT_FLOAT_EQ(fY, 8.0f);
+  IPgUnitsToGrUnits(0.1f, -1.0f, fX, fY);
+  EXPECT_FLOAT_EQ(fX, 3.0f);
+  EXPECT_FLOAT_EQ(fY, 3.2f);
+  IPgUnitsFromGrUnits(3.0f, 3.2f, fX, fY);
+  EXPECT_NEAR(fX, 0.1f, 1.0E-6f);
+  EXPECT_NEAR(fY, -1.0f, 1.0E-6f);
+
+  IPgUnitsToGrUnits(0.0f, 1.0E30f, fX, fY);
+  EXPECT_TRUE(std::isnan(fX)) << "no place on a logarithmic axis";
+  EXPECT_GT(fY, 1.0E28f);
+  IPgUnitsToGrUnits(-5.0f, -fInf, fX, fY);
+  EXPECT_TRUE(std::isnan(fX));
+  EXPECT_TRUE(std::isfinite(fY)) << "far out, but a place to draw to";
+}
+
+TEST(PlotUnits, TheEndsOfTheRangeLieExactlyOnTheEdges) {
+  PlayedSession hSession("");
+  for (const R4 fEnd : {0.3f, 7.7f, 12345.678f, 1.0E30f}) {
+    Begin_Plot(Scaling::Linear, Scaling::Linear, -0.1f, 1.0E-3f, fEnd, fEnd);
+    R4 fX1 = 0.0f, fY1 = 0.0f, fX2 = 0.0f, fY2 = 0.0f;
+    IPgUnitsToGrUnits(-0.1f, 1.0E-3f, fX1, fY1);
+    IPgUnitsToGrUnits(fEnd, fEnd, fX2, fY2);
+    EXPECT_EQ(fX1, 0.1f * 10.0f);
+    EXPECT_EQ(fY1, 0.2f * 10.0f);
+    EXPECT_EQ(fX2, 0.9f * 10.0f);
+    EXPECT_EQ(fY2, 0.8f * 10.0f);
+  }
+}
+
+TEST(PlotUnits, ARangeThatNoAxisCanHaveBecomesOneThatItCan) {
+  PlayedSession hSession("");
+  Begin_Plot(Scaling::Linear, Scaling::Logarithmic, 50.0f, -2.0f, 50.0f, 0.0f);
+  EXPECT_FLOAT_EQ(InfoPgReal(iPlotXMin), 45.0f);
+  EXPECT_FLOAT_EQ(InfoPgReal(iPlotXMax), 55.0f);
+  EXPECT_FLOAT_EQ(InfoPgReal(iPlotYMin), 1.0f);
+  EXPECT_FLOAT_EQ(InfoPgReal(iPlotYMax), 10.0f);
+  Begin_Plot(Scaling::Linear, Scaling::Logarithmic, std::nanf(""), 8.0f, fInf, 8.0f);
+  EXPECT_TRUE(std::isfinite(InfoPgReal(iPlotXMin)) && std::isfinite(InfoPgReal(iPlotXMax)));
+  EXPECT_FLOAT_EQ(InfoPgReal(iPlotYMax), 8.0f * std::sqrt(10.0f));
+}
+
+TEST(PlotUnits, AreInForceUntilForgotten) {
+  PlayedSession hSession("");
+  IPgForget();
+  EXPECT_FALSE(IPg_Is_Plotting());
+  Begin_Plot(Scaling::Linear, Scaling::Linear, 0.0f, 0.0f, 1.0f, 1.0f);
+  EXPECT_TRUE(IPg_Is_Plotting());
+  IPgForget();
+  EXPECT_FALSE(IPg_Is_Plotting());
+}
+
+/// A text of a metafile: the place of its first letter and its end, in device units, x to the right and y downward.
+struct DrawnText {
+  I4 iLeft, iRight, iBaseline;
+  std::string sText;
+};
+
+/// The texts that iDraw puts into a picture of 2000 by 1500 device units.
+template <class Draw>
+std::vector<DrawnText> Texts_of(Draw iDraw) {
+  IGrHardCopySelect(HardCopyDriver::Metafile);
+  IGrHardCopySize(2000, 1500);
+  IGrHardCopy("axes.wmf");
+  iDraw();
+  bool bDone = false;
+  IGrHardCopyEnd(bDone);
+  EXPECT_TRUE(bDone);
+
+  const std::string sBytes = Read_Whole_File("axes.wmf");
+  const auto iWord = [&](std::size_t I) {
+    const auto iByte = [&](std::size_t K) { return static_cast<unsigned char>(sBytes[K]); };
+    return static_cast<I4>(static_cast<std::int16_t>(iByte(I) | iByte(I + 1) << 8));
+  };
+  constexpr std::size_t NHeaders = 22 + 18;
+  constexpr I4 iExtTextOut = 0x0A32;
+  std::vector<DrawnText> hText;
+  for (std::size_t I = NHeaders; I + 6 <= sBytes.size() && iWord(I) > 0; I += 2 * static_cast<std::size_t>(iWord(I))) {
+    if (iWord(I + 4) != iExtTextOut) continue;
+    const auto NText = static_cast<std::size_t>(iWord(I + 10));
+    DrawnText h{iWord(I + 8), iWord(I + 8), iWord(I + 6), sBytes.substr(I + 14, NText)};
+    for (std::size_t K = 0; K < NText; ++K) h.iRight += iWord(I + 14 + (NText + 1) / 2 * 2 + 2 * K);
+    hText.push_back(h);
+  }
+  return hText;
+}
+
+TEST(AxisTexts, NeitherCollideNorLeaveThePicture) {
+  PlayedSession hSession("");
+  const struct {
+    Scaling iScaling;
+    R4 fMin, fMax;
+  } hCases[] = {
+      {Scaling::Linear,      0.0f,       1.0f      },
+      {Scaling::Linear,      -123456.0f, -123455.0f},
+      {Scaling::Linear,      4.0E6f,     5.0E6f    },
+      {Scaling::Linear,      1.0E30f,    3.0E30f   },
+      {Scaling::Logarithmic, 0.005f,     30.0f     },
+      {Scaling::Logarithmic, 1.0E-9f,    1.0E9f    },
+      {Scaling::Logarithmic, 0.9f,       11.0f     },
+      {Scaling::Logarithmic, 2.9f,       3.1f      },
+  };
+  for (const auto& c : hCases) {
+    for (const R4 fSize : {0.02f, 0.04f, 0.08f}) {
+      const std::vector<DrawnText> hText = Texts_of([&] {
+        Begin_Plot(c.iScaling, Scaling::Linear, c.fMin, 0.0f, c.fMax, 1.0f);
+        WGrTextFont(0.4f * fSize, fSize);
+        IPgXScale("TN");
+      });
+      const testing::Message sWhat = testing::Message() << c.fMin << " to " << c.fMax << ", size " << fSize;
+      EXPECT_GE(hText.size(), fSize < 0.05f ? 3U : 1U) << sWhat;
+      for (const DrawnText& h : hText) {
+        EXPECT_TRUE(h.iLeft >= 0 && h.iRight <= 2000 && h.iBaseline <= 1500) << sWhat << ": " << h.sText;
+        for (const DrawnText& hOther : hText) {
+          EXPECT_TRUE(&h == &hOther || h.iRight < hOther.iLeft || hOther.iRight < h.iLeft)
+              << sWhat << ": " << h.sText << " and " << hOther.sText;
+        }
+      }
+    }
+  }
+}
+
+TEST(AxisTexts, OfTheCallerStandRightAlignedAndWithoutTheirBlanks) {
+  PlayedSession hSession("");
+  const R4 fYTick[] = {0.0f, 0.01f, 0.5f, 1.0f};
+  const std::string sYTick[] = {"  -10 ", "crowded", "0", "1.0E+04"};
+  const std::vector<DrawnText> hText = Texts_of([&] {
+    Begin_Plot(Scaling::Linear, Scaling::Linear, 0.0f, 0.0f, 1.0f, 1.0f);
+    IPgYUserScale(fYTick, sYTick, "T");
+  });
+  ASSERT_EQ(hText.size(), 3U);
+  EXPECT_EQ(hText[0].sText + "," + hText[1].sText + "," + hText[2].sText, "-10,0,1.0E+04");
+  EXPECT_NEAR(hText[0].iRight, hText[2].iRight, 2);
+  EXPECT_LT(hText[0].iRight, 200) << "clear of the plot";
+  EXPECT_GT(hText[0].iBaseline, hText[2].iBaseline);
+}
+
+TEST(AxisTexts, ATitleThatIsTooLongIsMadeSmaller) {
+  PlayedSession hSession("");
+  const std::vector<DrawnText> hText = Texts_of([] {
+    Begin_Plot(Scaling::Linear, Scaling::Linear, 0.0f, 0.0f, 1.0f, 1.0f);
+    WGrTextFont(0.02f, 0.05f);
+    IPgTitle(std::string(70, 'm'), 0.8f);
+  });
+  ASSERT_EQ(hText.size(), 1U);
+  EXPECT_GE(hText[0].iLeft, 0);
+  EXPECT_LE(hText[0].iRight, 2000);
+}
+
+}  // namespace
+}  // namespace quillan
