@@ -15,6 +15,7 @@ struct BenchData {
   std::string sBytes;     // the bytes of that file
   KeptStore hMade;        // as it was made
   KeptStore hRead;        // as AVG_Read gives it
+  KeptStore hSection;     // one section
   std::string sOut;       // where to write, beside sFile
   std::string sDiskFile;  // where to write on a disk
 };
@@ -29,5 +30,8 @@ Bench Bench_Initialize, Bench_MDE, Bench_Widths, Bench_Complete, Bench_TWCfg, Be
     Bench_Open;
 // write_bench.cpp
 Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync;
+// review_bench.cpp
+Bench Floor_Section_Small, Bench_Section_Small, Floor_Section_Large, Bench_Section_Large, Floor_Nearest, Bench_Nearest,
+    Floor_Curve_Small, Bench_Curve_Small, Floor_Curve_Large, Bench_Curve_Large;
 
 }  // namespace quillan

@@ -11,6 +11,7 @@
 
 #include "metadata/mdp_data.h"
 #include "processing/b_field.h"
+#include "shell/input_driver.h"
 
 namespace quillan {
 namespace {
@@ -20,6 +21,7 @@ constexpr R4 fTimeFirst = 0.0107f;    // msec
 constexpr R4 fTimeStep = 1.135f;      // from window to window
 constexpr R4 fNoise = 3.0E-3f;        // uV/A
 constexpr R4 fPercentOfNoise = 0.5f;  // error of a strong signal
+constexpr R4 fPartSkipped = 0.1f;
 
 using Random = std::mt19937;
 
@@ -72,23 +74,46 @@ void Set_Window(I4 I, R4 fStrength, Random& hRandom, Transient& h) {
   h.fARes(I) = 60.0f * Uniform(hRandom, 0.5f, 2.0f);
 }
 
-}  // namespace
+void Set_Windows(R4 fStrength, Random& hRandom, Transient& h) {
+  h.NTW = MTW;
+  for (I4 I = 1; I <= MTW; ++I) Set_Window(I, fStrength, hRandom, h);
+}
 
-void Make_Full_Store() {
+void Begin_Store() {
   I4 iError = 0;
   TMD_Initialize(iError);
   MDP_Initialize(iError);
   Set_Survey();
+}
+
+}  // namespace
+
+void Make_Full_Store() {
+  I4 iError = 0;
+  Begin_Store();
   Random hRandom(12);
   for (NTrn = 1; NTrn <= MTrn; ++NTrn) {
-    Transient& h = hTrn(NTrn);
-    Set_Header(NTrn, h);
-    h.NTW = MTW;
-    const R4 fStrength = Uniform(hRandom, 0.05f, 0.5f);
-    for (I4 I = 1; I <= MTW; ++I) Set_Window(I, fStrength, hRandom, h);
+    Set_Header(NTrn, hTrn(NTrn));
+    Set_Windows(Uniform(hRandom, 0.05f, 0.5f), hRandom, hTrn(NTrn));
   }
   NTrn = MTrn;
   dBdt_2_B(iError);
+}
+
+void Make_Full_Section() {
+  I4 iError = 0;
+  Begin_Store();
+  Random hRandom(12);
+  for (NTrn = 1; NTrn <= MTrn; ++NTrn) {
+    Transient& h = hTrn(NTrn);
+    Set_Header(2 * NTrn - 1, h);
+    const R4 fPlace = static_cast<R4>(NTrn);
+    Set_Windows(0.2f * (1.2f + std::sin(fPlace / 90.0f)) * Uniform(hRandom, 0.95f, 1.05f), hRandom, h);
+    for (I4 I = 1; I <= MTW; ++I) h.bSkip(I) = Uniform(hRandom, 0.0f, 1.0f) < fPartSkipped;
+  }
+  NTrn = MTrn;
+  dBdt_2_B(iError);
+  TEM_Trn_Data_Range(iError);
 }
 
 KeptStore Keep_Store() {

@@ -21,6 +21,10 @@ struct KeptStore {
 /// Fills the store and the survey record.
 void Make_Full_Store();
 
+/// The same with one section: an Hz transient at each of 4096 stations, whose strength changes smoothly along the line,
+/// and a tenth of the windows skipped.
+void Make_Full_Section();
+
 KeptStore Keep_Store();
 void Put_Store(const KeptStore& hStore);
 

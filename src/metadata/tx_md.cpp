@@ -153,7 +153,7 @@ void Set_Side_and_Azimuth(TxGroup& hTx, I4 iPriority) {
   const R4 fDX = static_cast<R4>(hTx.dUTMN(1, 2) - hTx.dUTMN(1, 1));
   const R4 fDY = static_cast<R4>(hTx.dUTMN(2, 2) - hTx.dUTMN(2, 1));
   const R4 fDR = std::sqrt(fDX * fDX + fDY * fDY);
-  if (fDR <= fLeastSide) return;
+  if (fDR <= fLeastSide || !std::isfinite(fDR)) return;  // nor can corners too far apart for the square be a loop
   const R4 fAzimuth = fRadToDeg * std::atan2(fDX, fDY);
   hTx.fLength.fill(fDR);
   hTx.lLength.fill(iPriority);

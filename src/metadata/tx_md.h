@@ -80,8 +80,9 @@ void Tx_MD_Initialize(TxGroup& hTx, bool bResetError);
 void Tx_MD_Read(const MdRecord& hRecord, TxGroup& hTx, const UnitGroup& hUnit, I4& IMERR);
 
 /// Centre, side and azimuth of the loop from its UTM vertices 1..NUTMN: dUTMC their mean; fLength, fAzm and fHPR(1)
-/// from vertex 1 to vertex 2, unless those lie on one point. They take the least priority of the vertices, at most 3.
-/// IMERR: 0, also when fewer than two vertices leave everything as it was; 1 when one of them was never read.
+/// from vertex 1 to vertex 2, unless those lie on one point or beyond all measure apart. They take the least priority
+/// of the vertices, at most 3. IMERR: 0, also when fewer than two vertices leave everything as it was; 1 when one of
+/// them was never read.
 void Tx_MD_UTMN_to_UTMC(TxGroup& hTx, I4& IMERR);
 
 }  // namespace quillan

@@ -219,8 +219,10 @@ void Draw_Zero_Line() {
   if (r.fYPgMin <= 0.0f && r.fYPgMax >= 0.0f) IPgJoin2(InfoPgReal(iPlotXMin), 0.0f, InfoPgReal(iPlotXMax), 0.0f);
 }
 
-void Set_Colour(I4 I) {
-  IGrColour(hCurve.bSkip(I) ? "MAGENTA" : "BLACK");
+// Live points, then skipped ones: lines of one colour and type are drawn in one call.
+
+void Set_Colour(L4 bSkip) {
+  IGrColour(bSkip ? "MAGENTA" : "BLACK");
 }
 
 /// A line to the right. Times that fall back or repeat are not joined.
@@ -230,13 +232,13 @@ void Draw_Forward(const GrPoint& h1, const GrPoint& h2) {
   IGrLineTo(h2.fX, h2.fY);
 }
 
-/// Each point owns the curve from the middle of the way before it to the middle of the way behind it.
-void Draw_Curve(const Array1<GrPoint, MTW>& hPoint) {
-  if (hCurve.NPobs < 2) return;
+/// Each point owns the curve from the middle of the way before it to the middle of the way behind it. A curve of one
+/// point is no line.
+void Draw_Curve(const Array1<GrPoint, MTW>& hPoint, L4 bSkip) {
   IGrLineWidth(fCurveWidth);
+  IGrLineType(bSkip ? LineType::Dashed : LineType::Solid);
   for (I4 I = 1; I <= hCurve.NPobs; ++I) {
-    Set_Colour(I);
-    IGrLineType(hCurve.bSkip(I) ? LineType::Dashed : LineType::Solid);
+    if (hCurve.bSkip(I) != bSkip) continue;
     if (I > 1) Draw_Forward(Middle(hPoint(I - 1), hPoint(I)), hPoint(I));
     if (I < hCurve.NPobs) Draw_Forward(hPoint(I), Middle(hPoint(I), hPoint(I + 1)));
   }
@@ -244,26 +246,19 @@ void Draw_Curve(const Array1<GrPoint, MTW>& hPoint) {
   IGrLineWidth(fAxisWidth);
 }
 
-void Draw_Error_Bar(I4 I) {
-  if (hCurve.fYPobs(I) <= fYErrorBars) return;
+void Draw_Error_Bars(L4 bSkip) {
   constexpr R4 fPercent = 100.0f;
-  const R4 fHalf = std::log10(1.0f + hCurve.fYPerr(I) / fPercent);
-  IPgJoin2(hCurve.fXPobs(I), hCurve.fYPobs(I) - fHalf, hCurve.fXPobs(I), hCurve.fYPobs(I) + fHalf);
-}
-
-void Draw_Error_Bars() {
   for (I4 I = 1; I <= hCurve.NPobs; ++I) {
-    Set_Colour(I);
-    Draw_Error_Bar(I);
+    if (hCurve.bSkip(I) != bSkip || hCurve.fYPobs(I) <= fYErrorBars) continue;
+    const R4 fHalf = std::log10(1.0f + hCurve.fYPerr(I) / fPercent);
+    IPgJoin2(hCurve.fXPobs(I), hCurve.fYPobs(I) - fHalf, hCurve.fXPobs(I), hCurve.fYPobs(I) + fHalf);
   }
 }
 
-void Draw_Symbols(const Array1<GrPoint, MTW>& hPoint, std::string_view sSymbol) {
-  WGrTextOrientation(Justify::Centre, 0.0f);
+void Draw_Symbols(const Array1<GrPoint, MTW>& hPoint, L4 bSkip, std::string_view sSymbol) {
+  Set_Colour(bSkip);
   for (I4 I = 1; I <= hCurve.NPobs; ++I) {
-    if (!In_View(I)) continue;
-    Set_Colour(I);
-    WGrTextString(hPoint(I).fX, hPoint(I).fY, sSymbol);
+    if (hCurve.bSkip(I) == bSkip && In_View(I)) WGrTextString(hPoint(I).fX, hPoint(I).fY, sSymbol);
   }
 }
 
@@ -271,10 +266,14 @@ void Draw_Data(std::string_view sSymbol) {
   Array1<GrPoint, MTW> hPoint;
   for (I4 I = 1; I <= hCurve.NPobs; ++I) hPoint(I) = Gr_Point(I);
   IPgClipRectangle("P");
-  Draw_Curve(hPoint);
-  Draw_Error_Bars();
+  for (const L4 bSkip : {false, true}) {
+    Set_Colour(bSkip);
+    Draw_Curve(hPoint, bSkip);
+    Draw_Error_Bars(bSkip);
+  }
   IPgClipRectangle("G");  // a letter on the edge of the plot is shown whole
-  Draw_Symbols(hPoint, sSymbol);
+  WGrTextOrientation(Justify::Centre, 0.0f);
+  for (const L4 bSkip : {false, true}) Draw_Symbols(hPoint, bSkip, sSymbol);
   IGrColour("BLACK");
 }
 

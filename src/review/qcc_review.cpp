@@ -216,6 +216,13 @@ void On_Field(CurveView& h, I4 iField) {
   if (iField == iMnuView) iCurvePlotType = std::clamp(iValue, 1, h.NPlotType);
 }
 
+/// The tool window goes along with the corner that it stands in, unless the user has put it elsewhere.
+void On_Resize(CurveView& h) {
+  WDialogHide();
+  Tool_Show();
+  h.bRedraw = true;
+}
+
 void Wait_And_Act(CurveView& h) {
   MessageType iType = MessageType::None;
   Message hMessage;
@@ -225,8 +232,8 @@ void Wait_And_Act(CurveView& h) {
     case MessageType::Button: Carry_Out(hButton, hMessage.VALUE1, h); break;
     case MessageType::MouseDown: On_Mouse(h, hMessage); break;
     case MessageType::Field: On_Field(h, hMessage.VALUE1); break;
-    case MessageType::Expose:
-    case MessageType::Resize: h.bRedraw = true; break;
+    case MessageType::Expose: h.bRedraw = true; break;
+    case MessageType::Resize: On_Resize(h); break;
     case MessageType::Close: Stop_Program();
     default: break;
   }

@@ -56,13 +56,16 @@ struct SectionView {
 
 // ---- fields of the tool window
 
+/// What the field holds is meant for the section that was on show when it was typed, though that was left since.
+/// Before the first one is shown the field holds nothing of the user's.
 void Read_Noise_Floor(SectionView& hView) {
+  if (hView.iSectionShown == 0) return;
   R4 fField = 0.0f;
   InfoError(iInfoLastError);
   WDialogGetReal(iFldNoiseFloor, fField);
   if (InfoError(iInfoLastError) != iErrNone) return;
   L4 bChanged = false;
-  QCS_Take_Noise_Floor(hView.iSection, hView.iPlotType, fField, hView.fYPNoise0, bChanged);
+  QCS_Take_Noise_Floor(hView.iSectionShown, hView.iPlotType, fField, hView.fYPNoise0, bChanged);
   hView.bInitialize = hView.bInitialize || bChanged;
 }
 
@@ -104,6 +107,7 @@ void Begin_Section(SectionView& hView) {
 
 void Initialize_Plot(SectionView& hView) {
   hView.bInitialize = false;
+  hView.hFull = PlotRange{};  // a section without values must not show the scale of the one before
   I4 iError = 0;
   QCS_Section_Initialize(hView.iSection, hView.iPlotType, hView.hFull, iError);
   hView.hRange = hView.hFull;

@@ -11,7 +11,8 @@
 // while the user is typing in the field.
 //
 // A field reports a change (MessageType::Field) when its edit is complete: the focus has left it, Enter, a box
-// ticked, an entry chosen, a cell edited. A button completes the edit under way before it reports itself.
+// ticked, an entry chosen, a trackbar moved, a cell edited. A button completes the edit under way before it reports
+// itself.
 #pragma once
 
 #include <span>

@@ -23,7 +23,7 @@ constexpr R8 dMinEm = 9.0;       // pixels on the screen: smaller letters cannot
 constexpr R8 dMinStretch = 0.7;  // narrower letters neither
 constexpr R8 dMaxStretch = 10.0;
 constexpr R8 dDiscRadius = 0.25;  // of the em
-constexpr R4 fMaxWidth = 100.0f;  // pixels of line width
+constexpr R4 fMaxWidth = 16.0f;   // pixels of line width
 constexpr QRgb iWhite = 0xFFFFFFFF;
 constexpr R8 dSlack = 0.01;  // pixels: what 32-bit units lose at the edge of a clip
 constexpr R8 dDash = 5.0;    // pixels of line width
@@ -162,6 +162,19 @@ void Mark_Changed() {
   Drawing_Area()->update();
 }
 
+/// Hands the segments that are collected to the back end.
+void Draw_Collected() {
+  Collected& h = hDraw.hCollected;
+  if (h.hLine.empty()) return;
+  if (h.iType == LineType::Dashed) {
+    std::vector<QLineF> hDash;
+    Cut_Dashes(h.hLine, dDash * hDraw.hCanvas.dPixel, dGap * hDraw.hCanvas.dPixel, hDash);
+    h.hLine.swap(hDash);
+  }
+  hDraw.hCanvas.hBackEnd->Lines(h.hLine, h.hPen);
+  h.hLine.clear();
+}
+
 void Use_Canvas(const Canvas& hCanvas) {
   hDraw.hCanvas = hCanvas;
   Place_Area();
@@ -273,7 +286,7 @@ void WindowClear() {
 
 void IGrAreaClear() {
   if (!Drawable()) return;
-  IGrFlush();
+  Draw_Collected();
   const QRectF hPicture(QPointF(0.0, 0.0), hDraw.hCanvas.hSize);
   hDraw.hCanvas.hBackEnd->Fill(hDraw.hPlace.hArea.normalized().intersected(hPicture), iWhite);
   if (hDraw.hCanvas.bScreen) Clear_Overlay();
@@ -321,7 +334,7 @@ void Segment(QPointF hFrom, QPointF hTo) {
   if (!Clip_Line(hLine, hDraw.hPlace.hVisible)) return;
   Collected& h = hDraw.hCollected;
   const Pen hPen{hDraw.hState.iColour, hDraw.hState.dWidth * hDraw.hCanvas.dPixel};
-  if (h.hPen != hPen || h.iType != hDraw.hState.iType) IGrFlush();
+  if (h.hPen != hPen || h.iType != hDraw.hState.iType) Draw_Collected();
   h.hPen = hPen;
   h.iType = hDraw.hState.iType;
   h.hLine.push_back(hLine);
@@ -372,7 +385,7 @@ void IGrMarker(R4 fX, R4 fY, I4 iMarker) {
   BackEnd* hBackEnd = Drawable();
   const QPointF hCentre = To_Picture(QPointF(R8{fX}, R8{fY}));
   if (!hBackEnd || !Holds(hDraw.hPlace.hVisible, hCentre)) return;
-  if (hDraw.hCollected.hPen.iColour != hDraw.hState.iColour) IGrFlush();
+  if (hDraw.hCollected.hPen.iColour != hDraw.hState.iColour) Draw_Collected();
   hBackEnd->Disc(hCentre, dDiscRadius * hDraw.hPlace.dEm, hDraw.hState.iColour);
   Mark_Changed();
 }
@@ -432,7 +445,7 @@ void WGrTextString(R4 fX, R4 fY, std::string_view sText) {
   const QPointF hPlace = To_Picture(QPointF(R8{fX}, R8{fY}));
   const bool bLeftOut = hState.hClip && !Holds(hDraw.hPlace.hVisible, hPlace);
   if (bLeftOut || !std::isfinite(hPlace.x() + hPlace.y())) return;
-  IGrFlush();
+  Draw_Collected();
   const Lettering hLetters;
   const QString sShown = To_QString(sText);
   const R8 dLeft = -0.5 * static_cast<I4>(hState.iJustify) * hLetters.hMetrics.horizontalAdvance(sShown);
@@ -452,13 +465,8 @@ R4 WGrTextLength(std::string_view sText) {
 }
 
 void IGrFlush() {
-  Collected& h = hDraw.hCollected;
-  if (h.hLine.empty()) return;
-  const std::vector<QLineF> hLine = std::exchange(h.hLine, {});
-  if (h.iType == LineType::Solid) return hDraw.hCanvas.hBackEnd->Lines(hLine, h.hPen);
-  std::vector<QLineF> hDash;
-  Cut_Dashes(hLine, dDash * hDraw.hCanvas.dPixel, dGap * hDraw.hCanvas.dPixel, hDash);
-  hDraw.hCanvas.hBackEnd->Lines(hDash, h.hPen);
+  Draw_Collected();
+  if (hDraw.hCanvas.hBackEnd) hDraw.hCanvas.hBackEnd->Flush();
 }
 
 namespace {

@@ -9,20 +9,28 @@ using namespace toolkit;
 
 namespace {
 
-/// Narrows the part of a line between the fractions dBeg and dEnd to where dPlace + t dStep stays within the limits.
-bool Narrow(R8 dPlace, R8 dStep, R8 dLow, R8 dHigh, R8& dBeg, R8& dEnd) {
-  if (dStep == 0.0) return dPlace >= dLow && dPlace <= dHigh;
-  const R8 d1 = (dLow - dPlace) / dStep;
-  const R8 d2 = (dHigh - dPlace) / dStep;
-  dBeg = std::max(dBeg, std::min(d1, d2));
-  dEnd = std::min(dEnd, std::max(d1, d2));
-  return dBeg <= dEnd;
+/// A coordinate of both ends, and the one across it.
+struct Ends {
+  R8 d1, d2;
+  R8 dAcross1, dAcross2;
+};
+
+/// Where the line is across at dEdge, reckoned from the nearer end: a far one has no digits left for pixels.
+R8 Across_at(const Ends& h, R8 dEdge) {
+  const R8 dSlope = h.d1 == h.d2 ? 0.0 : (h.dAcross2 - h.dAcross1) / (h.d2 - h.d1);
+  const bool bFirst = std::abs(dEdge - h.d1) < std::abs(dEdge - h.d2);
+  return bFirst ? h.dAcross1 + (dEdge - h.d1) * dSlope : h.dAcross2 + (dEdge - h.d2) * dSlope;
 }
 
-/// The point at a fraction of the line. Far ends cost digits: what is clipped must lie in the rectangle all the same.
-QPointF Point_Inside(const QLineF& hLine, R8 dFraction, const QRectF& hClip) {
-  return {std::clamp(hLine.x1() + dFraction * hLine.dx(), hClip.left(), hClip.right()),
-          std::clamp(hLine.y1() + dFraction * hLine.dy(), hClip.top(), hClip.bottom())};
+/// Cuts a line where a coordinate leaves its limits; false: all of it lies outside.
+bool Cut(Ends& h, R8 dLow, R8 dHigh) {
+  if (std::max(h.d1, h.d2) < dLow || std::min(h.d1, h.d2) > dHigh) return false;
+  const Ends hWhole = h;
+  h.d1 = std::clamp(h.d1, dLow, dHigh);
+  h.d2 = std::clamp(h.d2, dLow, dHigh);
+  if (h.d1 != hWhole.d1) h.dAcross1 = Across_at(hWhole, h.d1);
+  if (h.d2 != hWhole.d2) h.dAcross2 = Across_at(hWhole, h.d2);
+  return true;
 }
 
 }  // namespace
@@ -33,14 +41,14 @@ bool toolkit::Holds(const QRectF& hClip, QPointF hPoint) {
 }
 
 bool toolkit::Clip_Line(QLineF& hLine, const QRectF& hClip) {
-  const bool b1 = Holds(hClip, hLine.p1());
-  const bool b2 = Holds(hClip, hLine.p2());
-  if (b1 && b2) return true;
+  if (Holds(hClip, hLine.p1()) && Holds(hClip, hLine.p2())) return true;
   if (!std::isfinite(hLine.x1() + hLine.y1()) || !std::isfinite(hLine.x2() + hLine.y2())) return false;
-  R8 dBeg = 0.0, dEnd = 1.0;
-  if (!Narrow(hLine.x1(), hLine.dx(), hClip.left(), hClip.right(), dBeg, dEnd)) return false;
-  if (!Narrow(hLine.y1(), hLine.dy(), hClip.top(), hClip.bottom(), dBeg, dEnd)) return false;
-  hLine = {b1 ? hLine.p1() : Point_Inside(hLine, dBeg, hClip), b2 ? hLine.p2() : Point_Inside(hLine, dEnd, hClip)};
+  Ends hX{hLine.x1(), hLine.x2(), hLine.y1(), hLine.y2()};
+  if (!Cut(hX, hClip.left(), hClip.right())) return false;
+  Ends hY{hX.dAcross1, hX.dAcross2, hX.d1, hX.d2};
+  if (!Cut(hY, hClip.top(), hClip.bottom())) return false;
+  const auto dInside = [&](R8 dX) { return std::clamp(dX, hClip.left(), hClip.right()); };
+  hLine = {dInside(hY.dAcross1), hY.d1, dInside(hY.dAcross2), hY.d2};
   return true;
 }
 

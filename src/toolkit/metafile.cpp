@@ -1,4 +1,3 @@
-#include <QFontMetricsF>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -32,7 +31,7 @@ constexpr Word iPolygon = 0x0324;
 constexpr Word iPolyline = 0x0325;
 constexpr Word iIntersectClip = 0x0416;
 constexpr Word iEllipse = 0x0418;
-constexpr Word iExtTextOut = 0x0A32;
+constexpr Word iTextOut = 0x0521;
 constexpr Word iEndOfFile = 0x0000;
 
 constexpr Word iAnisotropic = 8;
@@ -177,21 +176,13 @@ void Metafile::Use_Font(const Letters& h) {
   Use(Kind::Font, iCreateFont, hFont);
 }
 
-/// Text in the code page of the format, each character at the place that the screen's metrics give, so that a reader's
-/// own font does not shift it.
+/// Text in the code page of the format, as one piece: readers cut a text that comes with the place of each character.
 void Metafile::Text_Out(const Letters& h) {
-  const QString sText = h.sText.left(MText);
-  const QByteArray sBytes = sText.toLatin1();
-  Words hParameter{Coordinate(h.hStart.y()), Coordinate(h.hStart.x()), static_cast<Word>(sBytes.size()), 0};
+  const QByteArray sBytes = h.sText.left(MText).toLatin1();
+  Words hParameter{static_cast<Word>(sBytes.size())};
   Add_Bytes(hParameter, {sBytes.data(), static_cast<std::size_t>(sBytes.size())});
-  const QFontMetricsF hMetrics(h.hFont);
-  Word iBeg = 0;
-  for (int I = 1; I <= sBytes.size(); ++I) {
-    const Word iEnd = Coordinate(hMetrics.horizontalAdvance(sText.left(I)) * h.dXScale);
-    hParameter.push_back(static_cast<Word>(iEnd - iBeg));
-    iBeg = iEnd;
-  }
-  Record(iExtTextOut, hParameter);
+  hParameter.insert(hParameter.end(), {Coordinate(h.hStart.y()), Coordinate(h.hStart.x())});
+  Record(iTextOut, hParameter);
 }
 
 void Metafile::Write(const Letters& h) {

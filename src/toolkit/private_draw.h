@@ -55,6 +55,8 @@ class BackEnd {
   virtual void Fill(const QRectF& hRectangle, QRgb iColour) = 0;
   virtual void Disc(QPointF hCentre, R8 dRadius, QRgb iColour) = 0;
   virtual void Write(const Letters& hLetters) = 0;
+  /// Brings what is held back into the picture.
+  virtual void Flush() {}
 };
 
 /// Paints into an image of format RGB32 (painter.cpp). The image may be replaced by another, but must not go before

@@ -48,11 +48,11 @@ bool On_Key_in_Line(Field& hField, const QKeyEvent& hKey) {
 /// Watches a tool window and its controls.
 class ToolWatch : public QObject {
  public:
-  explicit ToolWatch(DialogRecord& hRecord) : QObject(hRecord.hWindow), hDialog(hRecord) {}
+  explicit ToolWatch(DialogRecord& hRecord) : QObject(hRecord.hWindow), hDialog(hRecord), hWindow(hRecord.hWindow) {}
 
  protected:
   bool eventFilter(QObject* hTarget, QEvent* hEvent) override {
-    const bool bWindow = hTarget == hDialog.hWindow;
+    const bool bWindow = hTarget == hWindow;
     switch (hEvent->type()) {
       case QEvent::KeyPress: return On_Key(hTarget, *static_cast<QKeyEvent*>(hEvent));
       case QEvent::Wheel: Wheel_to_Plot(*static_cast<QWheelEvent*>(hEvent)); return true;
@@ -95,6 +95,7 @@ class ToolWatch : public QObject {
   }
 
   DialogRecord& hDialog;
+  const QObject* const hWindow;  // only told apart by: events come while it is being deleted, too
   QElapsedTimer hSinceShown;
   bool bEntered = false;  // a field has just got the focus
 };
@@ -118,7 +119,7 @@ void Prepare(DialogRecord& hDialog) {
     Take_Away_Focus(hField.hWidget);
     hField.hWidget->installEventFilter(hWatch);
   }
-  hWindow.setWindowFlags(Qt::Tool | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+  hWindow.setWindowFlags(Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                          (bText ? Qt::WindowFlags() : Qt::WindowDoesNotAcceptFocus));
   hWindow.setAttribute(Qt::WA_ShowWithoutActivating);
   if (hWindow.layout()) hWindow.layout()->setSizeConstraint(QLayout::SetFixedSize);
@@ -126,12 +127,15 @@ void Prepare(DialogRecord& hDialog) {
 }
 
 void Place_Tool(const DialogRecord& hDialog, I4 iX, I4 iY) {
-  QDialog& hWindow = *hDialog.hWindow;
+  QDialog& hTool = *hDialog.hWindow;
   const auto hUser = hUserPlace.find(hDialog.iDialog);
-  if (hUser != hUserPlace.end() && QGuiApplication::screenAt(hUser->second)) return hWindow.move(hUser->second);
+  if (hUser != hUserPlace.end() && QGuiApplication::screenAt(hUser->second)) return hTool.move(hUser->second);
+  const QWidget* hMain = Main_Window();
   const QWidget* hArea = Drawing_Area();
-  const QRect hUnder = hArea ? QRect(hArea->mapToGlobal(QPoint()), hArea->size()) : hWindow.screen()->geometry();
-  Place(hWindow, hUnder, iX, iY);
+  if (!hMain || !hArea) return Place(hTool, hTool.screen()->geometry(), iX, iY);
+  // The caller knows the width without the frame, which will be much like that of the main window.
+  const I4 NFrame = hMain->frameGeometry().width() - hMain->width();
+  Place(hTool, QRect(hArea->mapToGlobal(QPoint()), hArea->size()), iX == iCentred ? iX : iX - NFrame, iY);
 }
 
 }  // namespace

@@ -176,6 +176,10 @@ TEST_F(TxMd, CornersThatSayTooLittleLeaveTheCentreAlone) {
   EXPECT_NEAR(MdTx.dUTMC(1), 100.0025, 1.0E-9) << "two corners on one point still have a mean";
   EXPECT_EQ(MdTx.fLength(1), 100.0f);
   EXPECT_EQ(MdTx.fAzm, 90.0f);
+
+  EXPECT_EQ(Take("$ Tx.UTM2= 9.0E29, 200"), 0);
+  Tx_MD_UTMN_to_UTMC(MdTx, IMERR);
+  EXPECT_EQ(MdTx.fLength(1), 100.0f) << "a side whose square is no number";
 }
 
 }  // namespace

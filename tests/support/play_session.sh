@@ -3,7 +3,8 @@
 #   play_session.sh PROGRAM FOLDER
 # FOLDER holds steps.txt, input/ (copied into a fresh folder, where the program runs), expected/ (each file must come
 # out equal), and perhaps arguments (the command line, steps.txt aside; without it the program starts with the one file
-# of input/ whose name ends in .avg or .xdb) and status (the exit status, 0 without it).
+# of input/ whose name ends in .avg or .xdb), produced (names of files that must be there and hold something) and status
+# (the exit status, 0 without it).
 set -eu
 program=$(realpath "$1")
 session=$(realpath "$2")
@@ -34,6 +35,14 @@ if [ -d "$session/expected" ]; then
       failed=1
     fi
   done < <(cd "$session/expected" && find . -type f | sort)
+fi
+if [ -f "$session/produced" ]; then
+  while IFS= read -r file; do
+    if [ ! -s "$file" ]; then
+      echo "$file is missing or empty"
+      failed=1
+    fi
+  done < "$session/produced"
 fi
 if [ -n "${KEEP:-}" ]; then cp -r "$folder" "$KEEP"; fi
 if [ "$failed" = 1 ]; then

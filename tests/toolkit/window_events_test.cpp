@@ -1,0 +1,183 @@
+// What the windows of the toolkit make of a window system's own events: wheels, trackpads, activation, moves.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QSlider>
+#include <QThread>
+#include <QWheelEvent>
+
+#include "toolkit/dialog.h"
+#include "toolkit/private.h"
+#include "toolkit/window.h"
+
+namespace quillan {
+namespace {
+
+using namespace toolkit;
+
+class WindowEvents : public testing::Test {
+ protected:
+  void SetUp() override {
+    static char sProgram[] = "quillan";
+    static char* hArguments[] = {sProgram, nullptr};
+    WInitialise(1, hArguments, "");
+    WindowOpen2(0, 0, 900, 600, iNoMenu, "Quillan");
+    WMessageEnable(MessageType::Field, true);
+    Told();
+  }
+  void TearDown() override { WindowClose(); }
+
+  static void Show(I4 iDialog) {
+    WDialogLoad(iDialog);
+    WDialogShow(WInfoWindow(iWindowWidth) - WInfoDialog(iDialogWidth) - 1, 0, iShowTool);
+  }
+  static QDialog& Tool() { return *Current_Dialog(); }
+
+  /// What the program was told since the last call, as types and values.
+  static std::string Told() {
+    std::string sTold;
+    MessageType iType = MessageType::None;
+    Message hMessage;
+    for (WMessagePeek(iType, hMessage); iType != MessageType::None; WMessagePeek(iType, hMessage)) {
+      if (iType == MessageType::Expose || iType == MessageType::Resize) continue;
+      sTold +=
+          (sTold.empty() ? "" : " ") + std::to_string(static_cast<I4>(iType)) + ":" + std::to_string(hMessage.VALUE1);
+    }
+    return sTold;
+  }
+
+  static void Turn(QWidget* hWidget, int iAngle, Qt::ScrollPhase iPhase = Qt::NoScrollPhase) {
+    const QPointF hPixel(hWidget->rect().center());
+    QWheelEvent hEvent(hPixel, hWidget->mapToGlobal(hPixel), {}, QPoint(0, iAngle), Qt::NoButton, Qt::NoModifier,
+                       iPhase, false);
+    QCoreApplication::sendEvent(hWidget, &hEvent);
+  }
+  static void Press_Key(int iKey, const QString& sText = {}, bool bRepeat = false) {
+    QWidget* hTarget = QApplication::focusWidget() ? QApplication::focusWidget() : QApplication::activeWindow();
+    QKeyEvent hEvent(QEvent::KeyPress, iKey, Qt::NoModifier, sText, bRepeat);
+    QCoreApplication::sendEvent(hTarget, &hEvent);
+  }
+  static void Click(QWidget* hWidget) {
+    hWidget->activateWindow();  // as a window system does before the press
+    const QPointF hPixel(hWidget->rect().center());
+    for (const auto iType : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      QMouseEvent hEvent(iType, hPixel, hWidget->mapToGlobal(hPixel), Qt::LeftButton,
+                         iType == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(hWidget, &hEvent);
+    }
+  }
+  template <class Control>
+  static Control* Find(I4 iField) {
+    return Tool().findChild<Control*>(QString("c%1").arg(iField));
+  }
+};
+
+TEST_F(WindowEvents, PagingByTheWheelEndsWhenTheUserStops) {
+  for (int I = 0; I < 20; ++I) Turn(Drawing_Area(), -120);
+  EXPECT_EQ(Told(), "4:5") << "twenty steps during one redraw page once";
+  Turn(Drawing_Area(), -120);
+  Turn(Drawing_Area(), 120);
+  EXPECT_EQ(Told(), "4:4") << "a turn back counts at once";
+  for (int I = 0; I < 9; ++I) Turn(Drawing_Area(), -30, Qt::ScrollUpdate);
+  EXPECT_EQ(Told(), "4:5") << "a trackpad's small steps add up";
+  Turn(Drawing_Area(), -90, Qt::ScrollBegin);
+  Turn(Drawing_Area(), -1200, Qt::ScrollMomentum);
+  EXPECT_EQ(Told(), "");
+  Turn(Drawing_Area(), 90, Qt::ScrollUpdate);
+  EXPECT_EQ(Told(), "") << "a turn the other way begins anew";
+}
+
+TEST_F(WindowEvents, AKeyHeldDownPagesOnceARedraw) {
+  Press_Key(Qt::Key_N, "n");
+  for (int I = 0; I < 20; ++I) Press_Key(Qt::Key_N, "n", true);
+  EXPECT_EQ(Told(), "1:110");
+}
+
+TEST_F(WindowEvents, AToolWindowNeverHasTheFocus) {
+  for (const I4 iDialog : {iDlgReviewCurve, iDlgReviewSection}) {
+    Show(iDialog);
+    EXPECT_EQ(QApplication::activeWindow(), Main_Window());
+    EXPECT_EQ(QApplication::focusWidget(), Drawing_Area());
+    Click(Find<QPushButton>(iBtnZoomAll));
+    EXPECT_EQ(Told(), "3:1085");
+    EXPECT_EQ(QApplication::focusWidget(), Drawing_Area());
+    Tool().activateWindow();  // its title bar was clicked
+    EXPECT_FALSE(qobject_cast<QLineEdit*>(QApplication::focusWidget())) << "a field takes no keyboard by itself";
+    Press_Key(Qt::Key_N, "n");
+    Press_Key(Qt::Key_Return);
+    Press_Key(Qt::Key_Escape);
+    EXPECT_EQ(Told(), "1:110 1:13 1:27");
+    EXPECT_TRUE(Tool().isVisible());
+    Tool().close();
+    EXPECT_EQ(Told(), "3:1087");
+    EXPECT_TRUE(Tool().isVisible()) << "the program closes it";
+    EXPECT_EQ(QApplication::activeWindow(), Main_Window());
+    WDialogUnload();
+  }
+}
+
+TEST_F(WindowEvents, AFieldThatIsClickedTakesTheKeyboardUntilEnter) {
+  Show(iDlgReviewSection);
+  auto* hLine = Find<QLineEdit>(iFldNoiseFloor);
+  WDialogPutReal(iFldNoiseFloor, 1.0f, "(1P,G14.3)");
+  Tool().activateWindow();
+  hLine->setFocus(Qt::MouseFocusReason);
+  Click(hLine);
+  Press_Key(Qt::Key_5, "5");
+  EXPECT_EQ(hLine->text(), "5") << "typing replaces the number";
+  EXPECT_EQ(Told(), "");
+  EXPECT_TRUE(hLine->hasFocus());
+  Click(hLine);
+  Press_Key(Qt::Key_End);
+  Press_Key(Qt::Key_0, "0");
+  EXPECT_EQ(hLine->text(), "50") << "a second click does not";
+  Press_Key(Qt::Key_Return);
+  EXPECT_EQ(Told(), "10:1111");
+  EXPECT_EQ(QApplication::focusWidget(), Drawing_Area());
+}
+
+TEST_F(WindowEvents, AKnobThatIsHeldIsNotPutElsewhere) {
+  Show(iDlgReviewCurve);
+  WDialogRangeTrackbar(iTrkCurve, 1, 100, 8);
+  auto* hTrackbar = Find<QSlider>(iTrkCurve);
+  hTrackbar->setSliderDown(true);
+  for (int iAt = 2; iAt <= 30; ++iAt) hTrackbar->setSliderPosition(iAt);
+  EXPECT_EQ(Told(), "10:1081") << "the moves during one redraw are one";
+  WDialogPutTrackbar(iTrkCurve, 25);
+  I4 iGot = 0;
+  WDialogGetTrackbar(iTrkCurve, iGot);
+  EXPECT_EQ(iGot, 30);
+  hTrackbar->setSliderDown(false);
+  WDialogPutTrackbar(iTrkCurve, 25);
+  EXPECT_EQ(hTrackbar->value(), 25);
+  EXPECT_EQ(Told(), "");
+  Turn(hTrackbar, -120);
+  EXPECT_EQ(Told(), "4:5") << "the wheel pages, over the tool window too";
+}
+
+TEST_F(WindowEvents, AToolWindowStaysWhereTheUserPutsIt) {
+  Show(iDlgReviewCurve);
+  const QPoint hTold = Tool().pos();
+  WDialogUnload();
+  Show(iDlgReviewCurve);
+  EXPECT_EQ(Tool().pos(), hTold);
+  QThread::msleep(600);
+  Tool().move(40, 300);
+  WDialogHide();
+  WDialogShow(0, 0, iShowTool);
+  EXPECT_EQ(Tool().pos(), QPoint(40, 300));
+  WDialogUnload();
+  Show(iDlgReviewSection);
+  EXPECT_NE(Tool().pos(), QPoint(40, 300)) << "each has its own place";
+  WDialogUnload();
+  Show(iDlgReviewCurve);
+  EXPECT_EQ(Tool().pos(), QPoint(40, 300));
+}
+
+}  // namespace
+}  // namespace quillan
