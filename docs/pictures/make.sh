@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Makes the pictures of README anew, off-screen, from the examples.
+#   docs/pictures/make.sh [PROGRAM]        default build/release/quillan
+set -eu
+here=$(cd "$(dirname "$0")" && pwd)
+root=$(cd "$here/../.." && pwd)
+program=$(realpath "${1:-$root/build/release/quillan}")
+export QT_QPA_PLATFORM=offscreen
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+cp "$root"/examples/survey/* "$root"/examples/lake/* .
+
+cat > survey.txt << 'STEPS'
+resize 1200 900
+snapshot survey-configuration.png
+press 1009
+snapshot main-window.png
+menu 40016
+check 1007 off
+snapshot auto-skip.png
+press 1009
+menu 40008
+key n
+key n
+snapshot section-review.png
+press 1114
+point 300 3
+snapshot curve-review.png
+press 1087
+menu 40009
+snapshot save-types.png
+press 1010
+menu 40011
+STEPS
+"$program" orrin.avg --script survey.txt > /dev/null
+
+cat > lake.txt << 'STEPS'
+resize 1200 900
+file cancel
+press 1009
+menu 40016
+check 1008 off
+press 1009
+menu 40008
+snapshot section-review-lake.png
+press 1114
+point 5 2
+snapshot curve-review-lake.png
+press 1087
+menu 40011
+STEPS
+"$program" metzabok.avg --script lake.txt > /dev/null
+cp ./*.png "$here/"
