@@ -135,25 +135,12 @@ void Report_Failure(std::string_view sWhat, const std::string& sMdeFile, const s
   LogErr(sError);
 }
 
-/// A line as an update carries it over.
-std::string Update_Form(std::string_view sLine) {
-  return std::string(Left_Adjusted(Trimmed(Cut_Text(sLine, MMdeUpdate))));
-}
-
 /// The lines of the old file that are not ours. iError: 0; 1 it could not be read to its end, which is reported.
-void Carry_Over(RecordReader& in, const MdEntryList& hEntry, const std::string& sMdeFile, TextWriter& out, I4& iError) {
-  const auto Is_Written = [&](std::string_view sLine) {
-    return std::ranges::any_of(hEntry, [&](const MdEntry& h) { return Update_Form(MD_Entry_Line(h)) == sLine; });
-  };
-  // The records of the last update head the old file. Those of them that CDrop lacks (Stn.Left, a name with a colon)
-  // would stand there once more after each update; further down a record is the user's and overrules ours.
-  bool bLastUpdate = true;
+void Carry_Over(RecordReader& in, const std::string& sMdeFile, TextWriter& out, I4& iError) {
   while (in.Next()) {
     if (Trimmed(in.Record()).size() < NLineMin) continue;
-    const std::string sLine = Update_Form(in.Record());
-    if (!MDE_Keeps_Line(sLine) || (bLastUpdate && Is_Written(sLine))) continue;
-    bLastUpdate = false;
-    out.Line(sLine);
+    const std::string_view sLine = Left_Adjusted(Trimmed(in.Record()));
+    if (MDE_Keeps_Line(sLine)) out.Line(sLine);
   }
   if (!in.Has_Failed()) return;
   // What could not be read would be lost with the old file.
@@ -202,7 +189,7 @@ void MDE_Rewrite(std::string_view sMdeFile, I4& iError) {
     return;
   }
   for (const MdEntry& hOne : hEntry) out.Line(MD_Entry_Line(hOne));
-  Carry_Over(in, hEntry, sPath, out, iError);
+  Carry_Over(in, sPath, out, iError);
   if (iError != 0) return;
   out.Commit();
   if (!out.Has_Failed()) return;

@@ -13,7 +13,8 @@
 namespace quillan {
 namespace {
 
-constexpr I4 iCmpRef = 7;           // stands for a code that is no component
+constexpr I4 iCmpRef = 7;  // from here on no axis; stands for a code that is no component
+constexpr I4 iCmpOff = 8;
 constexpr R4 fYAlways = 1000.0f;    // the Y axis reaches at least from 0 to this value
 constexpr R4 fYErrorBars = -30.0f;  // on the scale; below it a point has no error bar
 constexpr R4 fCurveWidth = 1.5f;    // pixels
@@ -21,7 +22,7 @@ constexpr R4 fAxisWidth = 1.0f;
 constexpr R4 fPlotLeft = 5.0f;     // graphics units, X of the left edge of the plot
 constexpr R4 fPlotMiddle = 13.8f;  // X of its middle
 constexpr R4 fTitleY = 18.11f;     // Y of the middle of the title
-constexpr R4 fTitleMargin = 0.1f;  // on either side of the title
+constexpr R4 fTitleMargin = 0.1f;  // between the title and the tool window
 constexpr R4 fYLabelPlace = 0.9f;  // of the way from the plot to the edge of the window
 constexpr R4 fZoomHalfX = 1.0f;    // graphics units, least half width and half height of a zoom
 constexpr R4 fZoomHalfY = 0.7f;
@@ -47,6 +48,10 @@ constexpr Array1<CurveType, MCurveType> hCurveType{{{
 }}};
 
 // ---- what is plotted
+
+bool Is_Component(I4 iRxCmp) {
+  return iRxCmp >= 1 && iRxCmp <= iCmpOff;
+}
 
 bool Is_Magnetic(I4 iPltCmp) {
   return iPltCmp >= iCmpHx && iPltCmp <= iCmpHz;
@@ -176,19 +181,24 @@ void Set_Plot_Units() {
   IPgUnits(r.fXPgMin, r.fYPgMin, r.fXPgMax, r.fYPgMax);
 }
 
-/// Centred above the plot, but clear of the tool window and of the ticks' texts, in a smaller size where that takes it:
-/// a title that is partly hidden does not name the sounding.
-void Draw_Title() {
-  const std::string_view sTitle = hCurve.sTitle.trimmed();
-  const R4 fRoom = fCurveTitleEnd - fTitleMargin - fPlotLeft;
+/// The largest font in which a title has room; one that is too long for all is narrowed.
+void Set_Title_Font(std::string_view sTitle, R4 fRoom) {
   for (const TextSize& h : {hSize12, hSize10, hSize8}) {
     Set_Font(h);
-    if (WGrTextLength(sTitle) <= fRoom) break;
+    if (WGrTextLength(sTitle) <= fRoom) return;
   }
+  Set_Font({hSize8.fWidth * fRoom / WGrTextLength(sTitle), hSize8.fHeight});
+}
+
+/// Centred above the plot, but clear of the tool window and of the ticks' texts: a title that is partly hidden does not
+/// name the sounding.
+void Draw_Title() {
+  const std::string_view sTitle = hCurve.sTitle.trimmed();
+  const R4 fEnd = fCurveTitleEnd - fTitleMargin;
+  Set_Title_Font(sTitle, fEnd - fPlotLeft);
   const R4 fHalf = 0.5f * WGrTextLength(sTitle);
-  const R4 fMiddle = std::min(fPlotMiddle, fCurveTitleEnd - fTitleMargin - fHalf);
   WGrTextOrientation(Justify::Centre, 0.0f);
-  WGrTextString(std::max(fMiddle, fPlotLeft + fHalf), fTitleY, sTitle);
+  WGrTextString(std::max(std::min(fPlotMiddle, fEnd - fHalf), fPlotLeft + fHalf), fTitleY, sTitle);
 }
 
 /// The text of zero has room before those of the decades beside it, for it tells where the curve changes its sign.
@@ -203,8 +213,8 @@ void Draw_Y_Ticks() {
   IPgYUserScale(fTick, sTick, "T");
 }
 
+/// Texts come before lines as far as may be: lines between two texts are drawn in one call.
 void Draw_Axes() {
-  IPgBorder();
   Draw_Title();
   Set_Font(hSize10);
   IPgXLabel(sCurveXLabel);
@@ -212,6 +222,7 @@ void Draw_Axes() {
   Set_Font(hSize8);
   IPgXScale("TN");
   Draw_Y_Ticks();
+  IPgBorder();
 }
 
 void Draw_Zero_Line() {
@@ -321,7 +332,7 @@ void QCC_Plot_Initialize(const Transient& hTrnK, I4& iPlotType, I4& NPlotType, C
   NPlotType = 1;
   sPlotType.fill("none");
   hCurve = CurvePlot{};
-  iPltCmp = hTrnK.iRxCmp >= 1 && hTrnK.iRxCmp < iCmpRef + 2 ? hTrnK.iRxCmp : iCmpRef;
+  iPltCmp = Is_Component(hTrnK.iRxCmp) ? hTrnK.iRxCmp : iCmpRef;
   hCurve.iXYZ = (iPltCmp - 1) % 3 + 1;
   const I4 iHighest = Highest_Type(hTrnK, iPltCmp);
   if (iHighest < 1) return;

@@ -72,14 +72,14 @@ Coverage::Steps Coverage::Steps_of(const Stroke& h) {
 }
 
 /// fX, fY: the centre of the first pixel from the start of the line.
-Coverage::First Coverage::First_of(const Stroke& h, R4 fX, R4 fY) {
+inline Coverage::First Coverage::First_of(const Stroke& h, R4 fX, R4 fY) {
   constexpr R4 fFar = 12000.0f;  // parts: more than the reach and eight pixels
   const auto iParts = [&](R4 f) { return Short(static_cast<I4>(std::max(std::min(f * NPart, fFar), -fFar))); };
   const R4 fAlong = fX * h.fDX + fY * h.fDY;
   return {iParts(-fAlong), iParts(fAlong - h.fLength), iParts(fX * h.fDY - fY * h.fDX)};
 }
 
-void Coverage::Cover_Eight(const Steps& h, First hFirst, I2* iPixel) {
+inline void Coverage::Cover_Eight(const Steps& h, First hFirst, I2* iPixel) {
   const I2 iOtherSide = Short(-hFirst.iAcross);
   for (I4 I = 0; I < NEight; ++I) {
     const I2 iBefore = Short(hFirst.iBefore - h.iAlong[I]);
@@ -204,27 +204,26 @@ void Coverage::Use(const PixelBox& hBox) {
 
 namespace {
 
-void Paint_Row(const I2* iRow, I4 NPixel, std::uint32_t* iPixel, std::uint32_t iColour) {
-  for (I4 I = 0; I < NPixel;) {
-    std::uint64_t iFour = 1;  // most pixels are empty: they are passed over four at a time
-    if (I + 4 <= NPixel) std::memcpy(&iFour, iRow + I, sizeof iFour);
-    const I4 iEnd = std::min(I + 4, NPixel);
-    for (; iFour != 0 && I < iEnd; ++I) {
-      if (iRow[I] != 0) iPixel[I] = Blend(iPixel[I], iColour, static_cast<std::uint32_t>(iRow[I] - (iRow[I] >> 8)));
+/// Paints a row and empties it. Behind the last pixel of the image there is room for more.
+void Paint_Row(I2* iRow, I4 NPixel, std::uint32_t* iPixel, std::uint32_t iColour) {
+  constexpr I4 NFour = 4;
+  for (I4 I = 0; I < NPixel; I += NFour) {
+    std::uint64_t iFour;  // most pixels are empty: they are passed over four at a time
+    std::memcpy(&iFour, iRow + I, sizeof iFour);
+    if (iFour == 0) continue;
+    for (I4 K = I; K < std::min(I + NFour, NPixel); ++K) {
+      if (iRow[K] != 0) iPixel[K] = Blend(iPixel[K], iColour, static_cast<std::uint32_t>(iRow[K] - (iRow[K] >> 8)));
     }
-    I = iEnd;
+    std::fill_n(iRow + I, NFour, I2{0});
   }
 }
 
 }  // namespace
 
 void Coverage::Paint(const Pixels& hPixels, std::uint32_t iColour) {
-  for (I4 iRow = hUsed.iTop; iRow < hUsed.iBottom && !Is_Empty(); ++iRow) {
-    I2* iFirst = Row(iRow) + hUsed.iLeft;
-    const I4 NPixel = hUsed.iRight - hUsed.iLeft;
-    Paint_Row(iFirst, NPixel, hPixels.iFirst + iRow * hPixels.NStep + hUsed.iLeft, iColour);
-    std::fill_n(iFirst, NPixel + NEight, I2{0});
-  }
+  for (I4 iRow = hUsed.iTop; iRow < hUsed.iBottom && !Is_Empty(); ++iRow)
+    Paint_Row(Row(iRow) + hUsed.iLeft, hUsed.iRight - hUsed.iLeft, hPixels.iFirst + iRow * hPixels.NStep + hUsed.iLeft,
+              iColour);
   hUsed = {NWidth, NHeight, 0, 0};
   NUsed = 0;
 }

@@ -22,7 +22,8 @@ namespace quillan {
 void IGrArea(R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax);
 /// Units of the corners of that part.
 void IGrUnits(R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax);
-/// Limits, in graphics units, outside which nothing is drawn; the area in use clips always.
+/// Limits, in graphics units, until the next IGrArea, IGrUnits or IGrClipOff: lines end there, and a marker or text is
+/// left out when its position lies outside. The area in use clips always.
 void IGrClip(R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax);
 void IGrClipOff();
 
@@ -92,7 +93,7 @@ R4 InfoGraphics(I4 iSelect);
 R4 WInfoGrReal(I4 iSelect);
 /// Pixels from the upper left corner of the drawing area (or picture) for a position in graphics units.
 void IGrUnitsToPixels(R4 fX, R4 fY, I4& iX, I4& iY);
-/// Size of a pixel in graphics units.
+/// Size of a pixel, in a file of 1/96 inch, in graphics units.
 void IGrPixelSize(R4& fDX, R4& fDY);
 
 }  // namespace quillan

@@ -36,6 +36,7 @@ constexpr Word iEndOfFile = 0x0000;
 
 constexpr Word iAnisotropic = 8;
 constexpr Word iTransparent = 1;
+constexpr Word iOpaque = 2;
 constexpr Word iAlignBaselineLeft = 24;
 constexpr Word iPenSolid = 0;
 constexpr Word iPenNone = 5;
@@ -90,7 +91,6 @@ Metafile::Metafile(I4 NXUnit, I4 NYUnit, I4 NUnitsAnInch) : NWidth(NXUnit), NHei
   Record(iSetMapMode, {iAnisotropic});
   Record(iSetWindowOrg, {0, 0});
   Record(iSetWindowExt, {static_cast<Word>(NHeight), static_cast<Word>(NWidth)});
-  Record(iSetBkMode, {iTransparent});
   Record(iSetTextAlign, {iAlignBaselineLeft});
 }
 
@@ -117,11 +117,18 @@ void Metafile::Use(Kind iKind, std::uint16_t iFunction, const Words& hParameter)
   hSelected[iKind] = iObject;
 }
 
+/// Behind letters the plot shows; some readers let it show through filled shapes as well.
+void Metafile::Use_Background(std::uint16_t iMode) {
+  if (iMode != iBackground) Record(iSetBkMode, {iMode});
+  iBackground = iMode;
+}
+
 /// Filled shapes have no outline.
 void Metafile::Use_Fill(QRgb iColour) {
   const auto [iRedGreen, iBlue] = Colour_Words(iColour);
   Use(Kind::Pen, iCreatePen, {iPenNone, 0, 0, 0, 0});
   Use(Kind::Brush, iCreateBrush, {iBrushSolid, iRedGreen, iBlue, 0});
+  Use_Background(iOpaque);
 }
 
 void Metafile::Lines(std::span<const QLineF> hLine, const Pen& hPen) {
@@ -153,10 +160,13 @@ void Metafile::Fill(const QRectF& h, QRgb iColour) {
   Record(iPolygon, {4, iLeft, iTop, iRight, iTop, iRight, iBottom, iLeft, iBottom});
 }
 
+/// All discs of one radius are of one size.
 void Metafile::Disc(QPointF hCentre, R8 dRadius, QRgb iColour) {
   Use_Fill(iColour);
-  Record(iEllipse, {Coordinate(hCentre.y() + dRadius), Coordinate(hCentre.x() + dRadius),
-                    Coordinate(hCentre.y() - dRadius), Coordinate(hCentre.x() - dRadius)});
+  const R8 dSize = std::round(2.0 * dRadius);
+  const R8 dLeft = std::round(hCentre.x() - dRadius);
+  const R8 dTop = std::round(hCentre.y() - dRadius);
+  Record(iEllipse, {Coordinate(dTop + dSize), Coordinate(dLeft + dSize), Coordinate(dTop), Coordinate(dLeft)});
 }
 
 void Metafile::Use_Font(const Letters& h) {
@@ -178,6 +188,8 @@ void Metafile::Use_Font(const Letters& h) {
 
 /// Text in the code page of the format, as one piece: readers cut a text that comes with the place of each character.
 void Metafile::Text_Out(const Letters& h) {
+  const auto [iRedGreen, iBlue] = Colour_Words(h.iColour);
+  Record(iSetTextColour, {iRedGreen, iBlue});
   const QByteArray sBytes = h.sText.left(MText).toLatin1();
   Words hParameter{static_cast<Word>(sBytes.size())};
   Add_Bytes(hParameter, {sBytes.data(), static_cast<std::size_t>(sBytes.size())});
@@ -189,8 +201,7 @@ void Metafile::Write(const Letters& h) {
   const bool bOutside = std::abs(h.hStart.x()) > dMaxCoordinate || std::abs(h.hStart.y()) > dMaxCoordinate;
   if (h.sText.isEmpty() || bOutside) return;
   Use_Font(h);
-  const auto [iRedGreen, iBlue] = Colour_Words(h.iColour);
-  Record(iSetTextColour, {iRedGreen, iBlue});
+  Use_Background(iTransparent);
   if (h.hClip.contains(QRectF(0.0, 0.0, NWidth, NHeight))) return Text_Out(h);
   Record(iSaveDC, {});
   Record(iIntersectClip, {Coordinate(h.hClip.bottom()), Coordinate(h.hClip.right()), Coordinate(h.hClip.top()),

@@ -84,6 +84,7 @@ class Metafile : public BackEnd {
   void Record(std::uint16_t iFunction, const Words& hParameter);
   void Use(Kind iKind, std::uint16_t iFunction, const Words& hParameter);
   void Use_Fill(QRgb iColour);
+  void Use_Background(std::uint16_t iMode);
   void Polyline(const Words& hPoint);
   void Use_Font(const Letters& hLetters);
   void Text_Out(const Letters& hLetters);
@@ -94,6 +95,7 @@ class Metafile : public BackEnd {
   // Pens, brushes and fonts that were made, by function and parameters of their records, and their numbers.
   std::map<std::pair<std::uint16_t, Words>, std::uint16_t> hObject;
   std::map<Kind, std::uint16_t> hSelected;
+  std::uint16_t iBackground = 0;  // mode that was set last
 };
 
 /// Whether a point lies in a rectangle or on its edge (line_cut.cpp).

@@ -167,14 +167,6 @@ TEST_F(MetadataFile, UpdateIsStable) {
   EXPECT_EQ(Updated(sText), sText);
 }
 
-TEST_F(MetadataFile, UpdateDoesNotRepeatTheRecordsOfTheLastOne) {
-  hTemSurvey.sJobName = "Orrin: " + std::string(100, 'x');
-  hTemSurvey.dStnLeft = 100.0;
-  const std::string sText = Updated("! by hand\n$ Stn.Left = 200\n$ Stn.Left = 100\n");
-  EXPECT_TRUE(sText.ends_with("! by hand\n$ Stn.Left = 200\n$ Stn.Left = 100\n")) << "the last record counts";
-  EXPECT_EQ(Updated(sText), sText);
-}
-
 TEST_F(MetadataFile, UpdateCutsLongLinesBetweenCharacters) {
   // The character of two bytes would straddle the cut.
   EXPECT_EQ(Updated("$ FOO= " + std::string(72, 'x') + "\xC3\xA9yyy\n"),

@@ -1,0 +1,426 @@
+#include "toolkit/draw.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QWidget>
+#include <cmath>
+#include <functional>
+
+#include "toolkit/private.h"
+#include "toolkit/system.h"
+#include "toolkit/window.h"
+
+namespace quillan {
+namespace {
+
+using namespace toolkit;
+
+constexpr QRgb iBlack = 0xFF000000, iWhite = 0xFFFFFFFF, iRed = 0xFFFF0000;
+constexpr R4 fNone = std::numeric_limits<R4>::quiet_NaN();
+constexpr R4 fFar = 1.0e30f;
+
+/// A window whose drawing area has 400 x 300 pixels, each of them a graphics unit.
+class Draw : public testing::Test {
+ protected:
+  void SetUp() override { Open(); }
+  void TearDown() override { WindowClose(); }
+
+  static void Open() {
+    static char sProgram[] = "quillan";
+    static char* hArguments[] = {sProgram, nullptr};
+    WInitialise(1, hArguments, "");
+    WindowOpen2(0, 0, 400, 300, iNoMenu, "Quillan");
+    ASSERT_EQ(Drawing_Area()->size(), QSize(400, 300));
+    IGrUnits(0.0f, 0.0f, 400.0f, 300.0f);
+    IGrColour("BLACK");
+    WindowClear();
+    InfoError(iInfoLastError);
+  }
+  /// The image after a drawing on white.
+  static QImage Drawn(const std::function<void()>& draw) {
+    WindowClear();
+    draw();
+    return Backing_Image().copy();
+  }
+  static QImage On_Screen() { return Drawing_Area()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
+};
+
+/// The darkness of all pixels: 1 for each that is black.
+R8 Ink(const QImage& hImage) {
+  R8 dInk = 0.0;
+  for (int iRow = 0; iRow < hImage.height(); ++iRow)
+    for (int I = 0; I < hImage.width(); ++I) dInk += 1.0 - qGray(hImage.pixel(I, iRow)) / 255.0;
+  return dInk;
+}
+
+/// The smallest rectangle that holds all pixels that are not white.
+QRect Drawn_Box(const QImage& hImage) {
+  QRect hBox;
+  for (int iRow = 0; iRow < hImage.height(); ++iRow)
+    for (int I = 0; I < hImage.width(); ++I)
+      if (hImage.pixel(I, iRow) != iWhite) hBox |= QRect(I, iRow, 1, 1);
+  return hBox;
+}
+
+int Largest_Difference(const QImage& h1, const QImage& h2) {
+  int NLargest = 0;
+  for (int iRow = 0; iRow < h1.height(); ++iRow)
+    for (int I = 0; I < h1.width(); ++I)
+      NLargest = std::max(NLargest, std::abs(qGray(h1.pixel(I, iRow)) - qGray(h2.pixel(I, iRow))));
+  return NLargest;
+}
+
+TEST_F(Draw, LevelAndUprightLinesAreSharp) {
+  const QImage hImage = Drawn([] {
+    IGrSegment(100.0f, 150.0f, 200.0f, 150.0f);
+    IGrSegment(300.3f, 20.7f, 300.3f, 80.2f);
+  });
+  for (int I = 101; I < 200; ++I) {
+    ASSERT_EQ(hImage.pixel(I, 150), iBlack) << I;
+    ASSERT_EQ(hImage.pixel(I, 149), iWhite) << I;
+    ASSERT_EQ(hImage.pixel(I, 151), iWhite) << I;
+  }
+  for (int iRow = 220; iRow < 279; ++iRow) {
+    ASSERT_EQ(hImage.pixel(300, iRow), iBlack) << iRow;
+    ASSERT_EQ(hImage.pixel(299, iRow), iWhite) << iRow;
+    ASSERT_EQ(hImage.pixel(301, iRow), iWhite) << iRow;
+  }
+}
+
+TEST_F(Draw, AFineScreenHasFineLinesOfTwoPixels) {
+  WindowClose();
+  qputenv("QT_SCALE_FACTOR", "2");
+  Open();
+  qunsetenv("QT_SCALE_FACTOR");
+  const QImage hImage = Drawn([] { IGrSegment(100.0f, 150.0f, 200.0f, 150.0f); });
+  EXPECT_EQ(hImage.size(), QSize(800, 600));
+  for (const auto& [iRow, iColour] : {
+           std::pair{298, iWhite},
+           {299, iBlack},
+           {300, iBlack},
+           {301, iWhite}
+  })
+    EXPECT_EQ(hImage.pixel(300, iRow), iColour) << iRow;
+}
+
+TEST_F(Draw, TheBorderOfTheWholeAreaIsInside) {
+  const QImage hImage = Drawn(IGrBorder);
+  for (const QPoint& h : {QPoint(0, 0), QPoint(399, 0), QPoint(0, 299), QPoint(399, 299), QPoint(200, 0),
+                          QPoint(200, 299), QPoint(0, 100), QPoint(399, 100)})
+    EXPECT_EQ(hImage.pixel(h), iBlack) << h.x() << ' ' << h.y();
+  EXPECT_NEAR(Ink(hImage), 2.0 * 400 + 2.0 * 298, 0.01);
+}
+
+TEST_F(Draw, ALineHasItsWidthInAnyDirection) {
+  for (const R4 fWidth : {1.0f, 1.5f, 4.0f}) {
+    IGrLineWidth(fWidth);
+    for (const R4 fTurn : {0.1f, 0.7f, 1.2f, 1.5f, 2.4f}) {
+      const R4 fX = 100.0f * std::cos(fTurn), fY = 100.0f * std::sin(fTurn);
+      const R8 dInk = Ink(Drawn([&] { IGrSegment(200.0f - fX, 150.0f - fY, 200.0f + fX, 150.0f + fY); }));
+      EXPECT_NEAR(dInk / 200.0, R8{fWidth}, 0.25) << fWidth << " turned by " << fTurn;
+    }
+  }
+}
+
+TEST_F(Draw, LinesThatReachFarOutAreDrawnWhereTheyAreSeen) {
+  struct Case {
+    const char* sWhat;
+    R4 fX1, fY1, fX2, fY2;  // what is drawn
+    R4 fX3, fY3, fX4, fY4;  // what must be seen
+  };
+  for (const Case& h : {
+           Case{"level, both ends out",  -fFar, 60.0f,  fFar,  60.0f, 0.0f,  60.0f,  400.0f, 60.0f },
+           Case{"upright, one end out",  50.0f, 100.0f, 50.0f, fFar,  50.0f, 100.0f, 50.0f,  300.0f},
+           Case{"slanting, one end out", 10.0f, 20.0f,  fFar,  fFar,  10.0f, 20.0f,  290.0f, 300.0f}
+  }) {
+    const QImage hWanted = Drawn([&] { IGrSegment(h.fX3, h.fY3, h.fX4, h.fY4); });
+    const QImage hGot = Drawn([&] { IGrSegment(h.fX1, h.fY1, h.fX2, h.fY2); });
+    EXPECT_LT(Largest_Difference(hWanted, hGot), 30) << h.sWhat;
+  }
+  const QImage hNothing = Drawn([] {
+    IGrSegment(fNone, 10.0f, 100.0f, 10.0f);
+    IGrSegment(10.0f, 10.0f, std::numeric_limits<R4>::infinity(), 10.0f);
+    IGrSegment(-fFar, -fFar, fFar, -1.0f);
+    IGrMoveTo(fNone, fNone);
+    IGrLineTo(10.0f, 10.0f);
+    IGrMarker(fNone, 10.0f, iMarkerDisc);
+    IGrMarker(fFar, -fFar, iMarkerDisc);
+    WGrTextString(fNone, 10.0f, "text");
+  });
+  EXPECT_EQ(Ink(hNothing), 0.0);
+  EXPECT_EQ(InfoError(iInfoLastError), iErrNone);
+}
+
+TEST_F(Draw, ALineInManyPiecesLooksLikeOne) {
+  for (const LineType iType : {LineType::Solid, LineType::Dashed}) {
+    IGrLineWidth(1.5f);
+    IGrLineType(iType);
+    const QImage hOne = Drawn([] { IGrSegment(20.0f, 20.0f, 360.0f, 190.0f); });
+    const QImage hMany = Drawn([] {
+      IGrMoveTo(20.0f, 20.0f);
+      for (int I = 1; I <= 170; ++I) IGrLineTo(20.0f + 2.0f * static_cast<R4>(I), 20.0f + static_cast<R4>(I));
+    });
+    EXPECT_LT(Largest_Difference(hOne, hMany), 12);
+  }
+  const R8 dSolid = Ink(Drawn([] {
+    IGrLineType(LineType::Solid);
+    IGrSegment(20.0f, 20.0f, 360.0f, 190.0f);
+  }));
+  const R8 dDashed = Ink(Drawn([] {
+    IGrLineType(LineType::Dashed);
+    IGrSegment(20.0f, 20.0f, 360.0f, 190.0f);
+  }));
+  EXPECT_GT(dDashed, 0.45 * dSolid) << "a dashed line has gaps";
+  EXPECT_LT(dDashed, 0.80 * dSolid);
+}
+
+TEST_F(Draw, WhatIsDrawnLaterLiesAbove) {
+  const auto black = [] {
+    IGrColour("BLACK");
+    IGrSegment(100.0f, 150.0f, 200.0f, 150.0f);
+  };
+  const auto red = [] {
+    IGrColourN(255);
+    IGrSegment(150.0f, 100.0f, 150.0f, 200.0f);
+  };
+  EXPECT_EQ(Drawn([&] { black(), red(); }).pixel(150, 150), iRed);
+  EXPECT_EQ(Drawn([&] { red(), black(); }).pixel(150, 150), iBlack);
+  const QImage hMarkers = Drawn([&] {
+    WGrTextFont(0.02f, 0.1f);
+    black();
+    IGrColour("RED");
+    IGrMarker(150.0f, 150.0f, iMarkerDisc);
+    IGrColour("BLACK");
+    IGrMarker(180.0f, 150.0f, iMarkerDisc);
+    IGrColour("RED");
+    IGrSegment(170.0f, 150.0f, 190.0f, 150.0f);
+  });
+  EXPECT_EQ(hMarkers.pixel(150, 150), iRed) << "a marker on an earlier line of another colour";
+  EXPECT_EQ(hMarkers.pixel(180, 150), iRed) << "a line on an earlier marker";
+  EXPECT_EQ(hMarkers.pixel(180, 154), iBlack);
+}
+
+TEST_F(Draw, TheMarkerIsADiscOfHalfTheCharacterHeight) {
+  WGrTextFont(0.02f, 0.1f);  // letters of 30 pixels
+  const QImage hImage = Drawn([] { IGrMarker(200.0f, 150.0f, iMarkerDisc); });
+  EXPECT_NEAR(Ink(hImage), 3.14159 * 7.5 * 7.5, 3.0);
+  EXPECT_LE(std::abs(Drawn_Box(hImage).center().x() - 200), 1);
+  EXPECT_LE(std::abs(Drawn_Box(hImage).center().y() - 150), 1);
+
+  IGrMarker(200.0f, 150.0f, 3);
+  EXPECT_EQ(InfoError(iInfoLastError), iErrBadArgument) << "there is no other marker";
+}
+
+TEST_F(Draw, MarkersThatLieFarApartAreAllDrawn) {
+  const QImage hImage = Drawn([] {
+    for (int I = 0; I < 100; ++I) {
+      IGrColour(I % 2 == 0 ? "BLACK" : "GREY");
+      IGrMarker(static_cast<R4>(I % 10) * 40.0f + 20.0f, static_cast<R4>(I * 7 % 10) * 30.0f + 15.0f, iMarkerDisc);
+      IGrMarker(399.0f - static_cast<R4>(I), 299.0f, iMarkerDisc);
+    }
+  });
+  for (int I = 0; I < 100; ++I) ASSERT_NE(hImage.pixel(I % 10 * 40 + 20, 285 - I * 7 % 10 * 30), iWhite) << I;
+}
+
+TEST_F(Draw, TheClipEndsLinesAndLeavesMarkersAndLettersOutsideOut) {
+  const auto all = [](R4 fX) {
+    IGrMarker(fX, 100.0f, iMarkerDisc);
+    WGrTextString(fX, 200.0f, "X");
+  };
+  const QImage hImage = Drawn([&] {
+    IGrClip(100.0f, 50.0f, 300.0f, 250.0f);
+    IGrSegment(0.0f, 150.0f, 400.0f, 150.0f);
+    IGrSegment(100.0f, 50.0f, 300.0f, 50.0f);
+    all(99.0f);
+    all(301.0f);
+    IGrMarker(100.0f, 250.0f, iMarkerDisc);
+  });
+  const QRect hBox = Drawn_Box(hImage);
+  EXPECT_EQ(hImage.pixel(200, 250), iBlack) << "a line on the edge of the clip is inside";
+  EXPECT_EQ(hImage.pixel(100, 50), iBlack) << "so is a marker, which is whole";
+  EXPECT_LE(hBox.right(), 301);
+  EXPECT_GE(hBox.left(), 95);
+  IGrUnits(0.0f, 0.0f, 400.0f, 300.0f);
+  EXPECT_GT(Ink(Drawn([&] { all(20.0f); })), 10.0) << "other units end the clip";
+}
+
+TEST_F(Draw, TheAreaInUseAlwaysClips) {
+  IGrArea(0.5f, 0.5f, 1.0f, 1.0f);
+  IGrUnits(0.0f, 0.0f, 1.0f, 1.0f);
+  const QImage hImage = Drawn([] {
+    IGrSegment(-1.0f, 0.5f, 2.0f, 0.5f);
+    WGrTextOrientation(Justify::Left, 0.0f);
+    WGrTextString(-0.1f, 0.2f, "a text that begins to the left of the area");
+  });
+  EXPECT_GE(Drawn_Box(hImage).left(), 199);
+  EXPECT_EQ(hImage.pixel(300, 75), iBlack);
+
+  const QImage hCleared = Drawn([] {
+    IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
+    IGrUnits(0.0f, 0.0f, 4.0f, 3.0f);
+    IGrSegment(0.0f, 1.0f, 4.0f, 1.0f);
+    IGrArea(0.25f, 0.0f, 0.75f, 1.0f);
+    IGrAreaClear();
+  });
+  EXPECT_EQ(hCleared.pixel(50, 200), iBlack);
+  EXPECT_EQ(hCleared.pixel(200, 200), iWhite);
+  EXPECT_EQ(hCleared.pixel(350, 200), iBlack);
+}
+
+TEST_F(Draw, TextStandsWhereItsOrientationPutsIt) {
+  struct Case {
+    Justify iJustify;
+    R4 fAngle;
+    R8 dX, dY;  // middle of the text from its place, in halves of its length: to the right and downward
+  };
+  WGrTextFont(0.02f, 0.06f);
+  const R8 dHalf = 0.5 * R8{WGrTextLength("HHHHHHHHHH")};
+  for (const Case& h : {
+           Case{Justify::Left,   0.0f,   1.0,  0.0 },
+           Case{Justify::Centre, 0.0f,   0.0,  0.0 },
+           Case{Justify::Right,  0.0f,   -1.0, 0.0 },
+           Case{Justify::Left,   -90.0f, 0.0,  -1.0},
+           Case{Justify::Right,  -90.0f, 0.0,  1.0 },
+           Case{Justify::Left,   90.0f,  0.0,  1.0 },
+           Case{Justify::Left,   -30.0f, 0.87, -0.5}
+  }) {
+    const QRect hBox = Drawn_Box(Drawn([&] {
+      WGrTextOrientation(h.iJustify, h.fAngle);
+      WGrTextString(200.0f, 150.0f, "HHHHHHHHHH");
+    }));
+    EXPECT_NEAR(hBox.center().x(), 200.0 + h.dX * dHalf, 3.5) << static_cast<I4>(h.iJustify) << ' ' << h.fAngle;
+    EXPECT_NEAR(hBox.center().y(), 150.0 + h.dY * dHalf, 3.5) << static_cast<I4>(h.iJustify) << ' ' << h.fAngle;
+  }
+}
+
+TEST_F(Draw, LettersAreNeitherTooSmallNorTooNarrow) {
+  WGrTextFont(0.001f, 0.001f);
+  EXPECT_NEAR(InfoGraphics(iCharHeight), 9.0f, 1e-3f);
+  const R4 fNarrow = InfoGraphics(iCharWidth);
+  WGrTextFont(0.0f, 0.03f);
+  EXPECT_NEAR(InfoGraphics(iCharWidth), fNarrow, 1e-3f) << "letters of 9 pixels at the least width";
+  WGrTextFont(0.02f, 0.03f);
+  EXPECT_NEAR(InfoGraphics(iCharWidth), 8.0f, 1e-3f);
+  EXPECT_NEAR(WGrTextLength("0123456789"), 80.0f, 1e-2f) << "the width is the advance of a digit";
+}
+
+TEST_F(Draw, TheSameRubberBandTwiceTakesItAway) {
+  const QImage hPlain = On_Screen();
+  const auto band = [] {
+    IGrPlotMode1("E");
+    IGrRectangle(100.0f, 100.0f, 200.0f, 180.0f);
+    IGrMoveTo(250.0f, 50.0f);
+    IGrLineTo(350.0f, 50.0f);
+    IGrPlotMode1("N");
+  };
+  band();
+  const QImage hBand = On_Screen();
+  EXPECT_EQ(hBand.pixel(150, 120), iRed) << "the upper edge";
+  EXPECT_EQ(hBand.pixel(100, 150), iRed);
+  EXPECT_EQ(hBand.pixel(300, 250), iRed);
+  EXPECT_EQ(Backing_Image().pixel(150, 120), iWhite) << "the picture below is whole";
+  band();
+  EXPECT_EQ(On_Screen(), hPlain);
+
+  band();
+  WindowClear();
+  EXPECT_EQ(On_Screen(), hPlain) << "a clear takes them away as well";
+  IGrPlotMode1("E");
+  IGrRectangle(-fFar, 50.0f, fFar, 100.0f);
+  IGrRectangle(fNone, 50.0f, 10.0f, 100.0f);
+  EXPECT_EQ(On_Screen().pixel(200, 200), iRed) << "what reaches out of the area ends at its edge";
+}
+
+TEST_F(Draw, TheKeeperGivesTheStateBack) {
+  WGrTextFont(0.02f, 0.06f);
+  IGrMoveTo(10.0f, 10.0f);
+  const auto draw = [] {
+    IGrLineTo(300.0f, 200.0f);
+    IGrMarker(50.0f, 100.0f, iMarkerDisc);
+    WGrTextString(200.0f, 50.0f, "text");
+    IGrMoveTo(10.0f, 10.0f);
+  };
+  const QImage hBefore = Drawn(draw);
+  {
+    GraphicsKeeper hKeeper;
+    IGrArea(0.1f, 0.1f, 0.5f, 0.5f);
+    IGrUnits(5.0f, 5.0f, -5.0f, -5.0f);
+    IGrClip(0.0f, 0.0f, 1.0f, 1.0f);
+    IGrColour("MAGENTA");
+    IGrLineType(LineType::Dashed);
+    IGrLineWidth(3.0f);
+    IGrPlotMode1("E");
+    WGrTextFont(0.1f, 0.2f);
+    WGrTextOrientation(Justify::Right, 45.0f);
+    IGrMoveTo(1.0f, 1.0f);
+  }
+  EXPECT_EQ(Drawn(draw), hBefore);
+}
+
+TEST_F(Draw, WhatMakesNoSenseIsRefusedAndLeavesTheStateAsItWas) {
+  WGrTextFont(0.02f, 0.06f);
+  const auto draw = [] {
+    IGrSegment(10.0f, 10.0f, 300.0f, 200.0f);
+    WGrTextString(200.0f, 50.0f, "text");
+  };
+  const QImage hBefore = Drawn(draw);
+  const std::function<void()> hBad[] = {
+      [] { IGrArea(0.5f, 0.0f, 0.5f, 1.0f); },
+      [] { IGrUnits(0.0f, fNone, 1.0f, 1.0f); },
+      [] { IGrClip(0.0f, 0.0f, 0.0f, 1.0f); },
+      [] { IGrColour("PUCE"); },
+      [] { IGrLineWidth(0.0f); },
+      [] { IGrLineWidth(fNone); },
+      [] { IGrPlotMode1("X"); },
+      [] { WGrTextFont(fNone, 0.1f); },
+      [] { WGrTextOrientation(Justify::Left, fNone); },
+      [] { InfoGraphics(99); },
+  };
+  for (const auto& bad : hBad) {
+    bad();
+    EXPECT_EQ(InfoError(iInfoLastError), iErrBadArgument);
+  }
+  EXPECT_EQ(Drawn(draw), hBefore);
+}
+
+TEST_F(Draw, PixelsAndUnitsAgree) {
+  IGrArea(0.25f, 0.5f, 0.75f, 1.0f);
+  IGrUnits(0.0f, 0.0f, 100.0f, -2.0f);  // units may fall
+  I4 iX = 0, iY = 0;
+  IGrUnitsToPixels(50.0f, -1.0f, iX, iY);
+  EXPECT_EQ(iX, 200);
+  EXPECT_EQ(iY, 75);
+  IGrUnitsToPixels(fFar, fNone, iX, iY);  // no trap
+  EXPECT_EQ(iX, std::numeric_limits<I4>::max());
+  R4 fDX = 0.0f, fDY = 0.0f;
+  IGrPixelSize(fDX, fDY);
+  EXPECT_NEAR(fDX, 0.5f, 1e-6f);
+  EXPECT_NEAR(fDY, 2.0f / 150.0f, 1e-6f);
+}
+
+TEST_F(Draw, WithoutAWindowNothingHappens) {
+  IGrSegment(1.0f, 1.0f, 5.0f, 5.0f);  // still collected when the window goes
+  WindowClose();
+  InfoError(iInfoLastError);
+  IGrSegment(1.0f, 1.0f, 5.0f, 5.0f);
+  EXPECT_EQ(InfoError(iInfoLastError), iErrNoWindow);
+  IGrLineTo(2.0f, 2.0f);
+  IGrRectangle(0.0f, 0.0f, 1.0f, 1.0f);
+  IGrBorder();
+  IGrMarker(0.5f, 0.5f, iMarkerDisc);
+  IGrPlotMode1("E");
+  IGrRectangle(0.0f, 0.0f, 1.0f, 1.0f);
+  IGrPlotMode1("N");
+  WGrTextString(0.5f, 0.5f, "text");
+  WindowClear();
+  IGrAreaClear();
+  IGrFlush();
+  EXPECT_EQ(WGrTextLength("text"), 0.0f);
+  EXPECT_EQ(InfoGraphics(iCharHeight), 0.0f);
+  Open();
+  EXPECT_EQ(Ink(Backing_Image()), 0.0);
+}
+
+}  // namespace
+}  // namespace quillan

@@ -1,0 +1,369 @@
+// Pictures in files: metafiles record by record, PNG, and what becomes of the screen and of earlier files.
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QWidget>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <numeric>
+
+#include "support/files.h"
+#include "toolkit/draw.h"
+#include "toolkit/hardcopy.h"
+#include "toolkit/private.h"
+#include "toolkit/system.h"
+#include "toolkit/window.h"
+
+namespace quillan {
+namespace {
+
+using namespace toolkit;
+namespace fs = std::filesystem;
+
+using Words = std::vector<I4>;  // as signed numbers of 16 bits
+
+struct Record {
+  I4 iFunction;
+  Words hParameter;
+};
+
+constexpr I4 iPolyline = 0x0325, iPolygon = 0x0324, iEllipse = 0x0418, iTextOut = 0x0521, iCreatePen = 0x02FA,
+             iCreateFont = 0x02FB, iCreateBrush = 0x02FC, iSelect = 0x012D, iTextColour = 0x0209;
+constexpr std::size_t NPlaceable = 11, NHeader = 9;  // words
+
+Words Words_of(const std::string& sBytes) {
+  Words hWord;
+  for (std::size_t I = 0; I + 1 < sBytes.size(); I += 2) {
+    const unsigned iLow = static_cast<unsigned char>(sBytes[I]), iHigh = static_cast<unsigned char>(sBytes[I + 1]);
+    hWord.push_back(static_cast<std::int16_t>(iLow | (iHigh << 8)));
+  }
+  return hWord;
+}
+
+std::size_t Long(const Words& h, std::size_t I) {
+  return static_cast<std::size_t>(h[I] & 0xFFFF) | (static_cast<std::size_t>(h[I + 1] & 0xFFFF) << 16);
+}
+
+/// All records of a metafile; the walk must end at its last word.
+std::vector<Record> Records(const Words& hFile) {
+  std::vector<Record> hAll;
+  std::size_t I = NPlaceable + NHeader;
+  while (I + 3 <= hFile.size()) {
+    const std::size_t NRecord = Long(hFile, I);
+    if (NRecord < 3 || I + NRecord > hFile.size()) break;
+    const auto iFirst = hFile.begin() + static_cast<std::ptrdiff_t>(I);
+    hAll.push_back({hFile[I + 2], Words(iFirst + 3, iFirst + static_cast<std::ptrdiff_t>(NRecord))});
+    I += NRecord;
+  }
+  EXPECT_EQ(I, hFile.size()) << "the records fill the file";
+  return hAll;
+}
+
+class Hardcopy : public testing::Test {
+ protected:
+  void SetUp() override {
+    static char sProgram[] = "quillan";
+    static char* hArguments[] = {sProgram, nullptr};
+    WInitialise(1, hArguments, "");
+    WindowOpen2(0, 0, 900, 600, iNoMenu, "Quillan");
+    IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
+    InfoError(iInfoLastError);
+  }
+  void TearDown() override { WindowClose(); }
+
+  /// Draws into a file; the units of a metafile are centimetres: 24 by 17.8.
+  static bool Drawn(HardCopyDriver iDriver, const std::string& sPath, const std::function<void()>& draw) {
+    IGrHardCopySelect(iDriver);
+    if (iDriver == HardCopyDriver::Png)
+      IGrHardCopySize(3780, 2803);
+    else
+      IGrHardCopySize(2880, 2136);
+    IGrHardCopy(sPath);
+    IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
+    IGrUnits(0.0f, 0.0f, 24.0f, 17.8f);
+    IGrColour("BLACK");
+    draw();
+    bool bDone = false;
+    IGrHardCopyEnd(bDone);
+    return bDone;
+  }
+  static Words Metafile_of(const std::function<void()>& draw) {
+    EXPECT_TRUE(Drawn(HardCopyDriver::Metafile, "a.wmf", draw));
+    return Words_of(Read_Whole_File("a.wmf"));
+  }
+  static std::vector<Words> Of_Kind(I4 iFunction, const std::function<void()>& draw) {
+    std::vector<Words> hFound;
+    for (const Record& h : Records(Metafile_of(draw)))
+      if (h.iFunction == iFunction) hFound.push_back(h.hParameter);
+    return hFound;
+  }
+};
+
+void Small_Plot() {
+  WindowClear();
+  WGrTextFont(0.00872f, 0.0264f);
+  IGrRectangle(3.0f, 2.0f, 22.0f, 16.0f);
+  for (I4 I = 0; I < 40; ++I) {
+    const R4 fX = 3.5f + 0.45f * static_cast<R4>(I);
+    const R4 fY = 9.0f + 5.0f * std::sin(0.2f * static_cast<R4>(I));
+    if (I == 0) IGrMoveTo(fX, fY);
+    IGrLineTo(fX, fY);
+    IGrColourN(I % 4 == 0 ? 200 + 256 * 200 + 65536 * 200 : 0);
+    IGrMarker(fX, fY, iMarkerDisc);
+    IGrColour("BLACK");
+  }
+  WGrTextOrientation(Justify::Centre, 0.0f);
+  WGrTextString(12.5f, 17.0f, "Loop Line 12, Tx.Freq=32");
+  WGrTextOrientation(Justify::Left, -90.0f);
+  WGrTextString(5.0f, 16.2f, "12500.0");
+}
+
+TEST_F(Hardcopy, HeadersOfAMetafileAgreeWithItsRecords) {
+  const Words hFile = Metafile_of(Small_Plot);
+  EXPECT_EQ(Long(hFile, 0), 0x9AC6CDD7u);
+  EXPECT_EQ(Words(hFile.begin() + 3, hFile.begin() + 8), (Words{0, 0, 2880, 2136, 305})) << "box, and units an inch";
+  const I4 iSum = std::accumulate(hFile.begin(), hFile.begin() + 11, 0, std::bit_xor<>());
+  EXPECT_EQ(iSum & 0xFFFF, 0) << "checksum";
+
+  const std::vector<Record> hAll = Records(hFile);
+  std::size_t NLargest = 0;
+  I4 NObject = 0;
+  for (const Record& h : hAll) {
+    NLargest = std::max(NLargest, h.hParameter.size() + 3);
+    if (h.iFunction == iCreatePen || h.iFunction == iCreateFont || h.iFunction == iCreateBrush) ++NObject;
+    if (h.iFunction == iSelect) {
+      EXPECT_LT(h.hParameter[0], NObject) << "what is selected is there";
+    }
+  }
+  const std::size_t I = NPlaceable;
+  EXPECT_EQ(hFile[I], 1);
+  EXPECT_EQ(hFile[I + 1], 9) << "words of the header";
+  EXPECT_EQ(hFile[I + 2], 0x0300);
+  EXPECT_EQ(Long(hFile, I + 3), hFile.size() - NPlaceable);
+  EXPECT_EQ(hFile[I + 5], NObject);
+  EXPECT_EQ(Long(hFile, I + 6), NLargest);
+  EXPECT_EQ(hAll.back().iFunction, 0) << "the end";
+}
+
+TEST_F(Hardcopy, JoinedSegmentsAreOnePolylineAtTheirVertices) {
+  const auto hLine = Of_Kind(iPolyline, [] {
+    IGrMoveTo(0.0f, 0.0f);
+    IGrLineTo(1.0f, 1.0f);
+    IGrSegment(1.0f, 1.0f, 2.0f, 17.8f);
+    IGrSegment(5.0f, 5.0f, 6.0f, 5.0f);
+    IGrSegment(23.0f, 8.9f, 1.0e30f, 8.9f);
+    IGrSegment(-5.0f, -5.0f, 30.0f, -1.0f);
+  });
+  ASSERT_EQ(hLine.size(), 3u);
+  EXPECT_EQ(hLine[0], (Words{3, 0, 2136, 120, 2016, 240, 0}));
+  EXPECT_EQ(hLine[1], (Words{2, 600, 1536, 720, 1536}));
+  EXPECT_EQ(hLine[2], (Words{2, 2760, 1068, 2880, 1068})) << "cut at the edge of the picture";
+}
+
+TEST_F(Hardcopy, ALongProfileIsCutIntoPolylinesThatMeet) {
+  const auto hLine = Of_Kind(iPolyline, [] {
+    IGrMoveTo(0.0f, 5.0f);
+    for (I4 I = 1; I <= 20000; ++I) IGrLineTo(24.0f * static_cast<R4>(I) / 20000.0f, I % 2 == 0 ? 5.0f : 6.0f);
+  });
+  ASSERT_GT(hLine.size(), 1u);
+  I4 NPoint = 1;
+  for (std::size_t K = 0; K < hLine.size(); ++K) {
+    ASSERT_EQ(hLine[K].size(), 2 * static_cast<std::size_t>(hLine[K][0]) + 1);
+    NPoint += hLine[K][0] - 1;
+    if (K > 0) {
+      EXPECT_EQ(hLine[K][1], hLine[K - 1].end()[-2]);
+      EXPECT_EQ(hLine[K][2], hLine[K - 1].end()[-1]);
+    }
+  }
+  EXPECT_EQ(NPoint, 20001);
+}
+
+TEST_F(Hardcopy, PensHaveTheirColourAndOnePixelIsAnInchBy96) {
+  const auto hPen = Of_Kind(iCreatePen, [] {
+    IGrSegment(1.0f, 1.0f, 2.0f, 2.0f);
+    IGrColourN(0x00112233);
+    IGrLineWidth(2.0f);
+    IGrSegment(1.0f, 1.0f, 2.0f, 2.0f);
+    IGrColour("BLACK");
+    IGrLineWidth(1.0f);
+    IGrSegment(1.0f, 1.0f, 2.0f, 2.0f);
+  });
+  ASSERT_EQ(hPen.size(), 2u) << "a pen is made once";
+  EXPECT_EQ(hPen[0], (Words{0, 3, 0, 0, 0}));
+  EXPECT_EQ(hPen[1], (Words{0, 6, 0, 0x2233, 0x11}));
+}
+
+TEST_F(Hardcopy, DashesAreLinesOfTheirOwn) {
+  const auto hLine = Of_Kind(iPolyline, [] {
+    IGrLineType(LineType::Dashed);
+    IGrSegment(2.0f, 5.0f, 12.0f, 5.0f);
+  });
+  EXPECT_NEAR(static_cast<R8>(hLine.size()), 1200.0 / (9.0 * 3.175), 1.0) << "a dash of 5 and a gap of 4 pixels";
+}
+
+TEST_F(Hardcopy, MarkersAreEllipsesAndThoseOutsideAreLeftOut) {
+  const auto hDisc = Of_Kind(iEllipse, [] {
+    WGrTextFont(0.02f, 0.1f);  // 213.6 units
+    IGrClip(2.0f, 2.0f, 20.0f, 15.0f);
+    IGrMarker(10.0f, 7.8f, iMarkerDisc);
+    IGrMarker(2.0f, 2.0f, iMarkerDisc);
+    IGrMarker(1.9f, 5.0f, iMarkerDisc);
+    IGrMarker(5.0f, 1.0e30f, iMarkerDisc);
+  });
+  ASSERT_EQ(hDisc.size(), 2u);
+  const Words& h = hDisc[0];  // lower, right, upper, left
+  EXPECT_NEAR(0.5 * (h[3] + h[1]), 1200.0, 1.0);
+  EXPECT_NEAR(0.5 * (h[2] + h[0]), 1200.0, 1.0);
+  EXPECT_EQ(h[1] - h[3], 107);
+  EXPECT_EQ(h[0] - h[2], 107);
+}
+
+TEST_F(Hardcopy, TextBeginsWhereTheScreenHasItAndIsTurned) {
+  struct Case {
+    Justify iJustify;
+    R4 fAngle;
+    R8 dX, dY;  // the start from the place, in lengths of the text: to the right and downward
+    I4 iTurn;
+  };
+  R8 dLength = 0.0;
+  for (const Case& hCase : {
+           Case{Justify::Left,   0.0f,   0.0,  0.0, 0   },
+           Case{Justify::Centre, 0.0f,   -0.5, 0.0, 0   },
+           Case{Justify::Right,  0.0f,   -1.0, 0.0, 0   },
+           Case{Justify::Right,  -90.0f, 0.0,  1.0, 900 },
+           Case{Justify::Left,   90.0f,  0.0,  0.0, -900}
+  }) {
+    const auto draw = [&] {
+      WGrTextFont(0.02f, 0.1f);
+      WGrTextOrientation(hCase.iJustify, hCase.fAngle);
+      WGrTextString(12.0f, 8.9f, "Caf\xC3\xA9");
+      dLength = 120.0 * R8{WGrTextLength("Caf\xC3\xA9")};
+    };
+    SCOPED_TRACE(testing::Message() << static_cast<I4>(hCase.iJustify) << ' ' << hCase.fAngle);
+    const auto hText = Of_Kind(iTextOut, draw);
+    ASSERT_EQ(hText.size(), 1u);
+    const Words& h = hText[0];
+    EXPECT_EQ(Words(h.begin(), h.begin() + 3), (Words{4, 'C' | 'a' << 8, static_cast<std::int16_t>('f' | 0xE9 << 8)}));
+    const R8 dBelow = 0.5 * 213.6 * 0.7;  // the baseline is about this far from the middle
+    const R8 dSin = std::sin(R8{hCase.fAngle} * 3.14159265 / 180.0), dCos = hCase.fAngle == 0.0f ? 1.0 : 0.0;
+    EXPECT_NEAR(h[4], 1440.0 + hCase.dX * dLength - dBelow * dSin, 12.0);
+    EXPECT_NEAR(h[3], 1068.0 + hCase.dY * dLength + dBelow * dCos, 12.0);
+    const auto hFont = Of_Kind(iCreateFont, draw);
+    EXPECT_EQ(hFont.at(0)[0], -214);
+    EXPECT_EQ(hFont.at(0)[2], hCase.iTurn);
+  }
+}
+
+TEST_F(Hardcopy, TextHasTheSameWidthOnTheScreenAndInFiles) {
+  const auto fPart = [](R4 fUnits) {
+    WGrTextFont(0.02f, 0.04f);
+    return WGrTextLength("Line 12, Station 1250.0") / fUnits;
+  };
+  IGrUnits(0.0f, 0.0f, 24.0f, 16.0f);
+  const R4 fScreen = fPart(24.0f);
+  for (const HardCopyDriver iDriver : {HardCopyDriver::Png, HardCopyDriver::Metafile})
+    Drawn(iDriver, "a.out", [&] { EXPECT_NEAR(fPart(24.0f), fScreen, 1e-4f); });
+  Drawn(HardCopyDriver::Metafile, "a.out", [&] {
+    WGrTextFont(0.001f, 0.001f);
+    EXPECT_NEAR(InfoGraphics(iCharHeight), 0.0178f, 1e-4f) << "on paper letters may be small";
+  });
+}
+
+TEST_F(Hardcopy, LibwmfReadsAMetafile) {
+  if (std::system("command -v wmf2svg > /dev/null") != 0) GTEST_SKIP() << "wmf2svg is not installed";
+  Metafile_of(Small_Plot);
+  ASSERT_EQ(std::system("wmf2svg a.wmf > a.svg 2> complaints.txt"), 0);
+  EXPECT_EQ(Read_Whole_File("complaints.txt"), "");
+  const std::string sSvg = Read_Whole_File("a.svg");
+  for (const char* sWanted : {">Loop Line 12, Tx.Freq=32<", ">12500.0<", "<polyline", "<ellipse", "fill:black"})
+    EXPECT_NE(sSvg.find(sWanted), std::string::npos) << sWanted;
+}
+
+TEST_F(Hardcopy, PngIsAPictureOf400DotsAnInch) {
+  ASSERT_TRUE(Drawn(HardCopyDriver::Png, "a.png", [] {
+    WindowClear();
+    IGrSegment(6.0f, 8.9f, 18.0f, 8.9f);
+    IGrPlotMode1("E");
+    IGrRectangle(2.0f, 2.0f, 22.0f, 16.0f);
+  }));
+  const QImage hImage("a.png");
+  EXPECT_EQ(hImage.size(), QSize(3780, 2803));
+  EXPECT_EQ(hImage.dotsPerMeterX(), 15748);
+  EXPECT_EQ(hImage.dotsPerMeterY(), 15748);
+  I4 NDark = 0, NOther = 0;
+  for (int iRow = 0; iRow < hImage.height(); ++iRow) {
+    if (hImage.pixel(1890, iRow) == 0xFF000000) ++NDark;
+    if (hImage.pixel(1890, iRow) != 0xFFFFFFFF && std::abs(iRow - 1401) > 3) ++NOther;
+  }
+  EXPECT_EQ(NDark, 4) << "a line of one pixel is 1/96 inch wide";
+  EXPECT_EQ(NOther, 0) << "a rubber band never reaches a file";
+}
+
+TEST_F(Hardcopy, TheScreenAndItsStateStayAsTheyAre) {
+  const auto draw = [] {
+    IGrColour("RED");
+    IGrSegment(1.0f, 1.0f, 9.0f, 8.0f);
+    IGrSegment(1.0f, 1.0f, 9.0f, 3.0f);
+  };
+  IGrSegment(1.0f, 1.0f, 9.0f, 3.0f);  // not yet flushed when the file is opened
+  const QImage hBefore = Backing_Image().copy();
+  for (const HardCopyDriver iDriver : {HardCopyDriver::Png, HardCopyDriver::Metafile}) {
+    EXPECT_TRUE(Drawn(iDriver, "a.out", [&] {
+      Small_Plot();
+      IGrClip(1.0f, 1.0f, 2.0f, 2.0f);
+      draw();
+      EXPECT_EQ(WInfoGrReal(iUnitYMax), 17.8f);
+    }));
+    EXPECT_EQ(Backing_Image(), hBefore);
+    EXPECT_EQ(WInfoGrReal(iUnitYMax), 10.0f);
+  }
+  draw();
+  EXPECT_NE(Backing_Image(), hBefore);
+}
+
+TEST_F(Hardcopy, AFailureLeavesTheEarlierFileWhole) {
+  Write_File("earlier.wmf", "earlier");
+  fs::create_directory("folder.wmf");
+  struct Case {
+    const char* sPath;
+    const char* sWhat;
+  };
+  for (const Case& h : {
+           Case{"missing/a.wmf", "no such folder"},
+           Case{"folder.wmf",    "a folder"      }
+  }) {
+    EXPECT_FALSE(Drawn(HardCopyDriver::Metafile, h.sPath, Small_Plot)) << h.sWhat;
+    EXPECT_EQ(InfoError(iInfoLastError), iErrFile) << h.sWhat;
+  }
+  IGrHardCopy("earlier.wmf");
+  Small_Plot();
+  WindowClose();  // a stop in the middle of the drawing
+  EXPECT_EQ(Read_Whole_File("earlier.wmf"), "earlier");
+  for (const auto& hEntry : fs::directory_iterator("."))
+    EXPECT_EQ(hEntry.path().string().find("earlier.wmf."), std::string::npos) << "no temporary file is left";
+}
+
+TEST_F(Hardcopy, CallsThatMakeNoSenseAreRefused) {
+  bool bDone = true;
+  IGrHardCopyEnd(bDone);
+  EXPECT_FALSE(bDone);
+  EXPECT_EQ(InfoError(iInfoLastError), iErrBadArgument) << "nothing is open";
+  for (const auto& [NWidth, NHeight] : {
+           std::pair{0,     100},
+           {100,   -1 },
+           {40000, 100}
+  }) {
+    IGrHardCopySize(NWidth, NHeight);
+    EXPECT_EQ(InfoError(iInfoLastError), iErrBadArgument);
+  }
+  WindowClose();
+  IGrHardCopy("none.wmf");
+  EXPECT_EQ(InfoError(iInfoLastError), iErrNoWindow);
+  Small_Plot();
+  IGrHardCopyEnd(bDone);
+  EXPECT_FALSE(bDone || fs::exists("none.wmf"));
+}
+
+}  // namespace
+}  // namespace quillan
