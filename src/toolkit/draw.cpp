@@ -26,7 +26,8 @@ constexpr R8 dDiscRadius = 0.25;  // of the em
 constexpr R4 fMaxWidth = 16.0f;   // pixels of line width
 constexpr QRgb iWhite = 0xFFFFFFFF;
 constexpr R8 dSlack = 0.01;  // pixels: what 32-bit units lose at the edge of a clip
-constexpr R8 dDash = 5.0;    // pixels of line width
+constexpr QRectF hNowhere(-1.0e9, -1.0e9, 0.0, 0.0);
+constexpr R8 dDash = 5.0;  // pixels of line width
 constexpr R8 dGap = 4.0;
 
 struct Range {
@@ -131,7 +132,7 @@ void Place_Area() {
   hPlace.dPixelY = hPlace.hArea.height() / h.hUnit.hY.Span();
   hPlace.hVisible = hPlace.hArea.normalized().intersected(hPicture);
   if (h.hClip) hPlace.hVisible = hPlace.hVisible.intersected(To_Picture(*h.hClip));
-  hPlace.hVisible.adjust(-dSlack, -dSlack, dSlack, dSlack);
+  hPlace.hVisible = hPlace.hVisible.isEmpty() ? hNowhere : hPlace.hVisible.adjusted(-dSlack, -dSlack, dSlack, dSlack);
   const R8 dSmallest = hDraw.hCanvas.dMinEm;
   hPlace.dEm =
       std::clamp(std::abs(h.dCharHeight * hPlace.hArea.height()), dSmallest, std::max(hPicture.height(), dSmallest));

@@ -1,4 +1,4 @@
-// private.h: what the toolkit's own source files share. The only header that knows Qt.
+// private.h: what the toolkit's own source files share. With private_draw.h the only header that knows Qt.
 //
 // Events of the window system become messages in messages.cpp alone. Waiting is done by Wait_Until alone, which also
 // lets a session script play its next step when the program has come to rest.

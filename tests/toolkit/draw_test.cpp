@@ -243,6 +243,13 @@ TEST_F(Draw, TheClipEndsLinesAndLeavesMarkersAndLettersOutsideOut) {
   EXPECT_GE(hBox.left(), 95);
   IGrUnits(0.0f, 0.0f, 400.0f, 300.0f);
   EXPECT_GT(Ink(Drawn([&] { all(20.0f); })), 10.0) << "other units end the clip";
+  const QImage hNothing = Drawn([&] {
+    IGrClip(500.0f, 50.0f, 600.0f, 250.0f);
+    IGrSegment(-100.0f, 400.0f, 400.0f, -100.0f);
+    IGrSegment(-100.0f, 300.0f, 500.0f, 300.0f);
+    all(0.0f);
+  });
+  EXPECT_EQ(Ink(hNothing), 0.0) << "a clip beside the area leaves nothing";
 }
 
 TEST_F(Draw, TheAreaInUseAlwaysClips) {
