@@ -179,12 +179,9 @@ void Write_Rows(File& file, const std::vector<Window>& windows, const std::vecto
   for (std::size_t i = 0; i < windows.size(); ++i) {
     const Window& w = windows[i];
     const Reading& r = readings[i];
-    char resistivity[32] = "         *";
-    const double rho =
-        r.value > 0.0 ? Late_Time_Resistivity(1.0e-6 * r.value, rx_area, radius, 1.0e-3 * w.centre) : 0.0;
-    if (rho > 0.0) std::snprintf(resistivity, sizeof resistivity, "%10.3E", rho);
-    file.Line("%2d, %10.4E, %10.4E, %10.4E, %12.5E, %9.2E, %8.1f, %s", static_cast<int>(i + 1), w.centre, w.begin,
-              w.end, r.value, r.error, std::min(100.0 * r.error / std::abs(r.value), 99999.9), resistivity);
+    const double rho = Late_Time_Resistivity(1.0e-6 * std::abs(r.value), rx_area, radius, 1.0e-3 * w.centre);
+    file.Line("%2d, %10.4E, %10.4E, %10.4E, %12.5E, %9.2E, %8.1f, %10.3E", static_cast<int>(i + 1), w.centre, w.begin,
+              w.end, r.value, r.error, std::min(100.0 * r.error / std::abs(r.value), 99999.9), rho);
   }
 }
 
