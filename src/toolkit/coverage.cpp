@@ -46,6 +46,7 @@ void Coverage::Resize(I4 NWide, I4 NHigh) {
   NHeight = NHigh;
   NRow = static_cast<std::size_t>(NWidth + NEight);
   iCover.assign(NRow * static_cast<std::size_t>(NHeight), 0);
+  hSpan.assign(static_cast<std::size_t>(NHeight), {NWidth, 0});
   hUsed = {NWidth, NHeight, 0, 0};
   NUsed = 0;
 }
@@ -200,6 +201,10 @@ PixelBox Coverage::Box_With(const PixelBox& h) const {
 void Coverage::Use(const PixelBox& hBox) {
   hUsed = Box_With(hBox);
   NUsed += hBox.Area();
+  for (I4 iRow = hBox.iTop; iRow < hBox.iBottom; ++iRow) {
+    Span& h = hSpan[static_cast<std::size_t>(iRow)];
+    h = {std::min(h.iLeft, hBox.iLeft), std::max(h.iRight, hBox.iRight)};
+  }
 }
 
 namespace {
@@ -221,9 +226,11 @@ void Paint_Row(I2* iRow, I4 NPixel, std::uint32_t* iPixel, std::uint32_t iColour
 }  // namespace
 
 void Coverage::Paint(const Pixels& hPixels, std::uint32_t iColour) {
-  for (I4 iRow = hUsed.iTop; iRow < hUsed.iBottom && !Is_Empty(); ++iRow)
-    Paint_Row(Row(iRow) + hUsed.iLeft, hUsed.iRight - hUsed.iLeft, hPixels.iFirst + iRow * hPixels.NStep + hUsed.iLeft,
-              iColour);
+  for (I4 iRow = hUsed.iTop; iRow < hUsed.iBottom && !Is_Empty(); ++iRow) {
+    Span& h = hSpan[static_cast<std::size_t>(iRow)];
+    Paint_Row(Row(iRow) + h.iLeft, h.iRight - h.iLeft, hPixels.iFirst + iRow * hPixels.NStep + h.iLeft, iColour);
+    h = {NWidth, 0};
+  }
   hUsed = {NWidth, NHeight, 0, 0};
   NUsed = 0;
 }

@@ -72,7 +72,11 @@ class Coverage {
   std::size_t NRow = 0;  // of iCover: eight pixels may reach out of the image
   std::vector<I2> iCover;
   PixelBox hUsed{};  // holds all that is covered
-  I8 NUsed = 0;      // pixels of the boxes of all that was added
+  struct Span {
+    I4 iLeft, iRight;  // pixels from the first to before the end
+  };
+  std::vector<Span> hSpan;  // the same row by row: a curve covers little of its box
+  I8 NUsed = 0;             // pixels of the boxes of all that was added
 
   // Discs of one radius as they cover pixels, by the place of the centre.
   R4 fStamp = -1.0f;
