@@ -12,7 +12,7 @@ export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 export SOURCE_DATE_EPOCH=1605225600  # 2020-11-13, the date in the expected files
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-cp -r "$session/input/." "$folder/"
+cp -rL "$session/input/." "$folder/"
 cd "$folder"
 if [ -f "$session/arguments" ]; then
   read -r -a arguments < "$session/arguments" || true
@@ -34,7 +34,7 @@ if [ -d "$session/expected" ]; then
       diff "$session/expected/$file" "$file" | head -n 20 || true
       failed=1
     fi
-  done < <(cd "$session/expected" && find . -type f | sort)
+  done < <(cd "$session/expected" && find -L . -type f | sort)
 fi
 if [ -f "$session/produced" ]; then
   while IFS= read -r file; do
