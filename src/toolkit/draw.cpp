@@ -207,7 +207,10 @@ void toolkit::Resize_Backing_Image() {
   QImage hNew(hSize, QImage::Format_RGB32);
   hNew.setDevicePixelRatio(dRatio);
   hNew.fill(Qt::white);
-  if (!hDraw.hImage.isNull()) QPainter(&hNew).drawImage(QPointF(0.0, 0.0), Backing_Image());
+  // Stretched until it is drawn anew: in the middle of a mouse routine a click still hits what it is aimed at.
+  if (!hDraw.hImage.isNull()) {
+    QPainter(&hNew).drawImage(QRectF(QPointF(0.0, 0.0), QSizeF(Drawing_Area()->size())), Backing_Image());
+  }
   hDraw.hImage = hNew;
   hDraw.hScreenSize = QSizeF(Drawing_Area()->size()).expandedTo(QSizeF(1.0, 1.0));
   if (!hDraw.hPainter) hDraw.hPainter = New_Painter(hDraw.hImage, 1.0);

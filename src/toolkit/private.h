@@ -49,8 +49,8 @@ QWidget* Drawing_Area();
 void Show_Hint(const QString& sHint);
 /// Gives the arrow back while the program waits for the user in the middle of long work (window.cpp).
 void Suspend_Busy(bool bSuspend);
-/// The backing image of the drawing area, of its size at the screen's pixel ratio (draw.cpp). Resize keeps what is
-/// drawn, white elsewhere.
+/// The backing image of the drawing area, of its size at the screen's pixel ratio (draw.cpp). Resize stretches
+/// what is drawn.
 QImage& Backing_Image();
 void Resize_Backing_Image();
 void Drop_Backing_Image();
