@@ -216,10 +216,8 @@ void On_Field(CurveView& h, I4 iField) {
   if (iField == iMnuView) iCurvePlotType = std::clamp(iValue, 1, h.NPlotType);
 }
 
-/// The tool window goes along with the corner that it stands in, unless the user has put it elsewhere.
 void On_Resize(CurveView& h) {
-  WDialogHide();
-  Tool_Show();
+  Tool_Follow();
   h.bRedraw = true;
 }
 

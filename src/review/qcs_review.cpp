@@ -286,6 +286,11 @@ void On_Press(SectionView& hView, const Message& hMessage) {
   if (hMessage.VALUE1 == iMouseLeft || hMessage.VALUE1 == iMouseRight) Flag_Point(hView, hMessage);
 }
 
+void On_Resize(SectionView& hView) {
+  Tool_Follow();
+  hView.bRedraw = true;
+}
+
 void On_Message(SectionView& hView, MessageType iType, const Message& hMessage) {
   switch (iType) {
     case MessageType::Key: On_Key(hView, hMessage.VALUE1); break;
@@ -293,8 +298,8 @@ void On_Message(SectionView& hView, MessageType iType, const Message& hMessage) 
     case MessageType::Button: On_Choice(hView, &Gesture::iButton, hMessage.VALUE1); break;
     case MessageType::MouseDown: On_Press(hView, hMessage); break;
     case MessageType::Field: hView.bFieldChanged = true; break;
-    case MessageType::Expose:
-    case MessageType::Resize: hView.bRedraw = true; break;
+    case MessageType::Expose: hView.bRedraw = true; break;
+    case MessageType::Resize: On_Resize(hView); break;
     case MessageType::Close:
       hView.iFlag = iFlagExit;
       hView.iError = iErrorClosed;

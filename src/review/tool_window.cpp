@@ -28,6 +28,11 @@ void Tool_Show() {
   WDialogShow(WInfoWindow(iWindowWidth) - WInfoDialog(iDialogWidth) - 1, 0, iShowTool);
 }
 
+void Tool_Follow() {
+  WDialogHide();
+  Tool_Show();
+}
+
 void Tool_Close() {
   WDialogUnload();
   WMessageEnable(MessageType::Field, false);

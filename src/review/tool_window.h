@@ -10,6 +10,9 @@ namespace quillan {
 void Tool_Open(I4 iDialog, I4 iTrackbar, I4 NItem);
 /// Shows it at the top of the main window, its right edge one pixel from the window's, or where the user put it.
 void Tool_Show();
+/// After the main window has changed its size: it goes along with the corner that it stands in, unless the user has put
+/// it elsewhere.
+void Tool_Follow();
 /// Takes it away, with its messages, and clears the plot.
 void Tool_Close();
 
