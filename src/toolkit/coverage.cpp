@@ -44,7 +44,7 @@ void Coverage::Resize(I4 NWide, I4 NHigh) {
   if (NWidth == NWide && NHeight == NHigh) return;
   NWidth = NWide;
   NHeight = NHigh;
-  NRow = static_cast<std::size_t>(NWidth + NEight);
+  NRow = static_cast<std::size_t>(NWidth) + std::size_t{NEight};
   iCover.assign(NRow * static_cast<std::size_t>(NHeight), 0);
   hSpan.assign(static_cast<std::size_t>(NHeight), {NWidth, 0});
   hUsed = {NWidth, NHeight, 0, 0};
@@ -157,7 +157,7 @@ std::vector<Coverage::I2> Coverage::New_Stamp(I4 iPhaseX, I4 iPhaseY) const {
 }
 
 const Coverage::I2* Coverage::Stamp(I4 iPhaseX, I4 iPhaseY) {
-  std::vector<I2>& iWanted = iStamp[static_cast<std::size_t>(iPhaseY * NPhase + iPhaseX)];
+  std::vector<I2>& iWanted = iStamp[static_cast<std::size_t>(iPhaseY) * NPhase + static_cast<std::size_t>(iPhaseX)];
   if (iWanted.empty()) iWanted = New_Stamp(iPhaseX, iPhaseY);
   return iWanted.data();
 }
