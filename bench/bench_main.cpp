@@ -20,8 +20,8 @@
 #include "files/avg_writer.h"
 #include "files/mde_file.h"
 #include "foundations/log_file.h"
-#include "toolkit/menus.h"
-#include "toolkit/window.h"
+#include "toolkit/window/menus.h"
+#include "toolkit/window/window.h"
 
 namespace {
 

@@ -9,9 +9,9 @@
 #include <filesystem>
 #include <random>
 
+#include "commands/open_survey.h"
 #include "metadata/mdp_data.h"
 #include "processing/b_field.h"
-#include "shell/input_driver.h"
 
 namespace quillan {
 namespace {

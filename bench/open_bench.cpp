@@ -1,12 +1,12 @@
 // open_bench.cpp: what else happens between the choice of a file and its data on the screen.
 #include "benches.h"
+#include "commands/open_survey.h"
 #include "files/mde_file.h"
 #include "foundations/file_util.h"
 #include "metadata/mdp_data.h"
 #include "processing/b_field.h"
 #include "processing/moving_average.h"
 #include "processing/sort_data.h"
-#include "shell/input_driver.h"
 
 namespace quillan {
 namespace {

@@ -7,9 +7,9 @@
 #include "review/plot/igr_util.h"
 #include "review/qcc_plot.h"
 #include "review/qcs_plot.h"
-#include "toolkit/draw.h"
-#include "toolkit/plot_axes.h"
-#include "toolkit/window.h"
+#include "toolkit/draw/draw.h"
+#include "toolkit/draw/plot_axes.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {

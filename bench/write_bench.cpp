@@ -4,7 +4,7 @@
 
 #include "benches.h"
 #include "files/avg_writer.h"
-#include "toolkit/system.h"
+#include "platform/safe_file.h"
 
 namespace quillan {
 namespace {

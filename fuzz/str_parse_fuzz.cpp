@@ -90,8 +90,8 @@ void Match_Labels(std::string_view sRecord, I4 MFld) {
   };
   const std::vector<std::string_view> CSpelling[] = {
       {"STN", "S"},
-      {"EAST",     "X"},
-      {       }
+      {"EAST", "X"},
+      {}
   };
   ColumnMap hByVariable, hByColumn, hMap;
   I4 iError = 0, NFC = 0;

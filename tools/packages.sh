@@ -4,7 +4,7 @@
 # plots are lettered in Liberation Sans; menus and dialogs take the system's sans family, which Debian's font
 # configuration finds in DejaVu but not in Liberation.
 packages_run=(g++ cmake ninja-build qt6-base-dev qt6-tools-dev libqt6opengl6-dev fonts-liberation2 fonts-dejavu-core)
-packages_test=("${packages_run[@]}" libgtest-dev clang-format-14 libwmf-bin)
+packages_test=("${packages_run[@]}" libgtest-dev clang-format-16 libwmf-bin)
 
 # Runs a command as root; fails where that needs a password and nobody is there to type it.
 as_root() {

@@ -12,6 +12,7 @@
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
+#include "foundations/user.h"
 #include "metadata/enm_data.h"
 #include "metadata/mdp_data.h"
 #include "model/tmd_exchange.h"
@@ -407,8 +408,7 @@ void Report_Transients(std::string_view sFileName, I4& iError) {
 }
 
 void Look_at_User(I4 iRecord) {
-  I4 iFlag = 0;
-  if (iRecord % NRecordsPerLook == 0) Message_Check(iFlag);
+  if (iRecord % NRecordsPerLook == 0) hUser.Look();
 }
 
 }  // namespace

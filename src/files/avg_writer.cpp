@@ -12,7 +12,7 @@
 #include "foundations/str_write.h"
 #include "metadata/enm_data.h"
 #include "model/tmd_exchange.h"
-#include "toolkit/system.h"
+#include "platform/clock.h"
 
 namespace quillan {
 namespace {

@@ -12,12 +12,11 @@
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
+#include "foundations/user.h"
 #include "metadata/mdp_data.h"
 #include "metadata/stn_md.h"
 #include "model/tmd_exchange.h"
-#include "toolkit/dialog.h"
-#include "toolkit/messages.h"
-#include "toolkit/system.h"
+#include "platform/file_names.h"
 
 namespace quillan {
 
@@ -69,12 +68,10 @@ std::string_view Part(std::string_view sText, std::size_t I1, std::size_t I2) {
 }
 
 bool Ask_for_File(std::string& sMdeFile) {
-  std::string sChosen;
-  WSelectFile2("Optional *.mde files|*.mde|", iSelectOptional, sChosen,
-               "Select optional survey information *.mde file.");
-  if (WInfoDialog(iExitButtonCommon) != iAnswerYes) return false;
-  sMdeFile = sChosen;
-  return true;
+  const std::string sChosen =
+      hUser.Choose_File("Optional *.mde files|*.mde|", "Select optional survey information *.mde file.");
+  if (!sChosen.empty()) sMdeFile = sChosen;
+  return !sChosen.empty();
 }
 
 void Read_Line(I4 iRecord, std::string_view sRecord) {
@@ -114,10 +111,8 @@ void Settle_Station_Scaling(StnGroup& hStn) {
 }
 
 bool May_Update(const std::string& sMdeFile) {
-  const std::string sFileName(File_Name(sMdeFile));
-  WMessageBox(BoxButtons::YesNo, BoxIcon::Question, sFileName + " already exists, do you want to update it?",
-              "File already exists");
-  return WInfoDialog(iExitButtonCommon) == iAnswerYes;
+  return hUser.Says_Yes(std::string(File_Name(sMdeFile)) + " already exists, do you want to update it?",
+                        "File already exists");
 }
 
 /// Whether a program's name stands in the text between "$" and ":", but not right behind the "$": lines of that form

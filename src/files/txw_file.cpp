@@ -11,10 +11,9 @@
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
+#include "foundations/user.h"
 #include "model/txw_data.h"
-#include "toolkit/dialog.h"
-#include "toolkit/messages.h"
-#include "toolkit/system.h"
+#include "platform/file_names.h"
 
 namespace quillan {
 
@@ -76,12 +75,10 @@ void Report(L4 bAuto, const ErrorLines& sError) {
 }
 
 bool Ask_for_File(std::string& sTxwFile) {
-  std::string sChosen;
-  WSelectFile2("Select optional txw file or select Cancel|*.txw|", iSelectOptional, sChosen,
-               "Select optional Tx wire endpoints file");
-  if (WInfoDialog(iExitButtonCommon) != iAnswerYes) return false;
-  sTxwFile = sChosen;
-  return true;
+  const std::string sChosen =
+      hUser.Choose_File("Select optional txw file or select Cancel|*.txw|", "Select optional Tx wire endpoints file");
+  if (!sChosen.empty()) sTxwFile = sChosen;
+  return !sChosen.empty();
 }
 
 /// The file that is to be read. False when there is none.

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "toolkit/system.h"
+#include "platform/arguments.h"
+#include "platform/file_names.h"
 
 namespace quillan {
 
@@ -39,8 +40,7 @@ std::string_view File_Dir(std::string_view sPath) {
 
 void Get_Exe_DirPath(std::string& sDirPath, I4& iError) {
   iError = 0;
-  std::string sProgram;
-  IOsArgument(0, sProgram);
+  const std::string sProgram = IOsArgument(0);
   sDirPath = File_Dir(sProgram);
 }
 
@@ -52,8 +52,7 @@ bool Is_Found(std::string_view sDir, std::string_view sFileName, std::string& sF
 }
 
 bool Is_Found_On_Path(std::string_view sFileName, std::string& sFileSpec) {
-  std::string sPathList;
-  IOsVariable("PATH", sPathList);
+  const std::string sPathList = IOsVariable("PATH");
   std::string_view sRest = Trimmed(sPathList);
   while (!sRest.empty()) {
     const std::string_view sEntry = sRest.substr(0, sRest.find(sPathListSeparator));

@@ -8,17 +8,9 @@
 #include <string_view>
 
 #include "base/types.h"
+#include "platform/file_names.h"
 
 namespace quillan {
-
-/// What separates folders in a path on this platform.
-#ifdef _WIN32
-inline constexpr char sSlash = '\\';
-inline constexpr char sPathListSeparator = ';';
-#else
-inline constexpr char sSlash = '/';
-inline constexpr char sPathListSeparator = ':';
-#endif
 
 /// Position of the last separator; 0 if there is none.
 I4 Index_FileDir(std::string_view sPath);

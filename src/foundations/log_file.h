@@ -5,9 +5,7 @@
 // error file is opened and closed for each report, so that its content survives a crash.
 #pragma once
 
-#include <functional>
 #include <iosfwd>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,10 +16,9 @@
 
 namespace quillan {
 
-inline constexpr I4 MError = 5;          // lines in one report
-inline constexpr I4 MErr = 128;          // reports through LogErr_File that are written; width of a line in the box
-inline constexpr I4 MTextBuffer = 48;    // lines on the screen
-inline constexpr R4 fXCMScreen = 28.0f;  // cm, width of the screen that the size of the text is laid out for
+inline constexpr I4 MError = 5;        // lines in one report
+inline constexpr I4 MErr = 128;        // reports through LogErr_File that are written; width of a line in the box
+inline constexpr I4 MTextBuffer = 48;  // lines on the screen
 
 /// The end of the run: thrown by Stop_Program alone, caught by main alone, so that every destructor runs.
 struct ProgramStop {};
@@ -39,7 +36,6 @@ extern std::ofstream hLogFile;                      // open from its first line 
 inline Array1<Text<128>, MTextBuffer> sTextBuffer;  // lines on the screen, oldest first
 inline I4 NTextBuffer = 0;                          // of which in use
 inline I4 NErr = 0;                                 // reports that LogErr_File was given
-inline I4 NWErr = 0;                                // toolkit errors seen
 inline L4 bAutoErr = false;                         // true: errors go to the log as text, no box stops the run
 inline L4 bQuietErr = false;                        // the user wants no further boxes of the running command
 
@@ -57,28 +53,10 @@ void LogText_Reset();
 /// A line for the log file and the screen.
 void LogText(std::string_view sText);
 void LogText_File(std::string_view sText);
-void LogText_Screen(std::string_view sText);
-/// Draws the screen text anew: the newest lines that fit; a line too long for the window goes on in a second.
-void LogText_Update();
-
-/// The rows of text that a window shows, oldest first: each line cut at blanks, or at characters where a word alone is
-/// too long, into pieces of at most fWidth by fLength, and of the pieces the newest NRow. A blank line is a blank row.
-std::vector<std::string_view> Lines_That_Fit(std::span<const Text<128>> sLine, I4 NRow, R4 fWidth,
-                                             const std::function<R4(std::string_view)>& fLength);
-
 /// A report for the error file and a message box; Cancel in the box ends the run.
 void LogErr(const ErrorLines& sError);
 /// A report for the error file alone, for one bad row of many; after 128 of them there are no more.
 void LogErr_File(const ErrorLines& sError);
 void LogErr_Screen(const ErrorLines& sError);
-
-/// Looks at waiting messages without waiting. iFlag: 0 nothing, 1 the window was drawn anew, 2 a file was dropped. A
-/// close request ends the run. For long loops, that the window stays alive.
-void Message_Check(I4& iFlag);
-/// Waits for a key or a mouse button. iType 1 or 4, iValue1 the key or the button.
-void Message_Pause(I4& iType, I4& iValue1);
-
-/// Logs the toolkit's last error, if there is one; more than 20 of them end the run. sTraceBack: routine and a number.
-void InqWintError(std::string_view sTraceBack = {});
 
 }  // namespace quillan

@@ -5,9 +5,7 @@
 #include "foundations/log_file.h"
 #include "foundations/str_parse.h"
 #include "foundations/str_value.h"
-#include "toolkit/dialog.h"
-#include "toolkit/grid.h"
-#include "toolkit/system.h"
+#include "foundations/user.h"
 
 namespace quillan {
 
@@ -105,8 +103,6 @@ void Report_All_Missing(std::span<const std::string_view> CID, const ColumnMap& 
   }
 }
 
-constexpr std::string_view sDialogName = "Str_Column_Labels_Dialog";
-
 bool Is_Complete(const ColumnMap& hColumn) {
   return std::find(hColumn.KCol.begin(), hColumn.KCol.end(), 0) == hColumn.KCol.end();
 }
@@ -130,25 +126,8 @@ std::vector<std::string> Status_Words(const ColumnMap& hColumn, std::span<const 
   return sStatus;
 }
 
-void Fill_Columns_Dialog(std::string_view sFileName, std::span<const std::string_view> sVariable,
-                         std::span<const I4> JCheck, I4 nLabel, const ColumnMap& hColumn) {
-  const std::string sFile(Trimmed(sFileName));
-  const std::string sPrompt = "Match column labels from " + sFile + " to program variables.";
-  std::vector<std::string> sText(sVariable.begin(), sVariable.end());
-  sText.resize(hColumn.KCol.size());
-  WDialogTitle("Verify column labels in " + sFile);
-  WGridRows(iGrdColumns, static_cast<I4>(hColumn.KCol.size()));
-  WDialogPutString(iLblColumnsPrompt, Cut_Text(sPrompt, MReportLine));
-  WGridPutString(iGrdColumns, 1, sText);
-  WGridPutString(iGrdColumns, 2, Status_Words(hColumn, JCheck, nLabel));
-  WGridPutMenu(iGrdColumns, 3, hColumn.sLabel, hColumn.KCol);
-  InqWintError(sDialogName);
-}
-
-/// The user's choices; nLabel is the entry for none.
+/// Takes the user's choices as the columns of the variables; nLabel is the entry for none.
 void Take_Columns(I4 nLabel, ColumnMap& hColumn) {
-  WGridGetMenu(iGrdColumns, 3, hColumn.KCol);
-  InqWintError(sDialogName);
   std::fill(hColumn.JCol.begin(), hColumn.JCol.end(), 0);
   for (std::size_t j = 0; j < hColumn.KCol.size(); ++j) {
     I4& K = hColumn.KCol[j];
@@ -168,21 +147,6 @@ std::string Missing_Required(std::span<const std::string_view> CID, std::span<co
     sList += Trimmed(CID[j]);
   }
   return sList;
-}
-
-/// Shows the dialog until the choice will do or the user gives up. Returns the status.
-I4 Ask_Columns(std::string_view sRecord, std::span<const std::string_view> CID, std::span<const I4> JCheck, I4 nLabel,
-               ColumnMap& hColumn) {
-  for (I4 iError = 0;; iError = 1) {
-    WDialogShow(iCentred, iCentred, iShowModal);
-    InqWintError(sDialogName);
-    if (WInfoDialog(iExitButton) == iBtnCancel) return 2;
-    if (WInfoDialog(iExitButton) != iBtnContinue) return iError;
-    Take_Columns(nLabel, hColumn);
-    const std::string sMissing = Missing_Required(CID, JCheck, hColumn);
-    if (sMissing.empty()) return 0;
-    LogErr({"ERROR: Missing required data-column labels", sMissing + " in", std::string(sRecord)});
-  }
 }
 
 template <class Real>
@@ -249,21 +213,21 @@ void Str_Column_Labels_Dialog(std::string_view sFileName, std::string_view sReco
   Str_Column_Labels_Alias_List(sRecord, false, bExactMatch, CAlias, CID, MFC, hColumn, iError);
   if (Is_Complete(hColumn)) return;
 
-  const I4 iDialogBefore = WInfoDialog(iCurrentDialog);
-  WDialogLoad(iDlgMatchColumns);
-  if (WInfoDialog(iCurrentDialog) != iDlgMatchColumns) {
-    InfoError(iInfoLastError);  // nobody can be asked: as if the user had cancelled
-    iError = 2;
-    return;
-  }
   const ColumnMap hFound = hColumn;
   const I4 nLabel = Add_None(MFC, hColumn);
-  Fill_Columns_Dialog(sFileName, sVariable, JCheck, nLabel, hColumn);
-  iError = Ask_Columns(sRecord, CID, JCheck, nLabel, hColumn);
-  if (iError != 0) hColumn = hFound;  // "none" is no column that a caller could read
-  WDialogUnload();
-  if (iDialogBefore != 0) WDialogSelect(iDialogBefore);
-  InqWintError(sDialogName);
+  const std::vector<std::string> sStatus = Status_Words(hColumn, JCheck, nLabel);
+  std::vector<std::string> sWord(sVariable.begin(), sVariable.end());
+  sWord.resize(hColumn.KCol.size());
+  std::vector<I4> KChoice = hColumn.KCol;  // of the entries, the one for none among them
+  while (hUser.Which_Columns({Trimmed(sFileName), sWord, sStatus, hColumn.sLabel, KChoice})) {
+    hColumn.KCol = KChoice;
+    Take_Columns(nLabel, hColumn);
+    const std::string sMissing = Missing_Required(CID, JCheck, hColumn);
+    if (sMissing.empty()) return;
+    LogErr({"ERROR: Missing required data-column labels", sMissing + " in", std::string(sRecord)});
+  }
+  hColumn = hFound;  // "none" is no column that a caller could read
+  iError = 2;
 }
 
 void CSV_Column_Labels(std::string_view sRecord, bool bReportErr, bool bExactMatch,

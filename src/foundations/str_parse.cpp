@@ -5,8 +5,7 @@
 #include <limits>
 
 #include "foundations/log_file.h"
-#include "toolkit/dialog.h"
-#include "toolkit/system.h"
+#include "foundations/user.h"
 
 namespace quillan {
 
@@ -102,25 +101,6 @@ I4 First_Entry(std::span<const std::string_view> CEnumeration, Question bMatches
   return it == CEnumeration.end() ? 0 : static_cast<I4>(it - CEnumeration.begin()) + 1;
 }
 
-constexpr std::string_view sAskName = "Str_to_iEnumeration_Dialog";
-
-void Fill_Match_Dialog(std::string_view CField, std::string_view sKeyword,
-                       std::span<const std::string_view> CEnumeration, I4 iSelect) {
-  std::vector<std::string> sEntry;
-  for (const std::string_view CEntry : CEnumeration) sEntry.emplace_back(Trimmed(CEntry));
-  WDialogPutString(iLblMatchWhat, "Match this " + std::string(Trimmed(sKeyword)) + " label");
-  WDialogPutString(iFldMatchWord, CField);
-  WDialogPutMenu1(iMnuMatchList, sEntry, iSelect);
-  InqWintError(sAskName);
-}
-
-/// A selection that cannot be read leaves the value as it was.
-void Take_Match(I4 N, I4& iEnumeration) {
-  I4 iSelect = 0;
-  WDialogGetMenu1(iMnuMatchList, iSelect);
-  if (InfoError(iInfoLastError) == iErrNone && iSelect >= 1 && iSelect <= N) iEnumeration = iSelect;
-}
-
 }  // namespace
 
 FieldList::FieldList(I4 MFld, I4 NFieldWidth)
@@ -211,23 +191,12 @@ void Str_to_iEnumeration(std::string_view sField, std::string_view sKeyword,
 
 void Str_to_iEnumeration_Dialog(std::string_view CField, std::string_view sKeyword,
                                 std::span<const std::string_view> CEnumeration, I4& iEnumeration, I4& IOERR) {
-  IOERR = 0;
   const I4 N = static_cast<I4>(CEnumeration.size());
-  const I4 iDialogBefore = WInfoDialog(iCurrentDialog);
-  WDialogLoad(iDlgMatchLabel);
-  if (WInfoDialog(iCurrentDialog) != iDlgMatchLabel) {
-    InfoError(iInfoLastError);  // nobody can be asked: as if the user had cancelled
-    IOERR = 2;
-    return;
-  }
-  Fill_Match_Dialog(CField, sKeyword, CEnumeration, std::max(1, std::min(iEnumeration, N)));
-  WDialogShow(iCentred, iCentred, iShowModal);
-  InqWintError(sAskName);
-  if (WInfoDialog(iExitButton) == iBtnContinue) Take_Match(N, iEnumeration);
-  if (WInfoDialog(iExitButton) == iBtnCancel) IOERR = 2;
-  WDialogUnload();
-  if (iDialogBefore != 0) WDialogSelect(iDialogBefore);
-  InqWintError(sAskName);
+  std::vector<std::string> sEntry;
+  for (const std::string_view CEntry : CEnumeration) sEntry.emplace_back(Trimmed(CEntry));
+  const I4 iMeant = hUser.Which_Word({CField, Trimmed(sKeyword), sEntry, std::max(1, std::min(iEnumeration, N))});
+  IOERR = iMeant == 0 ? 2 : 0;
+  if (iMeant >= 1 && iMeant <= N) iEnumeration = iMeant;
 }
 
 I4 iStr_Fuzzy_Match(std::string_view str1, std::string_view str2) {

@@ -10,16 +10,10 @@
 #include <string_view>
 
 #include "base/types.h"
-#include "toolkit/system.h"
+#include "platform/file_names.h"
+#include "platform/safe_file.h"
 
 namespace quillan {
-
-/// The end of a line on this platform.
-#ifdef _WIN32
-inline constexpr std::string_view sLineEnd = "\r\n";
-#else
-inline constexpr std::string_view sLineEnd = "\n";
-#endif
 
 /// Records of a text file in turn. Memory use does not depend on the size of the file or of its lines.
 class RecordReader {

@@ -20,18 +20,11 @@ struct AutoSkipLimits {
   R4 ErrorFloor = 50.0f;         // percent, on fuVpct
 };
 
-// Module state: AutoSkip_Edit fills it, AutoSkip_Initialize restores it.
+// Module state: the command fills it, AutoSkip_Initialize restores it.
 inline AutoSkipLimits hAutoSkip;
 void AutoSkip_Initialize();
 
-/// Asks for the limits in dialog 101. MTWK: most windows of any transient. Limits are held to the data before the
-/// dialog opens; a field that cannot be read keeps its old value. iError: 0; 1 the user cancelled.
-void AutoSkip_Edit(I4 MTWK, AutoSkipLimits& hLimits, I4& iError);
-
 /// Sets bSkip(1..NTW) of every transient from the data alone; no flag of before is kept.
 void AutoSkip_Apply(const AutoSkipLimits& hLimits);
-
-/// The command: asks, then applies. iError: 0; 1 without data or when the user cancelled.
-void AutoSkip_Filter(I4& iError);
 
 }  // namespace quillan

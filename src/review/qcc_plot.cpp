@@ -7,8 +7,9 @@
 #include "foundations/str_write.h"
 #include "metadata/enm_data.h"
 #include "review/plot/igr_util.h"
-#include "toolkit/draw.h"
-#include "toolkit/plot_axes.h"
+#include "toolkit/draw/draw.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/draw/plot_axes.h"
 
 namespace quillan {
 namespace {

@@ -13,10 +13,10 @@
 #include "review/qcc_plot.h"
 #include "review/review_flag.h"
 #include "review/tool_window.h"
-#include "toolkit/dialog.h"
-#include "toolkit/messages.h"
-#include "toolkit/system.h"
-#include "toolkit/window.h"
+#include "toolkit/dialog/dialog.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/window/messages.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {
@@ -208,10 +208,10 @@ void On_Mouse(CurveView& h, const Message& hPress) {
 
 void On_Field(CurveView& h, I4 iField) {
   I4 iValue = 0;
-  InfoError(iInfoLastError);
+  InfoError();
   if (iField == iTrkCurve) WDialogGetTrackbar(iTrkCurve, iValue);
   if (iField == iMnuView) WDialogGetMenu1(iMnuView, iValue);
-  if (InfoError(iInfoLastError) != iErrNone) return;
+  if (InfoError() != iErrNone) return;
   if (iField == iTrkCurve) h.iTrn = std::clamp(iValue, 1, NTrn);
   if (iField == iMnuView) iCurvePlotType = std::clamp(iValue, 1, h.NPlotType);
 }

@@ -88,10 +88,10 @@ struct ControlRecord {
 
 std::vector<ControlRecord> Titles() {
   return {
-      {                                            },
-      {"TBTitle1",                                    hTemSurvey.sJobName.str() + " Line " + hTemSurvey.sLineName.str()},
-      {"TBTitle2",                                             hTemSurvey.sJobFor.str()},
-      {"TBTitle3",std::string(Held_Entry(sTemArray, hTemSurvey.iTemArray)) + " TEM Profile Plot"},
+      {},
+      {"TBTitle1", hTemSurvey.sJobName.str() + " Line " + hTemSurvey.sLineName.str()},
+      {"TBTitle2", hTemSurvey.sJobFor.str()},
+      {"TBTitle3", std::string(Held_Entry(sTemArray, hTemSurvey.iTemArray)) + " TEM Profile Plot"},
       {},
   };
 }
@@ -99,12 +99,12 @@ std::vector<ControlRecord> Titles() {
 std::vector<ControlRecord> Glosses() {
   return {
       {"TBGloss1", ""},
-      {"TBGloss2",          ""},
-      {"TBGloss3",""},
+      {"TBGloss2", ""},
+      {"TBGloss3", ""},
       {"TBGloss4", ""},
-      {"TBGloss5",          ""},
-      {"TBGloss6",        ""},
-      {         },
+      {"TBGloss5", ""},
+      {"TBGloss6", ""},
+      {},
   };
 }
 
@@ -112,12 +112,12 @@ std::vector<ControlRecord> Line_Ends(const SectionRecord& h) {
   const R4 fAzimuth = hTemSurvey.fLineAzimuth;
   const R4 fReversed = Is_Present(fAzimuth) ? std::fmod(720.0f + fAzimuth - 180.0f, 360.0f) : fDummy;
   return {
-      {"BrgLeft",                      Str_Write_Brg(fReversed).str()},
-      {"BrgRight",                              Str_Write_Brg(fAzimuth).str()},
-      {                                                          },
-      {"Stn.Left",                     Str_Write_R8(hTrn(h.iTrnBeg).dRxStn, hStnForm).str()},
-      {"Stn.Right",               Str_Write_R8(hTrn(h.iTrnEnd).dRxStn, hStnForm).str()},
-      {              },
+      {"BrgLeft", Str_Write_Brg(fReversed).str()},
+      {"BrgRight", Str_Write_Brg(fAzimuth).str()},
+      {},
+      {"Stn.Left", Str_Write_R8(hTrn(h.iTrnBeg).dRxStn, hStnForm).str()},
+      {"Stn.Right", Str_Write_R8(hTrn(h.iTrnEnd).dRxStn, hStnForm).str()},
+      {},
   };
 }
 
@@ -125,8 +125,8 @@ std::vector<ControlRecord> Line_Ends(const SectionRecord& h) {
 std::vector<ControlRecord> Columns() {
   return {
       {"XCol", "1"},
-      {"YCol",      "5"},
-      {        }
+      {"YCol", "5"},
+      {}
   };
 }
 

@@ -8,9 +8,10 @@
 #include "metadata/enm_data.h"
 #include "model/tmd_data.h"
 #include "review/plot/igr_util.h"
-#include "toolkit/draw.h"
-#include "toolkit/hardcopy.h"
-#include "toolkit/plot_axes.h"
+#include "toolkit/draw/draw.h"
+#include "toolkit/draw/hardcopy.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/draw/plot_axes.h"
 
 namespace quillan {
 namespace {

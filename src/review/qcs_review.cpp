@@ -14,13 +14,13 @@
 #include "review/qcs_plot.h"
 #include "review/review_flag.h"
 #include "review/tool_window.h"
-#include "toolkit/dialog.h"
-#include "toolkit/draw.h"
-#include "toolkit/menus.h"
-#include "toolkit/messages.h"
-#include "toolkit/plot_axes.h"
-#include "toolkit/system.h"
-#include "toolkit/window.h"
+#include "toolkit/dialog/dialog.h"
+#include "toolkit/draw/draw.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/draw/plot_axes.h"
+#include "toolkit/window/menus.h"
+#include "toolkit/window/messages.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {
@@ -61,9 +61,9 @@ struct SectionView {
 void Read_Noise_Floor(SectionView& hView) {
   if (hView.iSectionShown == 0) return;
   R4 fField = 0.0f;
-  InfoError(iInfoLastError);
+  InfoError();
   WDialogGetReal(iFldNoiseFloor, fField);
-  if (InfoError(iInfoLastError) != iErrNone) return;
+  if (InfoError() != iErrNone) return;
   L4 bChanged = false;
   QCS_Take_Noise_Floor(hView.iSectionShown, hView.iPlotType, fField, hView.fYPNoise0, bChanged);
   hView.bInitialize = hView.bInitialize || bChanged;
@@ -72,9 +72,9 @@ void Read_Noise_Floor(SectionView& hView) {
 template <class Get>
 void Read_Choice(Get WDialogGet, I4 iField, I4 NMost, I4& iChoice) {
   I4 iRead = 0;
-  InfoError(iInfoLastError);
+  InfoError();
   WDialogGet(iField, iRead);
-  if (InfoError(iInfoLastError) == iErrNone) iChoice = std::clamp(iRead, 1, NMost);
+  if (InfoError() == iErrNone) iChoice = std::clamp(iRead, 1, NMost);
 }
 
 void Read_Fields(SectionView& hView) {

@@ -6,7 +6,7 @@
 #include "foundations/str_write.h"
 #include "metadata/enm_data.h"
 #include "review/plot/igr_util.h"
-#include "toolkit/plot_axes.h"
+#include "toolkit/draw/plot_axes.h"
 
 namespace quillan {
 

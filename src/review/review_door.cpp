@@ -7,8 +7,8 @@
 #include "review/qcs_review.h"
 #include "review/qcs_sections.h"
 #include "review/review_flag.h"
-#include "toolkit/draw.h"
-#include "toolkit/menus.h"
+#include "toolkit/draw/draw.h"
+#include "toolkit/window/menus.h"
 
 namespace quillan {
 namespace {

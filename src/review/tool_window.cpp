@@ -4,11 +4,12 @@
 
 #include "foundations/log_file.h"
 #include "model/tmd_data.h"
-#include "toolkit/dialog.h"
-#include "toolkit/draw.h"
-#include "toolkit/messages.h"
-#include "toolkit/plot_axes.h"
-#include "toolkit/window.h"
+#include "toolkit/dialog/dialog.h"
+#include "toolkit/draw/draw.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/draw/plot_axes.h"
+#include "toolkit/window/messages.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {

@@ -4,24 +4,29 @@
 #include <cmath>
 
 #include "base/program.h"
+#include "commands/auto_skip_command.h"
+#include "commands/open_survey.h"
+#include "commands/save_survey.h"
+#include "commands/session.h"
+#include "commands/survey_config.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "metadata/mdp_data.h"
 #include "model/tmd_data.h"
-#include "processing/auto_skip.h"
+#include "platform/arguments.h"
+#include "platform/file_names.h"
+#include "platform/folders.h"
 #include "processing/moving_average.h"
 #include "review/plot/cft_data.h"
 #include "review/review_door.h"
 #include "review/review_flag.h"
-#include "shell/input_driver.h"
-#include "shell/output_driver.h"
-#include "shell/session.h"
-#include "shell/survey_config.h"
-#include "toolkit/dialog.h"
-#include "toolkit/menus.h"
-#include "toolkit/messages.h"
-#include "toolkit/system.h"
-#include "toolkit/window.h"
+#include "shell/user_at_window.h"
+#include "toolkit/dialog/dialog.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/window/log_text.h"
+#include "toolkit/window/menus.h"
+#include "toolkit/window/messages.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {
@@ -178,8 +183,10 @@ void Open_Window() {
 
 void Initialize_All() {
   I4 iError = 0;
+  hUser = User_at_Window();
   Session_Initialize();
   Log_Initialize(sPrgName, iError);
+  Last_Error_Initialize();
   TMD_Initialize(iError);
   MDP_Initialize(iError);
   CFT_Initialize("cftable.clr");
@@ -187,9 +194,7 @@ void Initialize_All() {
 }
 
 void Read_First_File() {
-  std::string sArgument;
-  if (WInfoSystem(iNumberOfArguments) >= 1) IOsArgument(1, sArgument);
-  Get_File(sArgument, sAvgFile, ".avg");
+  Get_File(IOsArgument(1), sAvgFile, ".avg");
   if (sAvgFile.empty()) Stop_Program();
   Session_Title();
   I4 iError = 0;
@@ -208,9 +213,7 @@ std::string Completed(std::string_view sName, std::string_view sFileExt) {
   std::string sFile(sName);
   if (Index_FExt(sFile) == static_cast<I4>(sFile.size())) sFile += sFileExt;
   if (sFile.find(sSlash) != std::string::npos) return sFile;
-  std::string sDir;
-  IOsDirName(sDir);
-  return sDir + sSlash + sFile;
+  return IOsDirName() + sSlash + sFile;
 }
 
 }  // namespace

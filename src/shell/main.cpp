@@ -6,10 +6,10 @@
 
 #include "base/program.h"
 #include "foundations/log_file.h"
+#include "platform/safe_file.h"
 #include "shell/command_loop.h"
-#include "toolkit/script.h"
-#include "toolkit/system.h"
-#include "toolkit/window.h"
+#include "toolkit/script/script.h"
+#include "toolkit/window/window.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "foundations/file_util.h"
+#include "platform/arguments.h"
+#include "platform/file_names.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-
-#include "toolkit/system.h"
 
 namespace quillan {
 namespace {
@@ -44,7 +44,7 @@ TEST(FileUtil, CutsPathsIntoFolderNameAndExtension) {
 class FindFile : public testing::Test {
  protected:
   void SetUp() override {
-    IOsVariable("PATH", sOldPath);
+    sOldPath = IOsVariable("PATH");
     for (const char* sDir : {"find", "find/a", "find/b", "find/a/folder.clr"}) fs::create_directory(sDir);
     for (const char* sPath : {"find/a/x.clr", "find/b/x.clr", "find/b/y.clr", "find/b/folder.clr"})
       std::ofstream(sPath) << "x";

@@ -111,18 +111,18 @@ TEST(ListUtil, SearchingFindsNearCopiesOnEitherSide) {
     R4 fValue;
     I4 NList, iMatch;
   } hCase[] = {
-      {8,                    3,     1                 },
-      {16,                   3,     2                 },
-      {fAlmost32,            3,     3                 },
-      {std::nextafter(16.0f, 0.0f), 3,                  2},
-      {std::nextafter(8.0f,                    0.0f),       3, 1},
-      {20,                   3,                        0                                        },
-      {7,                   3, 0},
-      {99,                   3,                        0                                                              },
-      {32,                   2, 0},
-      {8,                   0,                        0                                                                                      },
-      {1.0E10f,                   0, 0},
-      {-1.0E10f,                   0,                        0                                                                                                            }
+      {8, 3, 1},
+      {16, 3, 2},
+      {fAlmost32, 3, 3},
+      {std::nextafter(16.0f, 0.0f), 3, 2},
+      {std::nextafter(8.0f, 0.0f), 3, 1},
+      {20, 3, 0},
+      {7, 3, 0},
+      {99, 3, 0},
+      {32, 2, 0},
+      {8, 0, 0},
+      {1.0E10f, 0, 0},
+      {-1.0E10f, 0, 0}
   };
   for (const auto& h : hCase) {
     I4 iMatch = 9;

@@ -7,8 +7,6 @@
 #include <iterator>
 
 #include "foundations/log_file.h"
-#include "toolkit/dialog.h"
-#include "toolkit/played_session.h"
 
 namespace quillan {
 namespace {
@@ -264,39 +262,6 @@ TEST_F(StrParse, ACommaDelimitedHeaderNamesEveryMissingColumnAndCountsTheNeededO
   EXPECT_EQ(hColumn.NFC, 0);
 }
 
-TEST_F(StrParse, TheUserCompletesAMatchOfColumns) {
-  // Continue is refused as long as the required column is missing.
-  PlayedSession hSession("expect \"Verify column labels in f.stn\"\npress 1009\ncell 1078 1 3 1\npress 1009\n");
-  const I4 JCheck[] = {1};
-  ColumnMap hColumn;
-  I4 iError = 9;
-  Str_Column_Labels_Dialog("f.stn", "x,b", true, {}, Labels{"A", "B", "C"}, Labels{"a", "b", "c"}, JCheck, 9, hColumn,
-                           iError);
-  EXPECT_EQ(Script_Exit_Status(), 0) << hSession.Errors();
-  EXPECT_EQ(iError, 0);
-  EXPECT_EQ(hColumn.KCol, (std::vector<I4>{1, 2, 0}));
-  EXPECT_EQ(hColumn.JCol[0], 1);
-  EXPECT_EQ(hColumn.JCol[1], 2);
-  EXPECT_EQ(hColumn.JCol[2], 0) << "the entry for none is no column";
-  EXPECT_NE(Errors().find(" ERROR: Missing required data-column labels\n A in\n x,b\n"), std::string::npos);
-  EXPECT_EQ(WInfoDialog(iCurrentDialog), 0);
-}
-
-TEST_F(StrParse, ACancelledMatchOfColumnsIsTheAutomaticOne) {
-  PlayedSession hSession("cell 1078 2 3 1\npress 1010\n");
-  ColumnMap hColumn;
-  I4 iError = 9;
-  const auto Match = [&](std::string_view sRecord) {
-    Str_Column_Labels_Dialog("f.stn", sRecord, true, {}, Labels{"A", "B"}, Labels{"a", "b"}, {}, 9, hColumn, iError);
-  };
-  Match("a,b");
-  EXPECT_EQ(iError, 0) << "a complete match asks nobody";
-  Match("x,b");
-  EXPECT_EQ(iError, 2);
-  EXPECT_EQ(hColumn.KCol, (std::vector<I4>{0, 2}));
-  EXPECT_EQ(hColumn.sLabel, (Fields{"x", "b"}));
-}
-
 TEST(ColumnValues, WhatCannotBeReadIsMissing) {
   const std::vector<I4> KCol{3, 1, 0, 2, 4, 5, 7};
   std::vector<R4> fValue(KCol.size(), 0.0f);
@@ -330,22 +295,6 @@ TEST(Enumeration, AWordIsFoundWholeThenAsAPart) {
     EXPECT_EQ(iFound, h.iExpected) << h.sWhy;
     EXPECT_EQ(IOERR, h.IOERR) << h.sWhy;
   }
-}
-
-TEST_F(StrParse, TheUserIsAskedForAnUnknownWord) {
-  const Labels CTable{"EAST", "NORTH", "SOUTH"};
-  PlayedSession hSession("field 1072 UP\nchoose 1076 3\npress 1009\nchoose 1076 1\npress 1010\n");
-  WDialogLoad(iDlgAutoSkip);
-  I4 iFound = 99, IOERR = 9;
-  Str_to_iEnumeration("up", "LINE.DIRECTION", CTable, iFound, IOERR);
-  EXPECT_EQ(iFound, 3);
-  EXPECT_EQ(IOERR, 0);
-  EXPECT_EQ(WInfoDialog(iCurrentDialog), iDlgAutoSkip) << "the dialog that was current is current again";
-  WDialogUnload();
-  Str_to_iEnumeration("down", "LINE.DIRECTION", CTable, iFound, IOERR);
-  EXPECT_EQ(iFound, 3) << "Cancel changes nothing";
-  EXPECT_EQ(IOERR, 2);
-  EXPECT_EQ(Script_Exit_Status(), 0) << hSession.Errors();
 }
 
 TEST(FuzzyMatch, CountsEditsAndSwaps) {

@@ -65,12 +65,5 @@ TEST(AutoSkip, LatchEndsWithItsTransientAndFlagsBehindTheLastWindowStay) {
   EXPECT_TRUE(hTrn(2).bSkip(3));
 }
 
-TEST(AutoSkip, WithoutDataNothingRuns) {
-  Begin_Test();
-  I4 iError = 0;
-  AutoSkip_Filter(iError);
-  EXPECT_EQ(iError, 1);
-}
-
 }  // namespace
 }  // namespace quillan

@@ -6,7 +6,7 @@
 
 #include "review/plot/igr_util.h"
 #include "support/survey_builder.h"
-#include "toolkit/plot_axes.h"
+#include "toolkit/draw/plot_axes.h"
 
 namespace quillan {
 namespace {
@@ -30,6 +30,7 @@ Shown Show(const Transient& h, I4 iPlotType = 1) {
 
 /// Puts transient 1 on show, with its plot units in force.
 Shown Show_and_Draw(const Transient& h) {
+  Last_Error_Initialize();  // there is no window to draw on
   Load({h});
   Shown s = Show(hTrn(1));
   QCC_Plot_Trns(s.iPltCmp, s.iError);
@@ -77,18 +78,18 @@ TEST(CurvePlot, OffersThePlotTypesThatTheTransientHas) {
     I4 NPlotType;
     std::string sNames;
   } hCase[] = {
-      {"voltages only",        TB().Values({5}),                          1,                                "dBz/dt Bz(t) App.Res."             },
-      {"B but no resistivity", With_B(TB().Component(iCmpHx).Values({5}), 1),                               2,                                    "dBx/dt Bx(t) App.Res."},
-      {"resistivity",                      hAll,                                                   3,                                                          "dBz/dt Bz(t) App.Res."                                          },
-      {"the least resistivity",                      TB().Component(iCmpHy).Resistivities({0.001f}),                                         3,      "dBy/dt By(t) App.Res."},
-      {"a resistivity below it",                      TB().Values({5}).Resistivities({0.0009f}),                                        1,          "dBz/dt Bz(t) App.Res."                                               },
-      {"electric: the first type alone",                      TB().Component(iCmpEx).Resistivities({20}),                                1, "none none none"},
-      {"reference",                      TB().Component(iCmpRef).Values({5}),                                                     1,                             "Ref none none"                                                      },
-      {"off time",                      TB().Component(iCmpOff).Values({-5}),                                                      1,                             "Off none none"},
-      {"a component that is none",                      TB().Component(9).Values({5}),                                      1,                    "Ref none none"                                                             },
-      {"a value at the limit",                      TB().Values({fDummyLimit}),                                          1,                           "dBz/dt Bz(t) App.Res."},
-      {"missing values",                      TB().Values({fDummy, fDummy}),                                                1,                              "none none none"                                                          },
-      {"no windows",                      TB(),                                                    1,                                                           "none none none"},
+      {"voltages only", TB().Values({5}), 1, "dBz/dt Bz(t) App.Res."},
+      {"B but no resistivity", With_B(TB().Component(iCmpHx).Values({5}), 1), 2, "dBx/dt Bx(t) App.Res."},
+      {"resistivity", hAll, 3, "dBz/dt Bz(t) App.Res."},
+      {"the least resistivity", TB().Component(iCmpHy).Resistivities({0.001f}), 3, "dBy/dt By(t) App.Res."},
+      {"a resistivity below it", TB().Values({5}).Resistivities({0.0009f}), 1, "dBz/dt Bz(t) App.Res."},
+      {"electric: the first type alone", TB().Component(iCmpEx).Resistivities({20}), 1, "none none none"},
+      {"reference", TB().Component(iCmpRef).Values({5}), 1, "Ref none none"},
+      {"off time", TB().Component(iCmpOff).Values({-5}), 1, "Off none none"},
+      {"a component that is none", TB().Component(9).Values({5}), 1, "Ref none none"},
+      {"a value at the limit", TB().Values({fDummyLimit}), 1, "dBz/dt Bz(t) App.Res."},
+      {"missing values", TB().Values({fDummy, fDummy}), 1, "none none none"},
+      {"no windows", TB(), 1, "none none none"},
   };
   for (const auto& h : hCase) {
     const Shown s = Show(h.h, 9);
@@ -156,6 +157,7 @@ TEST(CurvePlot, TicksOfTheWidestRangeStayInsideItAndRise) {
 }
 
 TEST(CurvePlot, TheTitleNamesTheSounding) {
+  Last_Error_Initialize();
   Load({TransientBuilder().Values({5}).Transmitter(100).Station(112.5).Frequency(250)});
   Show(hTrn(1));
   EXPECT_EQ(hCurve.sTitle, "TxFreq=250, TxStn=100, RxStn=112.5, RxCmp=Hz");

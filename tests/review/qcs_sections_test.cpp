@@ -7,8 +7,8 @@
 
 #include "review/plot/igr_util.h"
 #include "support/survey_builder.h"
-#include "toolkit/draw.h"
-#include "toolkit/plot_axes.h"
+#include "toolkit/draw/draw.h"
+#include "toolkit/draw/plot_axes.h"
 
 namespace quillan {
 namespace {
@@ -257,14 +257,14 @@ TEST(SectionPlot, WithoutSectionStationOrValueNothingIsVisible) {
   Transient hNoStation = At(10, {9, 3});
   hNoStation.dRxKvrStn = dDummy;
   const Case hCases[] = {
-      {"section 0",  0,    1,        At(10,             {9, 3})},
-      {"section 2",            2,      1,  At(10,             {9, 3})},
-      {"plot type 0",     1,         0,     At(10,     {9, 3})},
-      {"plot type 4",       1,    4,        At(10,         {9, 3})},
-      {"all missing",           1,       1, At(10,          {fDummy, fDummy})},
-      {"no windows", 1,1, At(10,{})},
-      {"no resistivity", 1,    3,              At(10,                          {9, 3})},
-      {"no station",            1, 1,        hNoStation                    },
+      {"section 0", 0, 1, At(10, {9, 3})},
+      {"section 2", 2, 1, At(10, {9, 3})},
+      {"plot type 0", 1, 0, At(10, {9, 3})},
+      {"plot type 4", 1, 4, At(10, {9, 3})},
+      {"all missing", 1, 1, At(10, {fDummy, fDummy})},
+      {"no windows", 1, 1, At(10, {})},
+      {"no resistivity", 1, 3, At(10, {9, 3})},
+      {"no station", 1, 1, hNoStation},
   };
   for (const Case& hCase : hCases) {
     Show({At(10, {9, 3})});

@@ -1,11 +1,11 @@
 // The main program's small rules, and the names of the files of a save.
 #include <gtest/gtest.h>
 
+#include "commands/save_survey.h"
+#include "platform/folders.h"
 #include "shell/command_loop.h"
-#include "shell/output_driver.h"
 #include "support/files.h"
 #include "support/survey_builder.h"
-#include "toolkit/system.h"
 
 namespace quillan {
 namespace {
@@ -28,8 +28,7 @@ TEST(WindowSize, IsHeldToAShapeOnWideAndOnPortraitScreens) {
 
 TEST(GetFile, TakesAWholeNameWithBlanksElseTheFirstWord) {
   Begin_Test();
-  std::string sDir;
-  IOsDirName(sDir);
+  const std::string sDir = IOsDirName();
   Write_File("line 1.avg", "");
   Write_File("line2.avg", "");
   Write_File("line3.xdb", "");

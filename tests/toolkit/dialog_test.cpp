@@ -1,16 +1,16 @@
 // Dialogs, boxes and the file dialog off-screen, used by a script's events as a user would use them.
-#include "toolkit/dialog.h"
+#include "toolkit/dialog/dialog.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 
-#include "toolkit/grid.h"
-#include "toolkit/messages.h"
-#include "toolkit/script.h"
-#include "toolkit/system.h"
-#include "toolkit/window.h"
+#include "toolkit/dialog/grid.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/script/script.h"
+#include "toolkit/window/messages.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {
@@ -29,7 +29,7 @@ class Dialogs : public testing::Test {
     Begin("");
     WindowOpen2(0, 0, 1200, 900, iMenuMain, "Quillan");
     WMessageEnable(MessageType::Field, true);
-    InfoError(iInfoLastError);
+    InfoError();
   }
   void TearDown() override {
     Begin("");
@@ -88,7 +88,7 @@ TEST_F(Dialogs, HaveEveryControlOfTheirTables) {
     ASSERT_EQ(WInfoDialog(iCurrentDialog), hRow.iDialog);
     for (const I4 iControl : hRow.iControl) {
       WDialogFieldState(iControl, 1);
-      EXPECT_EQ(InfoError(iInfoLastError), iErrNone) << hRow.iDialog << ": " << iControl;
+      EXPECT_EQ(InfoError(), iErrNone) << hRow.iDialog << ": " << iControl;
     }
     WDialogUnload();
   }
@@ -133,7 +133,7 @@ TEST_F(Dialogs, ContinueAloneChangesNoDigitAndNoByte) {
   WDialogGetString(iFldJobArea, sArea);
   WDialogGetString(iFldJobName, sName);
   WGridGetReal(iGrdRxArea, 1, fArea);
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNone);
+  EXPECT_EQ(InfoError(), iErrNone);
   EXPECT_EQ(fRead, fAzimuth);
   EXPECT_EQ(fLength, 2.0e9f);
   EXPECT_EQ(dRead, dCentre);
@@ -199,7 +199,7 @@ TEST_F(Dialogs, WhatCannotBeUsedKeepsTheOldValue) {
     EXPECT_EQ(Messages_of("set 1049 \"" + std::string(hRow.sTyped) + "\"\npress 1009"), "1049 1009!") << hRow.sTyped;
     R4 fRead = 99.0f;
     WDialogGetReal(iFldLineAzimuth, fRead);
-    EXPECT_EQ(InfoError(iInfoLastError), hRow.iStatus) << hRow.sTyped;
+    EXPECT_EQ(InfoError(), hRow.iStatus) << hRow.sTyped;
     EXPECT_EQ(fRead, hRow.fValue) << hRow.sTyped;
   }
   // The limit 1E-9 itself is just below the limit once it is an R4.
@@ -221,7 +221,7 @@ TEST_F(Dialogs, IntegersHaveTheRangeThatTheProgramSets) {
     Messages_of("set 1003 " + std::string(sTyped) + "\npress 1009");
     I4 iRead = 7;
     WDialogGetInteger(iFldTWEnd, iRead);
-    EXPECT_EQ(InfoError(iInfoLastError), iStatus) << sTyped;
+    EXPECT_EQ(InfoError(), iStatus) << sTyped;
     EXPECT_EQ(iRead, iStatus == iErrNone ? 20 : 7) << sTyped;
   }
 }
@@ -278,7 +278,7 @@ TEST_F(Dialogs, APutLeavesTheFieldThatIsBeingEdited) {
 TEST_F(Dialogs, AModalDialogEndsWithItsButton) {
   WDialogLoad(iDlgSaveTypes);
   WDialogPutNote(iChkPutAvg, "line1.avg");
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNone);
+  EXPECT_EQ(InfoError(), iErrNone);
   EXPECT_EQ(Exit_of("check 1059 off\npress 1009"), iBtnContinue);
   bool bPut = true;
   WDialogGetCheckBox(iChkPutAvg, bPut);
@@ -307,7 +307,7 @@ TEST_F(Dialogs, OneOpensWhileAnotherIsOpen) {
   WDialogGetString(iFldJobName, sName);
   EXPECT_EQ(sName, "Lake");
   WDialogSelect(iDlgMatchLabel);
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNoDialog);
+  EXPECT_EQ(InfoError(), iErrNoDialog);
 }
 
 TEST_F(Dialogs, ScriptsFailOnWhatAUserCouldNotDo) {
@@ -336,7 +336,7 @@ TEST_F(Dialogs, ColumnsAreMatchedInATable) {
   Exit_of("cell 1078 1 1 Other\npress 1009");  // the texts are not the user's
   EXPECT_EQ(Script_Exit_Status(), 3);
   WGridPutString(iGrdColumns, 4, sVariable);
-  EXPECT_EQ(InfoError(iInfoLastError), iErrBadArgument);
+  EXPECT_EQ(InfoError(), iErrBadArgument);
 }
 
 TEST_F(Dialogs, CellsThatCannotBeUsedKeepTheOldValue) {
@@ -347,7 +347,7 @@ TEST_F(Dialogs, CellsThatCannotBeUsedKeepTheOldValue) {
   std::vector<R4> fArea{7.0f, 8.0f, 9.0f};
   WGridGetReal(iGrdRxArea, 1, fArea);
   EXPECT_EQ(fArea, (std::vector<R4>{7.0f, 8.0f, 9.0f}));
-  EXPECT_NE(InfoError(iInfoLastError), iErrNone);
+  EXPECT_NE(InfoError(), iErrNone);
 }
 
 TEST_F(Dialogs, BoxesGiveTheAnswer) {
@@ -395,16 +395,16 @@ TEST_F(Dialogs, FilesAreChosenByAbsolutePath) {
 TEST(DialogsWithoutAnApplication, AreHarmless) {
   WindowClose();
   WDialogLoad(iDlgAutoSkip);
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNoDialog);
+  EXPECT_EQ(InfoError(), iErrNoDialog);
   WDialogPutInteger(iFldTWBeg, 1);
   WDialogShow(iCentred, iCentred, iShowModal);
   WDialogUnload();
   I4 iRead = 7;
   WDialogGetInteger(iFldTWBeg, iRead);
   EXPECT_EQ(iRead, 7);
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNoDialog);
+  EXPECT_EQ(InfoError(), iErrNoDialog);
   WMessageBox(BoxButtons::Ok, BoxIcon::None, "text", "");
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNoWindow);
+  EXPECT_EQ(InfoError(), iErrNoWindow);
   EXPECT_EQ(WInfoDialog(iExitButtonCommon), iAnswerNo);
 }
 

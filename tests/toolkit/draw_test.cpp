@@ -1,4 +1,4 @@
-#include "toolkit/draw.h"
+#include "toolkit/draw/draw.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 #include <cmath>
 #include <functional>
 
-#include "toolkit/private.h"
-#include "toolkit/system.h"
-#include "toolkit/window.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/window/private.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {
@@ -35,7 +35,7 @@ class Draw : public testing::Test {
     IGrUnits(0.0f, 0.0f, 400.0f, 300.0f);
     IGrColour("BLACK");
     WindowClear();
-    InfoError(iInfoLastError);
+    InfoError();
   }
   /// The image after a drawing on white.
   static QImage Drawn(const std::function<void()>& draw) {
@@ -149,7 +149,7 @@ TEST_F(Draw, LinesThatReachFarOutAreDrawnWhereTheyAreSeen) {
     WGrTextString(fNone, 10.0f, "text");
   });
   EXPECT_EQ(Ink(hNothing), 0.0);
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNone);
+  EXPECT_EQ(InfoError(), iErrNone);
 }
 
 TEST_F(Draw, ALineInManyPiecesLooksLikeOne) {
@@ -209,7 +209,7 @@ TEST_F(Draw, TheMarkerIsADiscOfHalfTheCharacterHeight) {
   EXPECT_LE(std::abs(Drawn_Box(hImage).center().y() - 150), 1);
 
   IGrMarker(200.0f, 150.0f, 3);
-  EXPECT_EQ(InfoError(iInfoLastError), iErrBadArgument) << "there is no other marker";
+  EXPECT_EQ(InfoError(), iErrBadArgument) << "there is no other marker";
 }
 
 TEST_F(Draw, MarkersThatLieFarApartAreAllDrawn) {
@@ -386,7 +386,7 @@ TEST_F(Draw, WhatMakesNoSenseIsRefusedAndLeavesTheStateAsItWas) {
   };
   for (const auto& bad : hBad) {
     bad();
-    EXPECT_EQ(InfoError(iInfoLastError), iErrBadArgument);
+    EXPECT_EQ(InfoError(), iErrBadArgument);
   }
   EXPECT_EQ(Drawn(draw), hBefore);
 }
@@ -409,9 +409,9 @@ TEST_F(Draw, PixelsAndUnitsAgree) {
 TEST_F(Draw, WithoutAWindowNothingHappens) {
   IGrSegment(1.0f, 1.0f, 5.0f, 5.0f);  // still collected when the window goes
   WindowClose();
-  InfoError(iInfoLastError);
+  InfoError();
   IGrSegment(1.0f, 1.0f, 5.0f, 5.0f);
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNoWindow);
+  EXPECT_EQ(InfoError(), iErrNoWindow);
   IGrLineTo(2.0f, 2.0f);
   IGrRectangle(0.0f, 0.0f, 1.0f, 1.0f);
   IGrBorder();

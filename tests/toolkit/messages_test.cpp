@@ -1,11 +1,11 @@
-#include "toolkit/messages.h"
+#include "toolkit/window/messages.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
 
-#include "toolkit/played_session.h"
-#include "toolkit/system.h"
+#include "support/played_session.h"
+#include "toolkit/draw/last_error.h"
 
 namespace quillan {
 namespace {
@@ -260,11 +260,11 @@ TEST(Drawing, TextIsAsLargeAsTheFontSaysWithinWhatCanBeRead) {
 
 // Layers above are tested without a window: nothing may crash, hang, or pretend.
 TEST(Toolkit, WithoutAWindowEveryCallIsHarmless) {
-  InfoError(iInfoLastError);
+  InfoError();
   Came hCame;
   WMessage(hCame.iType, hCame.hMessage);
   EXPECT_EQ(hCame.iType, MessageType::Close) << "a loop that waits for a message must end";
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNoWindow);
+  EXPECT_EQ(InfoError(), iErrNoWindow);
   WMessagePeek(hCame.iType, hCame.hMessage);
   EXPECT_EQ(hCame.iType, MessageType::None);
   EXPECT_EQ(WInfoWindow(iWindowDrawable), 0);
@@ -272,9 +272,9 @@ TEST(Toolkit, WithoutAWindowEveryCallIsHarmless) {
   EXPECT_EQ(WInfoScreen(iScreenWidth), 0);
   EXPECT_EQ(WGrTextLength("text"), 0.0f);
   const auto Sets_Error = [](auto Call) {
-    InfoError(iInfoLastError);
+    InfoError();
     Call();
-    return InfoError(iInfoLastError) == iErrNoWindow;
+    return InfoError() == iErrNoWindow;
   };
   EXPECT_TRUE(Sets_Error([] { WindowTitle("title"); }));
   EXPECT_TRUE(Sets_Error([] { WindowOutStatusBar(2, "text"); }));

@@ -9,11 +9,11 @@
 #include <numeric>
 
 #include "support/files.h"
-#include "toolkit/draw.h"
-#include "toolkit/hardcopy.h"
-#include "toolkit/private.h"
-#include "toolkit/system.h"
-#include "toolkit/window.h"
+#include "toolkit/draw/draw.h"
+#include "toolkit/draw/hardcopy.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/window/private.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {
@@ -68,7 +68,7 @@ class Hardcopy : public testing::Test {
     WInitialise(1, hArguments, "");
     WindowOpen2(0, 0, 900, 600, iNoMenu, "Quillan");
     IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
-    InfoError(iInfoLastError);
+    InfoError();
   }
   void TearDown() override { WindowClose(); }
 
@@ -334,7 +334,7 @@ TEST_F(Hardcopy, AFailureLeavesTheEarlierFileWhole) {
            Case{"folder.wmf",    "a folder"      }
   }) {
     EXPECT_FALSE(Drawn(HardCopyDriver::Metafile, h.sPath, Small_Plot)) << h.sWhat;
-    EXPECT_EQ(InfoError(iInfoLastError), iErrFile) << h.sWhat;
+    EXPECT_EQ(InfoError(), iErrFile) << h.sWhat;
   }
   IGrHardCopy("earlier.wmf");
   Small_Plot();
@@ -348,18 +348,18 @@ TEST_F(Hardcopy, CallsThatMakeNoSenseAreRefused) {
   bool bDone = true;
   IGrHardCopyEnd(bDone);
   EXPECT_FALSE(bDone);
-  EXPECT_EQ(InfoError(iInfoLastError), iErrBadArgument) << "nothing is open";
+  EXPECT_EQ(InfoError(), iErrBadArgument) << "nothing is open";
   for (const auto& [NWidth, NHeight] : {
            std::pair{0,     100},
            {100,   -1 },
            {40000, 100}
   }) {
     IGrHardCopySize(NWidth, NHeight);
-    EXPECT_EQ(InfoError(iInfoLastError), iErrBadArgument);
+    EXPECT_EQ(InfoError(), iErrBadArgument);
   }
   WindowClose();
   IGrHardCopy("none.wmf");
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNoWindow);
+  EXPECT_EQ(InfoError(), iErrNoWindow);
   Small_Plot();
   IGrHardCopyEnd(bDone);
   EXPECT_FALSE(bDone || fs::exists("none.wmf"));

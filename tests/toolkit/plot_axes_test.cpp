@@ -1,4 +1,4 @@
-#include "toolkit/plot_axes.h"
+#include "toolkit/draw/plot_axes.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include <limits>
 
 #include "support/files.h"
-#include "toolkit/hardcopy.h"
-#include "toolkit/played_session.h"
+#include "support/played_session.h"
+#include "toolkit/draw/hardcopy.h"
 
 namespace quillan {
 namespace {

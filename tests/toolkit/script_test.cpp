@@ -1,10 +1,10 @@
-#include "toolkit/script.h"
+#include "toolkit/script/script.h"
 
 #include <gtest/gtest.h>
 
-#include "toolkit/dialog.h"
-#include "toolkit/played_session.h"
-#include "toolkit/plot_axes.h"
+#include "support/played_session.h"
+#include "toolkit/dialog/dialog.h"
+#include "toolkit/draw/plot_axes.h"
 
 namespace quillan {
 namespace {

@@ -1,9 +1,9 @@
 // The tool windows of the reviews, off-screen, used by a script's events beside a plot.
 #include <gtest/gtest.h>
 
-#include "toolkit/dialog.h"
-#include "toolkit/played_session.h"
-#include "toolkit/system.h"
+#include "support/played_session.h"
+#include "toolkit/dialog/dialog.h"
+#include "toolkit/draw/last_error.h"
 
 namespace quillan {
 namespace {
@@ -16,7 +16,7 @@ class ToolSession : public PlayedSession {
     WDialogLoad(iDialog);
     WDialogRangeTrackbar(Trackbar(iDialog), 1, 20, 4);
     WDialogShow(WInfoWindow(iWindowWidth) - WInfoDialog(iDialogWidth) - 1 + NBeyond, 0, iShowTool);
-    InfoError(iInfoLastError);
+    InfoError();
   }
   static I4 Trackbar(I4 iDialog) { return iDialog == iDlgReviewCurve ? iTrkCurve : iTrkSection; }
 
@@ -137,7 +137,7 @@ TEST(ToolWindow, ATrackbarGivesBackWhatWasPutUntilItIsMoved) {
   EXPECT_EQ(hSession.Errors(), "steps.txt:5: the trackbar goes from 1 to 20\n");
   I4 iKept = 77;
   WDialogGetTrackbar(iFldNoiseFloor, iKept);
-  EXPECT_EQ(InfoError(iInfoLastError), iErrNoField);
+  EXPECT_EQ(InfoError(), iErrNoField);
   EXPECT_EQ(iKept, 77);
 }
 

@@ -11,9 +11,9 @@
 #include <QThread>
 #include <QWheelEvent>
 
-#include "toolkit/dialog.h"
-#include "toolkit/private.h"
-#include "toolkit/window.h"
+#include "toolkit/dialog/dialog.h"
+#include "toolkit/window/private.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {

@@ -12,7 +12,7 @@
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
-#include "toolkit/system.h"
+#include "platform/file_names.h"
 
 namespace quillan {
 namespace {

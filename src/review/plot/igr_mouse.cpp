@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "review/plot/igr_util.h"
-#include "toolkit/draw.h"
+#include "toolkit/draw/draw.h"
 
 namespace quillan {
 namespace {

@@ -9,8 +9,8 @@
 #include "foundations/log_file.h"
 #include "foundations/pn_intrp.h"
 #include "foundations/str_write.h"
-#include "toolkit/plot_axes.h"
-#include "toolkit/window.h"
+#include "toolkit/draw/plot_axes.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "base/types.h"
-#include "toolkit/messages.h"
+#include "toolkit/window/messages.h"
 
 namespace quillan {
 

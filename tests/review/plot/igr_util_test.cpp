@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "foundations/log_file.h"
-#include "toolkit/played_session.h"
+#include "support/played_session.h"
 
 namespace quillan {
 namespace {

@@ -1,0 +1,11 @@
+// match_columns.h: dialog 113: which columns of a file feed which variables?
+#pragma once
+
+#include "foundations/user.h"
+
+namespace quillan {
+
+/// False when the user cancelled or nobody can be asked; the columns are then as they were.
+bool Match_Columns(const ColumnQuestion& hQuestion);
+
+}  // namespace quillan

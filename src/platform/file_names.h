@@ -1,0 +1,26 @@
+// file_names.h: names of files as this platform forms them, and where a companion file is found.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quillan {
+
+#ifdef _WIN32
+inline constexpr char sSlash = '\\';  // separates the folders in a path
+inline constexpr char sPathListSeparator = ';';
+inline constexpr std::string_view sLineEnd = "\r\n";
+#else
+inline constexpr char sSlash = '/';
+inline constexpr char sPathListSeparator = ':';
+inline constexpr std::string_view sLineEnd = "\n";
+#endif
+
+/// Whether there is a file of that name. A folder is none.
+bool IOsFileExists(std::string_view sPath);
+
+/// The path of a companion file. The name as given if it exists, else the first in byte order of the names in its
+/// folder that differ from it in case only, else the name as given.
+std::string IOsFindCompanion(std::string_view sPath);
+
+}  // namespace quillan

@@ -1,0 +1,68 @@
+#include <QPainter>
+#include <QRegion>
+#include <QWidget>
+#include <algorithm>
+#include <cmath>
+
+#include "toolkit/draw/private_draw.h"
+#include "toolkit/window/private.h"
+
+namespace quillan {
+
+using namespace toolkit;
+
+namespace {
+
+// What lies over the image. Toggle_Overlay fills it, Clear_Overlay empties it.
+std::vector<OverlayShape> hOverlay;
+
+/// The middle of the pixel that a position lies in; the lower and right edges of the area belong to its last pixel.
+QPointF Pixel_Middle(QPointF hPoint) {
+  const QSize hSize = Drawing_Area()->size();
+  return {std::min(std::floor(hPoint.x()), hSize.width() - 1.0) + 0.5,
+          std::min(std::floor(hPoint.y()), hSize.height() - 1.0) + 0.5};
+}
+
+QRectF Box_of(const OverlayShape& hShape) {
+  return QRectF(Pixel_Middle(hShape.hPoint1), Pixel_Middle(hShape.hPoint2)).normalized();
+}
+
+/// Repaints where a shape is or was. Of a rectangle the edges alone: its inside may be a full section.
+void Repaint(const OverlayShape& hShape) {
+  const QRect hBox = Box_of(hShape).toAlignedRect();
+  QRegion hRegion(hBox.adjusted(-2, -2, 2, 2));
+  if (hShape.bRectangle) hRegion -= QRegion(hBox.adjusted(2, 2, -2, -2));
+  Drawing_Area()->update(hRegion);
+}
+
+}  // namespace
+
+void toolkit::Toggle_Overlay(const OverlayShape& hShape) {
+  if (!Drawing_Area()) return;
+  const auto hFound = std::ranges::find(hOverlay, hShape);
+  if (hFound == hOverlay.end())
+    hOverlay.push_back(hShape);
+  else
+    hOverlay.erase(hFound);
+  Repaint(hShape);
+}
+
+void toolkit::Clear_Overlay() {
+  if (hOverlay.empty()) return;
+  hOverlay.clear();
+  if (Drawing_Area()) Drawing_Area()->update();
+}
+
+void toolkit::Paint_Overlay(QPainter& hPainter) {
+  hPainter.setPen(QPen(Qt::red, 1.0));
+  hPainter.setBrush(Qt::NoBrush);
+  for (const OverlayShape& h : hOverlay) {
+    hPainter.setRenderHint(QPainter::Antialiasing, !h.bRectangle);
+    if (h.bRectangle)
+      hPainter.drawRect(Box_of(h));
+    else
+      hPainter.drawLine(Pixel_Middle(h.hPoint1), Pixel_Middle(h.hPoint2));
+  }
+}
+
+}  // namespace quillan

@@ -1,0 +1,144 @@
+#include "toolkit/script/script.h"
+
+#include <QDialog>
+#include <QFile>
+#include <algorithm>
+#include <iostream>
+#include <utility>
+
+#include "toolkit/window/private.h"
+
+namespace quillan {
+
+using namespace toolkit;
+
+namespace {
+
+enum class Phase {
+  None,     // no script
+  Playing,  // steps are left
+  Closing,  // the steps are at their end: the program is asked to end
+  Failed    // a step did not fit: whatever waits is cancelled until the program ends
+};
+
+// The script of the run. Script_Load fills it.
+struct Script {
+  Phase iPhase = Phase::None;
+  std::string sPath;
+  std::vector<ScriptStep> hStep;
+  std::size_t NPlayed = 0;
+  I4 iStatus = 0;
+};
+Script hScript;
+
+constexpr I4 iStatusFailed = 3;
+constexpr std::string_view sByteOrderMark = "\xEF\xBB\xBF";  // which some editors put before the text
+
+bool Is_Blank(char c) {
+  return c == ' ' || c == '\t';
+}
+
+/// Takes a word of a line; two double quotes within double quotes are one that belongs to the word.
+std::string Take_Word(std::string_view& sLine) {
+  std::string sWord;
+  bool bQuoted = false;
+  while (!sLine.empty() && (bQuoted || !Is_Blank(sLine.front()))) {
+    if (bQuoted && sLine.starts_with("\"\"")) {
+      sWord += '"';
+      sLine.remove_prefix(1);
+    } else if (sLine.front() == '"') {
+      bQuoted = !bQuoted;
+    } else {
+      sWord += sLine.front();
+    }
+    sLine.remove_prefix(1);
+  }
+  return sWord;
+}
+
+std::vector<std::string> Words_of(std::string_view sLine) {
+  std::vector<std::string> sWord;
+  while (true) {
+    while (!sLine.empty() && Is_Blank(sLine.front())) sLine.remove_prefix(1);
+    if (sLine.empty()) return sWord;
+    if (sWord.empty() && sLine.front() == '#') return sWord;
+    sWord.push_back(Take_Word(sLine));
+  }
+}
+
+void Fail(std::string_view sWhy) {
+  std::cerr << sWhy << std::endl;
+  hScript.iPhase = Phase::Failed;
+  hScript.iStatus = iStatusFailed;
+  Drop_Messages();
+}
+
+void Fail_at(I4 iLine, const std::string& sReason) {
+  Fail(hScript.sPath + ":" + std::to_string(iLine) + ": " + sReason);
+}
+
+void Play_Next() {
+  const ScriptStep& hStep = hScript.hStep[hScript.NPlayed];
+  ++hScript.NPlayed;
+  if (hScript.NPlayed == hScript.hStep.size()) hScript.iPhase = Phase::Closing;
+  const std::string sReason = Script_Carry_Out(hStep);
+  if (!sReason.empty()) Fail_at(hStep.iLine, sReason);
+}
+
+void Ask_to_End() {
+  if (!Waits_First()) return Push_Message(MessageType::Close, {});
+  const I4 iLine = hScript.hStep.empty() ? 1 : hScript.hStep.back().iLine;
+  Fail_at(iLine, "the steps are at their end, and " + What_Waits() + " waits for an answer");
+}
+
+void Cancel_and_End() {
+  if (QDialog* hFirst = Waits_First())
+    hFirst->reject();
+  else
+    Push_Message(MessageType::Close, {});
+}
+
+}  // namespace
+
+void toolkit::Script_Load(std::string_view sPath) {
+  hScript = {};
+  if (sPath.empty()) return;
+  hScript.sPath = sPath;
+  QFile hFile(QFile::decodeName(hScript.sPath.c_str()));
+  if (!hFile.open(QIODevice::ReadOnly)) return Fail(hScript.sPath + ": the script cannot be read");
+  hScript.hStep = Script_Parse(hFile.readAll().toStdString());
+  hScript.iPhase = hScript.hStep.empty() ? Phase::Closing : Phase::Playing;
+}
+
+void toolkit::Script_Play_Step() {
+  switch (hScript.iPhase) {
+    case Phase::None: return;
+    case Phase::Playing: return Play_Next();
+    case Phase::Closing: return Ask_to_End();
+    case Phase::Failed: return Cancel_and_End();
+  }
+}
+
+std::vector<ScriptStep> Script_Parse(std::string_view sText) {
+  std::vector<ScriptStep> hStep;
+  if (sText.starts_with(sByteOrderMark)) sText.remove_prefix(sByteOrderMark.size());
+  for (I4 iLine = 1; !sText.empty(); ++iLine) {
+    const std::size_t NLine = std::min(sText.find('\n'), sText.size());
+    std::string_view sLine = sText.substr(0, NLine);
+    sText.remove_prefix(std::min(NLine + 1, sText.size()));
+    if (sLine.ends_with('\r')) sLine.remove_suffix(1);
+    std::vector<std::string> sWord = Words_of(sLine);
+    if (!sWord.empty()) hStep.push_back({iLine, std::move(sWord)});
+  }
+  return hStep;
+}
+
+bool Script_Is_Playing() {
+  return hScript.iPhase != Phase::None;
+}
+
+I4 Script_Exit_Status() {
+  return hScript.iStatus;
+}
+
+}  // namespace quillan

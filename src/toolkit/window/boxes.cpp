@@ -1,0 +1,260 @@
+// boxes.cpp: message boxes and the file dialog of messages.h.
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "base/program.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/script/script.h"
+#include "toolkit/window/private.h"
+
+namespace quillan {
+
+using namespace toolkit;
+
+namespace {
+
+QPointer<QMessageBox> hOpenBox;
+QPointer<QFileDialog> hOpenFile;
+I4 iBoxExit = iAnswerNo;
+bool bBoxQuiet = false;
+QString sScriptFile;  // the choice of a script; blank: the user's own
+
+/// A box that is gone when it is no longer waited for, whichever way that ends.
+template <class Box>
+class Owned {
+ public:
+  explicit Owned(Box* hNew) : hBox(hNew) {}
+  ~Owned() { delete hBox; }
+  Owned(const Owned&) = delete;
+  Owned& operator=(const Owned&) = delete;
+  Box* operator->() const { return hBox; }
+  Box* get() const { return hBox; }
+
+ private:
+  QPointer<Box> hBox;
+};
+
+struct BoxRow {
+  QMessageBox::StandardButton iYes, iNo;  // NoButton: there is none
+};
+
+constexpr BoxRow hBoxRow[] = {
+    {QMessageBox::Ok,  QMessageBox::NoButton}, // BoxButtons::Ok
+    {QMessageBox::Ok,  QMessageBox::Cancel  }, // OkCancel
+    {QMessageBox::Yes, QMessageBox::No      }, // YesNo
+};
+
+constexpr QMessageBox::Icon hBoxIcon[] = {
+    QMessageBox::NoIcon, QMessageBox::Critical, QMessageBox::Question, QMessageBox::Warning, QMessageBox::Information,
+};
+
+constexpr qsizetype MWord = 80;  // characters that fit in a row of a box
+
+/// A path that is longer than a row may be broken behind its separators and, at the worst, anywhere.
+QString With_Breaks(const QString& sWord) {
+  if (sWord.size() <= MWord) return sWord;
+  QString sBroken;
+  for (qsizetype i = 0; i < sWord.size(); ++i) {
+    sBroken += sWord[i];
+    if (sWord[i] == '/' || sWord[i] == '\\' || i % MWord == MWord - 1) sBroken += QChar(0x200B);  // of no width
+  }
+  return sBroken;
+}
+
+/// Lines of a report end in carriage returns.
+QString Box_Text(std::string_view sText) {
+  QString sLines = To_QString(sText);
+  sLines.replace("\r\n", "\n").replace('\r', '\n');
+  QString sBox;
+  for (qsizetype i = 0; i < sLines.size(); ++i) {
+    qsizetype iEnd = i;
+    while (iEnd < sLines.size() && !sLines[iEnd].isSpace()) ++iEnd;
+    sBox += With_Breaks(sLines.sliced(i, iEnd - i)) + sLines.sliced(iEnd, iEnd < sLines.size() ? 1 : 0);
+    i = iEnd;
+  }
+  return sBox;
+}
+
+QString Box_Title(std::string_view sTitle) {
+  const QString sGiven = To_QString(sTitle).trimmed();
+  return sGiven.isEmpty() ? To_QString(CPrgName) : sGiven;
+}
+
+QMessageBox* New_Box(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle) {
+  const BoxRow& hRow = hBoxRow[static_cast<std::size_t>(iButtons)];
+  auto* hBox = new QMessageBox(Box_Parent());
+  hBox->setIcon(hBoxIcon[static_cast<std::size_t>(iIcon)]);
+  hBox->setWindowTitle(Box_Title(sTitle));
+  hBox->setTextFormat(Qt::PlainText);
+  hBox->setText(Box_Text(sText));
+  hBox->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  hBox->setStandardButtons(hRow.iYes | hRow.iNo);
+  hBox->setDefaultButton(hRow.iYes);
+  hBox->setEscapeButton(hRow.iNo == QMessageBox::NoButton ? hRow.iYes : hRow.iNo);
+  hBox->setWindowModality(Qt::ApplicationModal);
+  return hBox;
+}
+
+/// Runs a box until the user has answered it. False: it was taken away under the user's hands.
+template <class Box>
+bool Ask(QPointer<Box>& hOpen, const Owned<Box>& hBox) {
+  bool bAnswered = false;
+  QObject::connect(hBox.get(), &QDialog::finished, hBox.get(), [&bAnswered] { bAnswered = true; });
+  hOpen = hBox.get();
+  hBox->show();
+  hBox->activateWindow();
+  Wait_Until([&] { return bAnswered || !hBox.get(); });
+  hOpen = nullptr;
+  if (hBox.get()) hBox->hide();
+  Hand_Back_Focus();
+  return bAnswered && hBox.get();
+}
+
+/// "*.avg" as it is written and in capitals, since field media hold both.
+QString Both_Cases(const QString& sPatterns) {
+  QStringList sAll;
+  for (const QString& sPattern : sPatterns.split(';', Qt::SkipEmptyParts)) {
+    sAll << sPattern.trimmed();
+    if (sPattern.trimmed().toUpper() != sPattern.trimmed()) sAll << sPattern.trimmed().toUpper();
+  }
+  return sAll.join(' ');
+}
+
+/// "words|*.a;*.b|" as name filters.
+QStringList Name_Filters(std::string_view sFilter) {
+  const QStringList sPart = To_QString(sFilter).split('|', Qt::SkipEmptyParts);
+  QStringList sFilters;
+  for (qsizetype i = 0; i + 1 < sPart.size(); i += 2)
+    sFilters << QString("%1 (%2)").arg(sPart[i].trimmed(), Both_Cases(sPart[i + 1]));
+  sFilters << "All files (*)";
+  return sFilters;
+}
+
+/// The extension of the first pattern, without its point.
+QString First_Suffix(std::string_view sFilter) {
+  const QString sPatterns = To_QString(sFilter).section('|', 1, 1).section(';', 0, 0);
+  return sPatterns.startsWith("*.") ? sPatterns.mid(2).trimmed() : QString();
+}
+
+/// The platform's own dialog can neither be played by a script nor be shown without a screen.
+bool Takes_Own_Dialog() {
+  return Script_Is_Playing() || QGuiApplication::platformName() == "offscreen";
+}
+
+QFileDialog* New_File_Dialog(std::string_view sFilter, I4 iFlags, std::string_view sFile, std::string_view sTitle) {
+  auto* hDialog = new QFileDialog(Box_Parent(), Box_Title(sTitle), QDir::currentPath());
+  const bool bSave = iFlags == iSelectSave;
+  hDialog->setOption(QFileDialog::DontUseNativeDialog, Takes_Own_Dialog());
+  hDialog->setOption(QFileDialog::HideNameFilterDetails);  // the words name the patterns
+  hDialog->setAcceptMode(bSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  hDialog->setFileMode(bSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  hDialog->setNameFilters(Name_Filters(sFilter));
+  if (bSave) hDialog->setDefaultSuffix(First_Suffix(sFilter));
+  const QFileInfo hBegin(To_QString(sFile).trimmed());
+  if (hBegin.isDir())
+    hDialog->setDirectory(hBegin.absoluteFilePath());
+  else if (!hBegin.filePath().isEmpty())
+    hDialog->selectFile(hBegin.absoluteFilePath());
+  hDialog->setWindowModality(Qt::ApplicationModal);
+  return hDialog;
+}
+
+}  // namespace
+
+namespace toolkit {
+
+QMessageBox* Open_Box() {
+  return hOpenBox;
+}
+
+QFileDialog* Open_File_Dialog() {
+  return hOpenFile;
+}
+
+I4 Box_Exit() {
+  return iBoxExit;
+}
+
+std::string Box_Answer(std::string_view sAnswer) {
+  struct AnswerRow {
+    std::string_view sAnswer;
+    QMessageBox::StandardButton iButton;
+  };
+  constexpr AnswerRow hRow[] = {
+      {"ok",     QMessageBox::Ok    },
+      {"cancel", QMessageBox::Cancel},
+      {"yes",    QMessageBox::Yes   },
+      {"no",     QMessageBox::No    }
+  };
+  if (!hOpenBox) return "no message box is open";
+  for (const AnswerRow& row : hRow) {
+    if (row.sAnswer != sAnswer) continue;
+    QAbstractButton* hButton = hOpenBox->button(row.iButton);
+    if (!hButton) return "the message box has no button " + std::string(sAnswer);
+    hButton->click();
+    return "";
+  }
+  return "an answer is ok, cancel, yes or no, not " + std::string(sAnswer);
+}
+
+std::string File_Dialog_Answer(std::string_view sPath) {
+  if (!hOpenFile) return "no file dialog is open";
+  QDialog& hDialog = *hOpenFile;
+  if (sPath == "cancel") {
+    hDialog.reject();
+    return "";
+  }
+  const QFileInfo hFile(QDir::cleanPath(QDir::current().absoluteFilePath(To_QString(sPath))));
+  const bool bSave = hOpenFile->acceptMode() == QFileDialog::AcceptSave;
+  if (hFile.isDir()) return std::string(sPath) + " is a folder";
+  if (!bSave && !hFile.exists()) return "there is no file " + std::string(sPath);
+  sScriptFile = hFile.filePath();
+  if (bSave && hFile.suffix().isEmpty() && !hOpenFile->defaultSuffix().isEmpty())
+    sScriptFile += '.' + hOpenFile->defaultSuffix();
+  hDialog.done(QDialog::Accepted);
+  return "";
+}
+
+}  // namespace toolkit
+
+void WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle,
+                 bool bQuietOption) {
+  iBoxExit = iAnswerNo;
+  if (!qApp) {
+    Set_Error(iErrNoWindow);
+    return;
+  }
+  const Owned<QMessageBox> hBox(New_Box(iButtons, iIcon, sText, sTitle));
+  QPointer<QCheckBox> hQuiet;
+  if (bQuietOption) hBox->setCheckBox(hQuiet = new QCheckBox("&Do not show further errors of this operation"));
+  if (!Ask(hOpenBox, hBox)) return;
+  const auto iClicked = hBox->standardButton(hBox->clickedButton());
+  iBoxExit = iClicked == QMessageBox::Ok || iClicked == QMessageBox::Yes ? iAnswerYes : iAnswerNo;
+  if (hQuiet) bBoxQuiet = hQuiet->isChecked();
+}
+
+bool WMessageBoxQuiet() {
+  return bBoxQuiet;
+}
+
+void WSelectFile2(std::string_view sFilter, I4 iFlags, std::string& sFile, std::string_view sTitle) {
+  iBoxExit = iAnswerNo;
+  if (!qApp) {
+    Set_Error(iErrNoWindow);
+    return;
+  }
+  sScriptFile.clear();
+  const Owned<QFileDialog> hDialog(New_File_Dialog(sFilter, iFlags, sFile, sTitle));
+  if (!Ask(hOpenFile, hDialog) || hDialog->result() != QDialog::Accepted) return;
+  const QString sChosen = sScriptFile.isEmpty() ? hDialog->selectedFiles().value(0) : sScriptFile;
+  if (sChosen.isEmpty()) return;
+  iBoxExit = iAnswerYes;
+  sFile = To_Bytes(sChosen);
+}
+
+}  // namespace quillan

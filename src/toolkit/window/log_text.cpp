@@ -1,0 +1,128 @@
+#include "toolkit/window/log_text.h"
+
+#include <algorithm>
+#include <string>
+
+#include "foundations/log_file.h"
+#include "toolkit/draw/draw.h"
+#include "toolkit/window/messages.h"
+#include "toolkit/window/window.h"
+
+namespace quillan {
+
+namespace {
+
+/// Bytes of the longest beginning of sText, in whole characters and at least one, that is at most fWidth long.
+std::size_t Longest_Beginning(std::string_view sText, R4 fWidth, const std::function<R4(std::string_view)>& fLength) {
+  std::size_t NFit = 1;
+  while (Cut_Text(sText, NFit).empty()) ++NFit;  // the first character
+  std::size_t NTooLong = sText.size();
+  while (NTooLong > NFit + 1) {
+    const std::size_t NHalf = (NFit + NTooLong) / 2;
+    (fLength(Cut_Text(sText, NHalf)) <= fWidth ? NFit : NTooLong) = NHalf;
+  }
+  return std::max(Cut_Text(sText, NFit).size(), std::size_t{1});
+}
+
+/// The first piece of a line: it ends before a blank where there is one, and the blanks between go.
+std::string_view Take_Piece(std::string_view& sRest, R4 fWidth, const std::function<R4(std::string_view)>& fLength) {
+  std::size_t NPiece = sRest.size();
+  if (fLength(sRest) > fWidth) {
+    NPiece = Longest_Beginning(sRest, fWidth, fLength);
+    const std::size_t iWord = sRest.find_first_not_of(' ');
+    const std::size_t iBlank = sRest.rfind(' ', NPiece);
+    if (iBlank != std::string_view::npos && iBlank > iWord) NPiece = iBlank;
+  }
+  const std::string_view sPiece = Trimmed(sRest.substr(0, NPiece));
+  sRest = Left_Adjusted(sRest.substr(NPiece));
+  return sPiece;
+}
+
+}  // namespace
+
+std::vector<std::string_view> Lines_That_Fit(std::span<const Text<128>> sLine, I4 NRow, R4 fWidth,
+                                             const std::function<R4(std::string_view)>& fLength) {
+  std::vector<std::string_view> sRow;
+  for (const Text<128>& sText : sLine) {
+    std::string_view sRest = sText.trimmed();
+    do sRow.push_back(Take_Piece(sRest, fWidth, fLength));
+    while (!sRest.empty());
+  }
+  const std::ptrdiff_t NHidden = static_cast<std::ptrdiff_t>(sRow.size()) - std::max(NRow, 0);
+  if (NHidden > 0) sRow.erase(sRow.begin(), sRow.begin() + NHidden);
+  return sRow;
+}
+
+namespace {
+
+constexpr R4 fTenPoints = 0.3528f;  // cm
+constexpr R4 fWidthOfHeight = 4.0f / 9.0f;
+
+/// Units of the drawing area: centimetres of a screen of the assumed width.
+struct TextArea {
+  R4 fXCMT, fYCMT;
+};
+
+TextArea Text_Area() {
+  const R4 fXWindow = static_cast<R4>(WInfoWindow(iWindowWidth));
+  const R4 fYWindow = static_cast<R4>(WInfoWindow(iWindowHeight));
+  const R4 fXScreen = static_cast<R4>(WInfoScreen(iScreenWidth));
+  const R4 fXCMT = fXCMScreen * fXWindow / fXScreen;
+  return {fXCMT, fXCMT * fYWindow / fXWindow};
+}
+
+void Draw_Text(const TextArea& hArea) {
+  const R4 fC10Y = fTenPoints / hArea.fYCMT;
+  WGrTextFont(fC10Y * fWidthOfHeight, fC10Y);
+  WGrTextOrientation(Justify::Left, 0.0f);
+  IGrColour("BLACK");
+  const R4 fDXGr = InfoGraphics(iCharWidth);
+  const R4 fDYGr = InfoGraphics(iCharHeight);
+  if (!(fDYGr > 0.0f)) return;
+  const I4 NRow = static_cast<I4>(hArea.fYCMT / fDYGr);
+  const std::span<const Text<128>> sLine(sTextBuffer.data(), static_cast<std::size_t>(NTextBuffer));
+  R4 fYGr = hArea.fYCMT + 0.5f * fDYGr;  // a text stands about the middle of its row: the first row is whole
+  for (const std::string_view sRow : Lines_That_Fit(sLine, NRow, hArea.fXCMT - 2.0f * fDXGr, WGrTextLength)) {
+    fYGr -= fDYGr;
+    if (!sRow.empty()) WGrTextString(fDXGr, fYGr, sRow);
+  }
+}
+
+}  // namespace
+
+void LogText_Update() {
+  if (WInfoWindow(iWindowDrawable) == 0 || WInfoWindow(iWindowWidth) <= 0 || WInfoWindow(iWindowHeight) <= 0) return;
+  if (WInfoScreen(iScreenWidth) <= 0) return;
+  const R4 fXMin = WInfoGrReal(iUnitXMin), fYMin = WInfoGrReal(iUnitYMin);
+  const R4 fXMax = WInfoGrReal(iUnitXMax), fYMax = WInfoGrReal(iUnitYMax);
+  const TextArea hArea = Text_Area();
+  IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
+  IGrUnits(0.0f, 0.0f, hArea.fXCMT, hArea.fYCMT);
+  WindowClear();
+  Draw_Text(hArea);
+  IGrUnits(fXMin, fYMin, fXMax, fYMax);  // the reviews use the whole area as well: only the units are theirs
+}
+
+I4 Message_Check() {
+  I4 iFlag = 0;
+  for (;;) {
+    MessageType iType = MessageType::None;
+    Message hMessage;
+    WMessagePeek(iType, hMessage);
+    switch (iType) {
+      case MessageType::None:
+      case MessageType::Key:
+      case MessageType::MouseDown: return iFlag;
+      case MessageType::Expose:
+      case MessageType::Resize:
+        LogText_Update();
+        iFlag = 1;
+        break;
+      case MessageType::Close: Stop_Program();
+      case MessageType::FileDropped: iFlag = 2; break;
+      default: break;
+    }
+  }
+}
+
+}  // namespace quillan

@@ -1,0 +1,28 @@
+// log_text.h: the lines of the log in the drawing area, and the look at the user in the middle of long work.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "base/text.h"
+#include "base/types.h"
+
+namespace quillan {
+
+inline constexpr R4 fXCMScreen = 28.0f;  // cm, width of the screen that the size of the text is laid out for
+
+/// Draws the screen text anew: the newest lines that fit; a line too long for the window goes on in a second.
+void LogText_Update();
+
+/// The rows of text that a window shows, oldest first: each line cut at blanks, or at characters where a word alone is
+/// too long, into pieces of at most fWidth by fLength, and of the pieces the newest NRow. A blank line is a blank row.
+std::vector<std::string_view> Lines_That_Fit(std::span<const Text<128>> sLine, I4 NRow, R4 fWidth,
+                                             const std::function<R4(std::string_view)>& fLength);
+
+/// Looks at waiting messages without waiting: 0 nothing, 1 the window was drawn again, 2 a file was dropped. A close
+/// request ends the run. For long loops, that the window stays alive.
+I4 Message_Check();
+
+}  // namespace quillan

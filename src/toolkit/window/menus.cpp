@@ -1,0 +1,177 @@
+#include "toolkit/window/menus.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <algorithm>
+#include <set>
+
+#include "toolkit/draw/last_error.h"
+#include "toolkit/draw/plot_axes.h"
+#include "toolkit/window/private.h"
+
+namespace quillan {
+
+using namespace toolkit;
+
+namespace {
+
+// The words of the hints are the users' own; "Smoth" is what their manuals and notes quote.
+// clang-format off
+constexpr MenuRow hMainRow[] = {
+    {0, 0,                   "&File",                     "", ""},
+    {1, iCmdOpen,            "&Open",                     "Open a new file.", "Ctrl+O"},
+    {1, iCmdSave,            "&Save",                     "Save current data.", "Ctrl+S"},
+    {1, iCmdSaveAs,          "Save &As",                  "Save current data with a new file name.", "Ctrl+Shift+S"},
+    {1, iCmdExit,            "E&xit",                     "Exit program.", "Ctrl+Q"},
+    {0, iCmdSurveyConfig,    "Edit Survey Configuration", "Edit survey configuration parameters.", ""},
+    {0, iCmdReadStn,         "Read Stn File",
+        "Interpolate on stn file stn,east,north,elevation[,heading,pitch,roll]", ""},
+    {0, iCmdMovingAverage,   "&Moving Average Filter",    "Smoth transients with moving average over time.", ""},
+    {0, iCmdAutoSkip,        "Auto &Skip",
+        "Skip all data with error greater than the specified threshold.", ""},
+    {0, iCmdAverageRepeats,  "Average Repeats",           "Sort data, then average duplicate transients.", ""},
+    {0, iCmdMerge,           "Merge Data",                "Merge transient data flagged by fractional stn #s.", ""},
+    {0, iCmdReview,          "&Review Data",              "Review transients by sounding.", ""},
+    {0, iCmdExit,            "E&xit",                     "Exit program.", ""},
+};
+
+constexpr MenuRow hSectionRow[] = {
+    {0, iCmdZoomIn,        "Zoom In",
+        "Click to set rubber-band-box corner, then drag to expand  zoom-in area.", ""},
+    {0, iCmdZoomAll,       "Zoom All",       "Return to default plot extent.", ""},
+    {0, iCmdFlipTransient, "Flip Transient", "Reverse transient polarity.", ""},
+    {0, iCmdFlipAll,       "Flip All",       "Reverse polarity of all transients.", ""},
+    {0, iCmdViewCurve,     "View Curve",     "Show TEM transient plot.", ""},
+    {0, 0,                 "Export Plot",    "", ""},
+    {1, iCmdExportWmf,     "Export plot to WMF", "Export profile plot to windows metafile (WMF) file.", ""},
+    {1, iCmdExportPng,     "Export plot to PNG", "Export profile plot to portable network graphics (PNG) file.", ""},
+    {1, iCmdExportCsv,     "Export profile data to CSV", "Export profile data to a CSV file", ""},
+    {0, iCmdSaveData,      "Save Data",      "Save data in updated avg file or other data file formats.", "Ctrl+S"},
+    {0, iCmdExit,          "Exit Review",    "Exit data review without saving changes.", ""},
+};
+// clang-format on
+
+// Commands that the program does not have yet.
+constexpr I4 iNotThere[] = {iCmdAverageRepeats, iCmdMerge, iCmdReadStn};
+
+// The bar on show. WMenu restores it.
+struct MenuBar {
+  I4 iMenu = iNoMenu;
+  bool bUsable = true;   // false: greyed as a whole
+  std::set<I4> iGreyed;  // commands greyed one by one
+};
+MenuBar hMenuBar;
+
+QString Text_of(std::string_view sText) {
+  return QString::fromLatin1(sText.data(), static_cast<qsizetype>(sText.size()));
+}
+
+void Take_Away_Entries(QMenuBar& hBar) {
+  const QList<QAction*> hEntries = hBar.actions();
+  for (QAction* hEntry : hEntries) {
+    if (hEntry->menu())
+      delete hEntry->menu();
+    else
+      delete hEntry;
+  }
+}
+
+void Add_Entry(QWidget& hParent, const MenuRow& hRow) {
+  auto* hEntry = new QAction(Text_of(hRow.sText), &hParent);
+  hEntry->setData(hRow.iCommand);
+  hEntry->setStatusTip(Text_of(hRow.sTip));
+  if (!hRow.sKeys.empty()) hEntry->setShortcut(QKeySequence(Text_of(hRow.sKeys)));
+  hParent.addAction(hEntry);
+  Watch_Entry(hEntry, hRow.iCommand);
+}
+
+void Add_Rows(QMenuBar& hBar, std::span<const MenuRow> hRows) {
+  QMenu* hDropDown = nullptr;
+  for (const MenuRow& hRow : hRows) {
+    if (hRow.iCommand == 0) {
+      hDropDown = hBar.addMenu(Text_of(hRow.sText));
+    } else if (hRow.iDepth == 1 && hDropDown) {
+      Add_Entry(*hDropDown, hRow);
+    } else {
+      Add_Entry(hBar, hRow);
+    }
+  }
+}
+
+bool Is_Enabled(I4 iCommand) {
+  return hMenuBar.bUsable && !hMenuBar.iGreyed.contains(iCommand) &&
+         std::ranges::find(iNotThere, iCommand) == std::end(iNotThere);
+}
+
+void Grey_Entries(QWidget& hParent) {
+  const QList<QAction*> hEntries = hParent.actions();
+  for (QAction* hEntry : hEntries) {
+    if (hEntry->menu()) {
+      hEntry->setEnabled(hMenuBar.bUsable);
+      Grey_Entries(*hEntry->menu());
+    } else {
+      hEntry->setEnabled(Is_Enabled(hEntry->data().toInt()));
+    }
+  }
+}
+
+void Collect_Entries(QWidget& hParent, I4 iCommand, std::vector<QAction*>& hFound) {
+  const QList<QAction*> hEntries = hParent.actions();
+  for (QAction* hEntry : hEntries) {
+    if (hEntry->menu())
+      Collect_Entries(*hEntry->menu(), iCommand, hFound);
+    else if (hEntry->data().toInt() == iCommand)
+      hFound.push_back(hEntry);
+  }
+}
+
+}  // namespace
+
+std::vector<QAction*> toolkit::Menu_Entries(I4 iCommand) {
+  std::vector<QAction*> hFound;
+  if (Main_Window()) Collect_Entries(*Main_Window()->menuBar(), iCommand, hFound);
+  return hFound;
+}
+
+bool toolkit::Main_Menu_Is_Ready() {
+  return hMenuBar.iMenu == iMenuMain && hMenuBar.bUsable;
+}
+
+std::span<const MenuRow> Menu_Rows(I4 iMenu) {
+  switch (iMenu) {
+    case iMenuMain: return hMainRow;
+    case iMenuSection: return hSectionRow;
+    default: return {};
+  }
+}
+
+void WMenu(I4 iMenu) {
+  if (!Main_Window()) return Set_Error(iErrNoWindow);
+  QMenuBar& hBar = *Main_Window()->menuBar();
+  Take_Away_Entries(hBar);
+  IPgForget();  // another part of the program draws now
+  hMenuBar = {};
+  hMenuBar.iMenu = iMenu;
+  Add_Rows(hBar, Menu_Rows(iMenu));
+  Grey_Entries(hBar);
+  hBar.setVisible(!hBar.actions().isEmpty());
+}
+
+void WMenuSetState(I4 iCommand, I4 iState) {
+  if (!Main_Window()) return Set_Error(iErrNoWindow);
+  if (Menu_Entries(iCommand).empty()) return Set_Error(iErrBadArgument);
+  if (iState == 0)
+    hMenuBar.iGreyed.insert(iCommand);
+  else
+    hMenuBar.iGreyed.erase(iCommand);
+  Grey_Entries(*Main_Window()->menuBar());
+}
+
+void WMenuBarState(I4 iState) {
+  if (!Main_Window()) return Set_Error(iErrNoWindow);
+  hMenuBar.bUsable = iState != 0;
+  Grey_Entries(*Main_Window()->menuBar());
+}
+
+}  // namespace quillan

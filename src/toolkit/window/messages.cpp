@@ -1,0 +1,356 @@
+#include "toolkit/window/messages.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDropEvent>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QStatusTipEvent>
+#include <QThread>
+#include <QUrl>
+#include <QWheelEvent>
+#include <QWindow>
+#include <algorithm>
+#include <chrono>
+#include <deque>
+
+#include "toolkit/draw/draw.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/script/script.h"
+#include "toolkit/window/private.h"
+
+namespace quillan {
+
+using namespace toolkit;
+
+namespace {
+
+struct Waiting {
+  MessageType iType;
+  Message hMessage;
+};
+
+// What the user did and the program has not yet asked for. Push_Message fills it, WMessage takes from it.
+struct MessageQueue {
+  std::deque<Waiting> hWaiting;  // oldest first
+  bool bMoves = false;           // whether MouseMove messages are wanted
+  bool bFields = false;          // whether Field messages are wanted
+  I4 iWheelAngle = 0;            // turned, less than a step, up is positive
+  std::string sDropped;          // path of the last file dropped
+};
+MessageQueue hQueue;
+
+const auto hStart = std::chrono::steady_clock::now();
+
+I4 Msec_Since_Start() {
+  const auto hPassed = std::chrono::steady_clock::now() - hStart;
+  return static_cast<I4>(std::chrono::duration_cast<std::chrono::milliseconds>(hPassed).count());
+}
+
+/// The waiting message that a new one takes the place of, null where there is none: one redraw serves any number of
+/// exposures, and of mouse moves in a row, or moves of one trackbar, only the last one counts.
+Waiting* Same_Waiting(MessageType iType, const Message& hMessage) {
+  auto& hWaiting = hQueue.hWaiting;
+  if (hWaiting.empty()) return nullptr;
+  Waiting& hLast = hWaiting.back();
+  switch (iType) {
+    case MessageType::MouseMove: return hLast.iType == iType ? &hLast : nullptr;
+    case MessageType::Field: return hLast.iType == iType && hLast.hMessage.VALUE1 == hMessage.VALUE1 ? &hLast : nullptr;
+    case MessageType::Expose:
+    case MessageType::Resize:
+    case MessageType::Close: {
+      const auto hFound = std::ranges::find(hWaiting, iType, &Waiting::iType);
+      return hFound == hWaiting.end() ? nullptr : &*hFound;
+    }
+    default: return nullptr;
+  }
+}
+
+void Take_Message(MessageType& iType, Message& hMessage) {
+  iType = hQueue.hWaiting.front().iType;
+  hMessage = hQueue.hWaiting.front().hMessage;
+  hQueue.hWaiting.pop_front();
+}
+
+constexpr struct {
+  int iQtKey;
+  I4 iKey;
+} hNamedKey[] = {
+    {Qt::Key_Escape, iKeyEsc  },
+    {Qt::Key_Return, iKeyEnter},
+    {Qt::Key_Enter,  iKeyEnter},
+    {Qt::Key_Tab,    iKeyTab  },
+    {Qt::Key_Up,     iKeyUp   },
+    {Qt::Key_Down,   iKeyDown },
+    {Qt::Key_Left,   iKeyLeft },
+    {Qt::Key_Right,  iKeyRight},
+};
+
+/// The character or the code of a key; 0 for keys that mean nothing to the program.
+I4 Key_Code(const QKeyEvent& hEvent) {
+  for (const auto& hRow : hNamedKey) {
+    if (hEvent.key() == hRow.iQtKey) return hRow.iKey;
+  }
+  if (hEvent.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return 0;
+  const auto hCharacter = hEvent.text().toUcs4();
+  return hCharacter.isEmpty() || !QChar::isPrint(hCharacter[0]) ? 0 : static_cast<I4>(hCharacter[0]);
+}
+
+I4 Button_Number(Qt::MouseButton iButton) {
+  switch (iButton) {
+    case Qt::LeftButton: return 1;
+    case Qt::MiddleButton: return 2;
+    case Qt::RightButton: return 3;
+    case Qt::BackButton: return 4;
+    case Qt::ForwardButton: return 5;
+    default: return 0;
+  }
+}
+
+Message At_Pixel(QPointF hPixel) {
+  const QPointF hUnit = Pixels_to_Units(hPixel);
+  Message hMessage;
+  hMessage.X = qFloor(hPixel.x());
+  hMessage.Y = qFloor(hPixel.y());
+  hMessage.GX = static_cast<R4>(hUnit.x());
+  hMessage.GY = static_cast<R4>(hUnit.y());
+  return hMessage;
+}
+
+void On_Mouse(MessageType iType, const QMouseEvent& hEvent) {
+  Message hMessage = At_Pixel(hEvent.position());
+  hMessage.VALUE1 = Button_Number(hEvent.button());
+  if (hMessage.VALUE1 == 0 && iType != MessageType::MouseMove) return;
+  if (iType == MessageType::MouseDown) Focus_Plot();
+  Push_Message(iType, hMessage);
+}
+
+constexpr I4 NWheelStep = 120;  // angle of one step, as mice report it; trackpads report parts of it
+
+/// Whole steps that the wheel has turned, down is positive. What is less than a step waits for the rest of it.
+I4 Wheel_Steps(const QWheelEvent& hEvent) {
+  const I4 iAngle = hEvent.angleDelta().y();
+  const bool bNew = hEvent.phase() == Qt::ScrollBegin || (iAngle > 0) != (hQueue.iWheelAngle > 0);
+  if (iAngle != 0) hQueue.iWheelAngle = (bNew ? 0 : hQueue.iWheelAngle) + iAngle;
+  const I4 NStep = hQueue.iWheelAngle / NWheelStep;
+  hQueue.iWheelAngle -= NStep * NWheelStep;
+  return -NStep;
+}
+
+/// Paging by the wheel ends when the user stops: what is turned while the steps before it still wait is dropped, and
+/// a turn the other way takes their place.
+void Push_Wheel(Message hMessage, I4 NStep) {
+  hMessage.VALUE1 = NStep > 0 ? iMouseForward : iMouseBack;
+  hMessage.VALUE2 = iByWheel;
+  const auto Is_Wheel = [](const Waiting& h) {
+    return h.iType == MessageType::MouseDown && h.hMessage.VALUE2 == iByWheel;
+  };
+  const auto hFound = std::ranges::find_if(hQueue.hWaiting, Is_Wheel);
+  if (hFound != hQueue.hWaiting.end() && hFound->hMessage.VALUE1 == hMessage.VALUE1) return;
+  std::erase_if(hQueue.hWaiting, Is_Wheel);
+  for (I4 I = 1; I <= std::abs(NStep); ++I) Push_Message(MessageType::MouseDown, hMessage);
+}
+
+void On_Size(MessageType iType) {
+  Resize_Backing_Image();
+  Message hMessage;
+  hMessage.WPIX = Drawing_Area()->width();
+  hMessage.HPIX = Drawing_Area()->height();
+  Push_Message(iType, hMessage);
+}
+
+/// The data file that is dragged over the window, blank for anything else or while the program could not open it.
+QString Dragged_File(const QDropEvent& hEvent) {
+  if (!Main_Menu_Is_Ready() || Current_Dialog() || Open_Box() || Open_File_Dialog()) return {};
+  const QList<QUrl> hUrls = hEvent.mimeData()->urls();
+  if (hUrls.size() != 1 || !hUrls[0].isLocalFile()) return {};
+  const QString sExt = QFileInfo(hUrls[0].toLocalFile()).suffix().toLower();
+  return sExt == "avg" || sExt == "xdb" ? hUrls[0].toLocalFile() : QString();
+}
+
+void On_Drag(QDropEvent& hEvent) {
+  const QString sFile = Dragged_File(hEvent);
+  if (sFile.isEmpty()) return hEvent.ignore();
+  hEvent.acceptProposedAction();
+  if (hEvent.type() != QEvent::Drop) return;
+  hQueue.sDropped = QFile::encodeName(sFile).toStdString();
+  Push_Message(MessageType::FileDropped, {});
+}
+
+class AreaWatch : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* hEvent) override {
+    switch (hEvent->type()) {
+      case QEvent::KeyPress: return Key_to_Plot(*static_cast<QKeyEvent*>(hEvent));
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonDblClick:
+        On_Mouse(MessageType::MouseDown, *static_cast<QMouseEvent*>(hEvent));
+        return true;
+      case QEvent::MouseButtonRelease: On_Mouse(MessageType::MouseUp, *static_cast<QMouseEvent*>(hEvent)); return true;
+      case QEvent::MouseMove: On_Mouse(MessageType::MouseMove, *static_cast<QMouseEvent*>(hEvent)); return true;
+      case QEvent::Wheel: Wheel_to_Plot(*static_cast<QWheelEvent*>(hEvent)); return true;
+      case QEvent::Resize: On_Size(MessageType::Resize); return false;
+      case QEvent::Show: On_Size(MessageType::Expose); return false;
+      default: return false;
+    }
+  }
+};
+
+class WindowWatch : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* hEvent) override {
+    switch (hEvent->type()) {
+      case QEvent::Close:
+        hEvent->ignore();  // the program decides
+        Push_Message(MessageType::Close, {});
+        return true;
+      case QEvent::StatusTip: Show_Hint(static_cast<QStatusTipEvent*>(hEvent)->tip()); return true;
+      case QEvent::DragEnter:
+      case QEvent::DragMove:
+      case QEvent::Drop: On_Drag(*static_cast<QDropEvent*>(hEvent)); return true;
+      default: return false;
+    }
+  }
+};
+
+constexpr int MSettle = 1000;        // rounds of events before a step is played in any case
+constexpr int NMsecOnScreen = 2000;  // for a window system to show the window
+
+/// Handles events until there are none: what a step caused is done before the next one is played.
+void Settle() {
+  QEventLoop hLoop;
+  for (int I = 0; I < MSettle && hLoop.processEvents(); ++I) {
+  }
+}
+
+/// A window system shows a window in its own time, and only then do sizes and focus hold.
+void Await_Window() {
+  const QWindow* hWindow = Main_Window() ? Main_Window()->windowHandle() : nullptr;
+  for (int I = 0; hWindow && hWindow->isVisible() && !hWindow->isExposed() && I < NMsecOnScreen; ++I) {
+    QCoreApplication::processEvents();
+    QThread::msleep(1);
+  }
+}
+
+}  // namespace
+
+bool toolkit::Is_Wanted(MessageType iType) {
+  return iType == MessageType::MouseMove ? hQueue.bMoves : iType == MessageType::Field ? hQueue.bFields : true;
+}
+
+void toolkit::Push_Message(MessageType iType, const Message& hMessage) {
+  if (!Is_Wanted(iType)) return;
+  Waiting hNew{iType, hMessage};
+  hNew.hMessage.TIME = Msec_Since_Start();
+  if (Waiting* hSame = Same_Waiting(iType, hMessage))
+    *hSame = hNew;
+  else
+    hQueue.hWaiting.push_back(hNew);
+}
+
+bool toolkit::Key_to_Plot(const QKeyEvent& hEvent) {
+  const I4 iKey = Key_Code(hEvent);
+  if (iKey == 0) return false;
+  // Paging with a key held down ends when it is released: a repeat is dropped while the key before it still waits.
+  const bool bSame = Has_Message() && hQueue.hWaiting.back().iType == MessageType::Key &&
+                     hQueue.hWaiting.back().hMessage.VALUE1 == iKey;
+  if (hEvent.isAutoRepeat() && bSame) return true;
+  Complete_Edits();
+  Push_Message(MessageType::Key, {.VALUE1 = iKey});
+  return true;
+}
+
+void toolkit::Wheel_to_Plot(const QWheelEvent& hEvent) {
+  if (hEvent.phase() == Qt::ScrollMomentum) return;  // the fingers have left the trackpad
+  const I4 NStep = Wheel_Steps(hEvent);
+  if (NStep == 0) return;
+  Complete_Edits();
+  Push_Wheel(At_Pixel(Drawing_Area()->mapFromGlobal(hEvent.globalPosition())), NStep);
+}
+
+void toolkit::Wait_Until(const std::function<bool()>& bDone) {
+  if (!QCoreApplication::instance()) return;
+  if (Drawing_Area()) IGrFlush();
+  Suspend_Busy(true);
+  while (!bDone()) {
+    if (Script_Is_Playing()) {
+      Await_Window();
+      Settle();
+      if (!bDone()) Script_Play_Step();
+    } else {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    // What widgets gave up would be kept to the end: an event loop of the application, which deletes it, never runs.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  Suspend_Busy(false);
+}
+
+bool toolkit::Has_Message() {
+  return !hQueue.hWaiting.empty();
+}
+
+void toolkit::Drop_Messages() {
+  hQueue = {};
+}
+
+void toolkit::Watch_Window(QMainWindow* hWindow, QWidget* hArea) {
+  hArea->installEventFilter(new AreaWatch(hArea));
+  hWindow->installEventFilter(new WindowWatch(hWindow));
+  hWindow->setAcceptDrops(true);
+}
+
+void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand) {
+  QObject::connect(hEntry, &QAction::triggered, hEntry, [iCommand] {
+    Focus_Plot();
+    Push_Message(MessageType::Menu, {.VALUE1 = iCommand});
+  });
+}
+
+void WMessage(MessageType& iType, Message& hMessage) {
+  Wait_Until([] { return Has_Message() || !Main_Window(); });
+  if (Has_Message()) return Take_Message(iType, hMessage);
+  // Without a window no message can come: a loop that waits for one must end.
+  Set_Error(iErrNoWindow);
+  iType = MessageType::Close;
+  hMessage = {};
+}
+
+void WMessagePeek(MessageType& iType, Message& hMessage) {
+  if (Drawing_Area()) IGrFlush();
+  if (QCoreApplication::instance()) QCoreApplication::processEvents();
+  if (Has_Message()) return Take_Message(iType, hMessage);
+  iType = MessageType::None;
+  hMessage = {};
+}
+
+void WMessagePutBack(MessageType iType, const Message& hMessage) {
+  if (Main_Window()) hQueue.hWaiting.push_front({iType, hMessage});
+}
+
+void WMessageEnable(MessageType iType, bool bOn) {
+  switch (iType) {
+    case MessageType::MouseMove:
+      hQueue.bMoves = bOn;
+      if (Drawing_Area()) Drawing_Area()->setMouseTracking(bOn);
+      break;
+    case MessageType::Field: hQueue.bFields = bOn; break;
+    default: Set_Error(iErrBadArgument);
+  }
+}
+
+std::string WDroppedFile() {
+  return hQueue.sDropped;
+}
+
+}  // namespace quillan

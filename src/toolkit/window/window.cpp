@@ -1,0 +1,318 @@
+#include "toolkit/window/window.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLabel>
+#include <QLocale>
+#include <QMenuBar>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTemporaryFile>
+#include <QWindow>
+#include <algorithm>
+#include <clocale>
+#include <cstdlib>
+#include <iostream>
+
+#include "platform/arguments.h"
+#include "toolkit/draw/draw.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/draw/private_draw.h"
+#include "toolkit/window/menus.h"
+#include "toolkit/window/private.h"
+
+// The resources lie in a static library: without this call the linker would leave them out.
+static void Load_Resources() {
+  Q_INIT_RESOURCE(resources);
+}
+
+namespace quillan {
+
+using namespace toolkit;
+
+namespace {
+
+// The screen of a run without a display. Windows have no frame there, so that pictures have the size asked for.
+constexpr std::string_view sOffScreen =
+    R"({"synchronousWindowSystemEvents": true, "windowFrameMargins": false, "screens": [{"name": "quillan",
+        "x": 0, "y": 0, "width": 1920, "height": 1200, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+
+/// The client area: white paper that shows the backing image.
+class DrawingArea : public QWidget {
+ public:
+  explicit DrawingArea(QWidget* hParent) : QWidget(hParent) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(160, 120);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    // The window was moved to a screen with another scale factor: what is drawn must be drawn anew, finer or coarser.
+    if (Backing_Image().devicePixelRatio() != devicePixelRatioF()) {
+      Resize_Backing_Image();
+      Push_Message(MessageType::Expose, {});
+    }
+    IGrFlush();
+    QPainter hPainter(this);
+    hPainter.drawImage(QPointF(0.0, 0.0), Backing_Image());
+    Paint_Overlay(hPainter);
+  }
+};
+
+constexpr struct {
+  I4 iShape;
+  Qt::CursorShape iQtShape;
+} hCursor[] = {
+    {iCursorArrow,  Qt::ArrowCursor       },
+    {iCursorTwoWay, Qt::SizeHorCursor     },
+    {iCursorPick,   Qt::PointingHandCursor},
+    {iCursorCorner, Qt::CrossCursor       },
+    {iCursorBox,    Qt::CrossCursor       },
+};
+
+// What is open. WInitialise and WindowOpen2 fill it, WindowClose empties it.
+struct OpenWindow {
+  QApplication* hApplication = nullptr;
+  QPointer<QMainWindow> hMain;
+  QPointer<DrawingArea> hArea;
+  QPointer<QLabel> hPart[2];  // of the status bar
+  QString sPart2;             // text of the wide part under a hint
+  int NBusy = 0;              // calls of WindowBusy that are not taken back
+};
+OpenWindow hOpen;
+
+// The command line, which the application refers to as long as it lives; null before WInitialise.
+int NArgument = 0;
+char** hArgument = nullptr;
+
+bool Asks_For_Platform(int argc, char** argv) {
+  const auto bPlatform = [](std::string_view sArg) { return sArg == "-platform" || sArg == "--platform"; };
+  return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || std::any_of(argv, argv + argc, bPlatform);
+}
+
+bool Has_Display() {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+  return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+#else
+  return true;
+#endif
+}
+
+/// Settles where the window is shown, before the application is made.
+void Choose_Platform(int argc, char** argv, bool bScript) {
+  if (Asks_For_Platform(argc, argv) || Has_Display()) return;
+  if (!bScript) {
+    std::cerr << "quillan: there is no display (neither DISPLAY nor WAYLAND_DISPLAY is set).\n"
+                 "A session script runs without one: quillan FILE --script STEPS.txt\n";
+    std::exit(1);
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+// What Qt remarks on every run without a desktop. Standard error is for what concerns the user.
+constexpr const char* sRemark[] = {"This plugin does not support", "QStandardPaths: XDG_RUNTIME_DIR not set"};
+
+void Pass_On(QtMsgType, const QMessageLogContext&, const QString& sText) {
+  const bool bRemark = std::ranges::any_of(sRemark, [&](const char* sWords) { return sText.startsWith(sWords); });
+  if (!bRemark) std::cerr << To_Bytes(sText) << std::endl;
+}
+
+void Make_Application() {
+  // The platform reads its screen from a file while the application is made.
+  QTemporaryFile hScreen;
+  const bool bOffScreen = qgetenv("QT_QPA_PLATFORM") == "offscreen";
+  if (bOffScreen && hScreen.open()) {
+    hScreen.write(sOffScreen.data(), static_cast<qint64>(sOffScreen.size()));
+    hScreen.close();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + hScreen.fileName().toLocal8Bit());
+  }
+  if (bOffScreen) qInstallMessageHandler(Pass_On);
+  hOpen.hApplication = new QApplication(NArgument, hArgument);
+  if (bOffScreen) qputenv("QT_QPA_PLATFORM", "offscreen");
+
+  // The application takes the user's locale; numbers in files and fields are written with a point everywhere.
+  std::setlocale(LC_NUMERIC, "C");
+  QLocale::setDefault(QLocale::c());
+  // No display name: window systems would add it to every title.
+  QCoreApplication::setApplicationName("quillan");
+  QGuiApplication::setDesktopFileName("quillan");
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  Load_Resources();
+  QGuiApplication::setWindowIcon(QIcon(":/quillan.png"));
+}
+
+/// What the application left of the command line is what the program sees.
+void Keep_Arguments() {
+  System_Set_Arguments(std::vector<std::string>(hArgument, hArgument + NArgument));
+}
+
+/// The size inside the frame that gives the outer size asked for, held to the screen. On a small screen the window is
+/// wider than asked for, so that no command of the bar is out of sight.
+QSize Inner_Size(const QMainWindow& hMain, I4 NXP, I4 NYP) {
+  const QSize hFrame = hMain.frameGeometry().size() - hMain.geometry().size();
+  const QSize hLargest = hMain.screen()->availableGeometry().size() - hFrame;
+  const QSize hAsked = QSize(NXP, NYP) - hFrame;
+  return hAsked.expandedTo(QSize(hMain.menuWidget()->sizeHint().width(), 0)).boundedTo(hLargest);
+}
+
+void Show_Main(I4 iXP, I4 iYP, I4 NXP, I4 NYP) {
+  QMainWindow& hMain = *hOpen.hMain;
+  hMain.move(iXP, iYP);
+  hMain.resize(Inner_Size(hMain, NXP, NYP));
+  hMain.show();
+  QCoreApplication::processEvents();
+  hMain.resize(Inner_Size(hMain, NXP, NYP));  // the frame is known only now
+}
+
+void Close_Main() {
+  delete hOpen.hMain;
+  for (; hOpen.NBusy > 0; --hOpen.NBusy) QGuiApplication::restoreOverrideCursor();
+  hOpen.sPart2.clear();
+  Drop_Backing_Image();
+  Drop_Messages();
+  Forget_Places();
+}
+
+}  // namespace
+
+QString toolkit::To_QString(std::string_view sBytes) {
+  const QUtf8StringView sText(sBytes.data(), static_cast<qsizetype>(sBytes.size()));
+  return sText.isValidUtf8() ? sText.toString() : QString::fromLatin1(QByteArrayView(sBytes.data(), sText.size()));
+}
+
+std::string toolkit::To_Bytes(const QString& sText) {
+  return sText.toStdString();
+}
+
+QMainWindow* toolkit::Main_Window() {
+  return hOpen.hMain;
+}
+
+QWidget* toolkit::Drawing_Area() {
+  return hOpen.hArea;
+}
+
+void toolkit::Show_Hint(const QString& sHint) {
+  if (hOpen.hPart[1]) hOpen.hPart[1]->setText(sHint.isEmpty() ? hOpen.sPart2 : sHint);
+}
+
+void toolkit::Suspend_Busy(bool bSuspend) {
+  if (hOpen.NBusy > 0) QGuiApplication::changeOverrideCursor(bSuspend ? Qt::ArrowCursor : Qt::WaitCursor);
+}
+
+void WInitialise(int argc, char** argv, std::string_view sScript) {
+  NArgument = argc;
+  hArgument = argv;
+  if (!hOpen.hApplication) {
+    Choose_Platform(argc, argv, !sScript.empty());
+    Make_Application();
+  }
+  Keep_Arguments();
+  Script_Load(sScript);
+}
+
+void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTitle) {
+  if (!hArgument) return Set_Error(iErrNoWindow);
+  if (!hOpen.hApplication) Make_Application();
+  if (hOpen.hMain) Close_Main();
+  hOpen.hMain = new QMainWindow;
+  hOpen.hArea = new DrawingArea(hOpen.hMain);
+  hOpen.hMain->setCentralWidget(hOpen.hArea);
+  hOpen.hMain->setContextMenuPolicy(Qt::NoContextMenu);
+  hOpen.hMain->menuBar()->setNativeMenuBar(false);  // commands stand on the bar itself, which native bars do not show
+  Watch_Window(hOpen.hMain, hOpen.hArea);
+  WMenu(iMenu);
+  WindowTitle(sTitle);
+  Show_Main(iXP, iYP, NXP, NYP);
+  hOpen.hArea->setFocus();
+}
+
+void WindowClose() {
+  if (!hOpen.hApplication) return;
+  Close_Main();
+  delete hOpen.hApplication;
+  hOpen.hApplication = nullptr;
+}
+
+void WindowTitle(std::string_view sTitle) {
+  if (!hOpen.hMain) return Set_Error(iErrNoWindow);
+  hOpen.hMain->setWindowTitle(To_QString(sTitle));
+}
+
+void WindowStatusBarParts(I4 NWidth1) {
+  if (!hOpen.hMain) return Set_Error(iErrNoWindow);
+  QStatusBar* hBar = hOpen.hMain->statusBar();
+  for (auto& hPart : hOpen.hPart) {
+    delete hPart;
+    hPart = new QLabel(hBar);
+    hPart->setTextFormat(Qt::PlainText);
+  }
+  hOpen.hPart[0]->setFixedWidth(std::max(NWidth1, 0));
+  // A long text does not widen the window.
+  hOpen.hPart[1]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  hBar->addWidget(hOpen.hPart[0]);
+  hBar->addWidget(hOpen.hPart[1], 1);
+}
+
+void WindowOutStatusBar(I4 iPart, std::string_view sText) {
+  if (!hOpen.hMain) return Set_Error(iErrNoWindow);
+  if (iPart < 1 || iPart > 2 || !hOpen.hPart[0]) return Set_Error(iErrBadArgument);
+  QLabel& hPart = *hOpen.hPart[iPart - 1];
+  hPart.setText(To_QString(sText));
+  if (iPart == 2) hOpen.sPart2 = hPart.text();
+  if (hOpen.NBusy > 0) hPart.repaint();  // long work may let the window repaint only when it is over
+}
+
+void WindowBusy(bool bBusy) {
+  if (!hOpen.hMain) return Set_Error(iErrNoWindow);
+  if (!bBusy && hOpen.NBusy == 0) return;
+  hOpen.NBusy += bBusy ? 1 : -1;
+  if (bBusy)
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  else
+    QGuiApplication::restoreOverrideCursor();
+}
+
+void WindowBell() {
+  if (hOpen.hApplication) QApplication::beep();
+}
+
+void WCursorShape(I4 iShape) {
+  if (!hOpen.hArea) return Set_Error(iErrNoWindow);
+  for (const auto& hRow : hCursor) {
+    if (hRow.iShape == iShape) return hOpen.hArea->setCursor(hRow.iQtShape);
+  }
+  Set_Error(iErrBadArgument);
+}
+
+I4 WInfoWindow(I4 iSelect) {
+  if (!hOpen.hMain) {
+    if (iSelect != iWindowDrawable) Set_Error(iErrNoWindow);
+    return 0;
+  }
+  switch (iSelect) {
+    case iWindowWidth: return hOpen.hArea->width();
+    case iWindowHeight: return hOpen.hArea->height();
+    case iWindowDrawable: return hOpen.hMain->isVisible() ? 1 : 0;
+    default: Set_Error(iErrBadArgument); return 0;
+  }
+}
+
+I4 WInfoScreen(I4 iSelect) {
+  const QScreen* hScreen = hOpen.hApplication ? QGuiApplication::primaryScreen() : nullptr;
+  if (!hScreen) {
+    Set_Error(iErrNoWindow);
+    return 0;
+  }
+  switch (iSelect) {
+    case iScreenWidth: return hScreen->size().width();
+    case iScreenHeight: return hScreen->size().height();
+    default: Set_Error(iErrBadArgument); return 0;
+  }
+}
+
+}  // namespace quillan

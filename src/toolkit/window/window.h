@@ -1,0 +1,40 @@
+// window.h: the main window: its start and end, title, status bar and size.
+//
+// The client area shows one backing image that draw.h draws into; exposure is served from it.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/types.h"
+#include "toolkit/window/ids.h"
+
+namespace quillan {
+
+/// Prepares the toolkit. Takes the toolkit's own options out of the command line, so that IOsArgument
+/// sees what is left. sScript: path of a session script to play, blank for none; without a display
+/// (neither DISPLAY nor WAYLAND_DISPLAY set) a scripted run takes the off-screen platform.
+void WInitialise(int argc, char** argv, std::string_view sScript = {});
+
+/// Opens the main window. NXP, NYP: outer size in pixels, held to the screen.
+void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTitle);
+
+/// Closes what is open. Safe when nothing is.
+void WindowClose();
+
+void WindowTitle(std::string_view sTitle);
+
+/// Two parts in the status bar: the first NWidth1 pixels wide, the second takes the rest.
+void WindowStatusBarParts(I4 NWidth1);
+/// iPart: 1 the narrow part, 2 the wide one, where hints and progress stand.
+void WindowOutStatusBar(I4 iPart, std::string_view sText);
+
+/// The busy cursor while long work runs; calls may nest.
+void WindowBusy(bool bBusy);
+
+/// Selectors iWindow... and iScreen... of ids.h; 0 where there is no window. Pixels are those of the layout, before
+/// the screen's scale factor.
+I4 WInfoWindow(I4 iSelect);
+I4 WInfoScreen(I4 iSelect);
+
+}  // namespace quillan
