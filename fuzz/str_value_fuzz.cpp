@@ -2,7 +2,9 @@
 // otherwise; what it gives is finite; what it reads it reads again from its own text.
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <string_view>
+#include <type_traits>
 
 #include "foundations/date_time.h"
 #include "foundations/log_file.h"
@@ -19,8 +21,9 @@ Number Default() {
   return static_cast<Number>(77);
 }
 
-template <class Number, class Reader>
-Number Check(Reader Read, std::string_view sField) {
+template <class Number>
+Number Check(std::type_identity_t<std::function<void(std::string_view, Number, Number&, I4&)>> Read,
+             std::string_view sField) {
   Number x{};
   I4 IOERR = 12345;
   Read(sField, Default<Number>(), x, IOERR);
@@ -30,8 +33,11 @@ Number Check(Reader Read, std::string_view sField) {
   return x;
 }
 
-template <class Number, class Reader>
-void Check_Reporting(Reader Read, std::string_view sField) {
+template <class Number>
+using ReportingReader = void (*)(const FieldContext&, std::string_view, Number, Number&, I4&);
+
+template <class Number>
+void Check_Reporting(std::type_identity_t<ReportingReader<Number>> Read, std::string_view sField) {
   Check<Number>(
       [&](std::string_view sText, Number xDefault, Number& x, I4& IOERR) {
         Read(FieldContext{1, sField, "Label"}, sText, xDefault, x, IOERR);
@@ -49,7 +55,7 @@ void Check_Quiet(std::string_view sField) {
   Check<I8>(Str_to_I8, sField);
   Check<L4>([](std::string_view sText, L4, L4& b, I4& IOERR) { Str_to_L4(sText, true, b, IOERR); }, sField);
   Check<R4>(Str_to_R4, sField);
-  Check<R8>(Str_to_R8, sField);
+  Check<R8>([](std::string_view sText, R8 d0, R8& d, I4& IOERR) { Str_to_R8(sText, d0, d, IOERR); }, sField);
   Check<R4>(Str_to_R4Line, sField);
   Check<R8>(Str_to_R8Time, sField);
   Check<I4>(Str_to_I4Version, sField);
@@ -78,10 +84,9 @@ void Check_Reports(std::string_view sField) {
   Check_Reporting<R4>(Fld_to_R4Pitch, sField);
   Check_Reporting<R8>(Fld_NMEA_to_R8Time, sField);
   Check_Reporting<R8>(Fld_NMEA_to_R8Deg, sField);
-  for (const I4 iLength : {1, 2})
-    Check_Reporting<R4>([iLength](const FieldContext& hAt, std::string_view sText, R4 fDefault, R4& f,
-                                  I4& IOERR) { Fld_to_R4Meters(hAt, sText, iLength, fDefault, f, IOERR); },
-                        sField);
+  Check_Reporting<R4>([](const FieldContext& hAt, std::string_view sText, R4 fDefault, R4& f,
+                         I4& IOERR) { Fld_to_R4Meters(hAt, sText, 1, fDefault, f, IOERR); },
+                      sField);
 }
 
 }  // namespace

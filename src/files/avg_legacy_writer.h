@@ -29,4 +29,11 @@ void AVG_Write0(std::string_view sFile, I4& iError);
 /// A time in msec as the table shows it, with fewer decimals the later it is; "*" when missing.
 void AVG_Write_TWC0(std::string& sOutput, R4 fTWC);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 AVG_Write0(std::string_view sFile) {
+  I4 iError = 0;
+  AVG_Write0(sFile, iError);
+  return iError;
+}
+
 }  // namespace quillan

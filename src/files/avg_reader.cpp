@@ -199,8 +199,9 @@ void Take_Row(std::string_view sLine, I4 iRecord, I4& iError, bool& bStoreFull) 
 
 // ---- one row
 
-template <class Value, class Read>
-void Take_Field(const FieldContext& hAt, std::string_view sField, Value hDefault, Value& hValue, Read Fld_to) {
+template <class Value>
+void Take_Field(const FieldContext& hAt, std::string_view sField, Value hDefault, Value& hValue,
+                void (*Fld_to)(const FieldContext&, std::string_view, Value, Value&, I4&)) {
   I4 IOERR = 0;
   Fld_to(hAt, sField, hDefault, hValue, IOERR);
 }

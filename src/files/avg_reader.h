@@ -64,4 +64,11 @@ void AVG_Read_Data(std::string_view sRecord, I4 iRecord, AvgReadState& hRead, I4
 /// written; 3 and 3 without one.
 void sRecord_to_JCmp(std::string_view sRecord, I4& JCMP, I4& JFLD);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 AVG_Read(std::string_view sFile) {
+  I4 iError = 0;
+  AVG_Read(sFile, iError);
+  return iError;
+}
+
 }  // namespace quillan

@@ -51,4 +51,11 @@ void AVG_Begin_Write(std::string_view sRoutine, std::string_view sFile, std::str
 /// Reports a writer that has failed, with iError 1; else iError stays. sWhat: "opening" or "writing".
 void AVG_Report_Write(const TextWriter& out, std::string_view sWhat, std::string_view sFile, I4& iError);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 AVG_Write(std::string_view sFile) {
+  I4 iError = 0;
+  AVG_Write(sFile, iError);
+  return iError;
+}
+
 }  // namespace quillan

@@ -40,4 +40,16 @@ void MDE_Rewrite(std::string_view sMdeFile, I4& iError);
 /// Whether an update keeps a line of the old file. sLine: left-adjusted, without trailing blanks.
 bool MDE_Keeps_Line(std::string_view sLine);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 MDE_Read(std::string& sMdeFile) {
+  I4 iError = 0;
+  MDE_Read(sMdeFile, iError);
+  return iError;
+}
+[[nodiscard]] inline I4 MDE_Update(std::string_view sMdeFile) {
+  I4 iError = 0;
+  MDE_Update(sMdeFile, iError);
+  return iError;
+}
+
 }  // namespace quillan

@@ -40,4 +40,11 @@ void Txw_Read(std::string& sTxwFile, L4 bAuto, I4& iError);
 /// Takes a line of labels. iError: 0; 1 when the identifier, east or north is missing, which is reported.
 void TXW_Read_Labels(I4 iRecord, std::string_view sRecord, L4 bAuto, ColumnMap& hColumn, I4& iError);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 Txw_Read(std::string& sTxwFile, L4 bAuto) {
+  I4 iError = 0;
+  Txw_Read(sTxwFile, bAuto, iError);
+  return iError;
+}
+
 }  // namespace quillan

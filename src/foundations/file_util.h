@@ -32,4 +32,12 @@ void Get_Exe_DirPath(std::string& sDirPath, I4& iError);
 /// iError: 0 found; 1 not found, sFileSpec is blank.
 void Find_File(std::string_view sFileName, std::string& sFileSpec, I4& iError);
 
+/// The same, the path returned.
+[[nodiscard]] inline std::string Find_File(std::string_view sName) {
+  std::string sFileSpec;
+  I4 iError = 0;
+  Find_File(sName, sFileSpec, iError);
+  return sFileSpec;
+}
+
 }  // namespace quillan

@@ -42,6 +42,11 @@ inline L4 bQuietErr = false;                        // the user wants no further
 /// Names the files after sFileStem (folder of it, or the working folder; extension dropped), removes what an earlier
 /// run left, and clears the state. IOERR: 0, or 1 when an old file cannot be removed.
 void Log_Initialize(std::string_view sFileStem, I4& IOERR);
+inline I4 Log_Initialize(std::string_view sFileStem) {
+  I4 IOERR = 0;
+  Log_Initialize(sFileStem, IOERR);
+  return IOERR;
+}
 /// Closes the log file. The next line opens it again.
 void Log_Close();
 

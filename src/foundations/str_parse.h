@@ -133,4 +133,20 @@ std::string Str_Squish(std::string_view sText);
 /// Each character of sStrIn that stands in sMapFrom becomes the one at the same place of sMapTo.
 std::string Str_Map(std::string_view sMapFrom, std::string_view sMapTo, std::string_view sStrIn);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 Str_to_iEnumeration(std::string_view sField, std::string_view sKeyword,
+                                            std::span<const std::string_view> CEnumeration, I4& iEnumeration) {
+  I4 IOERR = 0;
+  Str_to_iEnumeration(sField, sKeyword, CEnumeration, iEnumeration, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Str_Column_Labels_Alias_List(std::string_view sRecord, bool bReportErr, bool bExactMatch,
+                                                     std::span<const AliasRow> CAlias,
+                                                     std::span<const std::string_view> CID, I4 MFC,
+                                                     ColumnMap& hColumn) {
+  I4 iError = 0;
+  Str_Column_Labels_Alias_List(sRecord, bReportErr, bExactMatch, CAlias, CID, MFC, hColumn, iError);
+  return iError;
+}
+
 }  // namespace quillan

@@ -88,4 +88,72 @@ void Fld_NMEA_to_R8Time(const FieldContext& hAt, std::string_view sField, R8 dDe
 /// Degrees from ddmm.mmm or dddmm.mmm.
 void Fld_NMEA_to_R8Deg(const FieldContext& hAt, std::string_view sField, R8 dDefault, R8& dDegrees, I4& IOERR);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 Fld_to_I4(const FieldContext& hAt, std::string_view sField, I4 hDefault, I4& hValue) {
+  I4 IOERR = 0;
+  Fld_to_I4(hAt, sField, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Fld_to_L4(const FieldContext& hAt, std::string_view sField, L4 hDefault, L4& hValue) {
+  I4 IOERR = 0;
+  Fld_to_L4(hAt, sField, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Fld_to_R4(const FieldContext& hAt, std::string_view sField, R4 hDefault, R4& hValue) {
+  I4 IOERR = 0;
+  Fld_to_R4(hAt, sField, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Fld_to_R4Azimuth(const FieldContext& hAt, std::string_view sField, R4 hDefault, R4& hValue) {
+  I4 IOERR = 0;
+  Fld_to_R4Azimuth(hAt, sField, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Fld_to_R4Meters(const FieldContext& hAt, std::string_view sField, I4 iLength, R4 hDefault,
+                                        R4& hValue) {
+  I4 IOERR = 0;
+  Fld_to_R4Meters(hAt, sField, iLength, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Fld_to_R8(const FieldContext& hAt, std::string_view sField, R8 hDefault, R8& hValue) {
+  I4 IOERR = 0;
+  Fld_to_R8(hAt, sField, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Fld_to_R8Time(const FieldContext& hAt, std::string_view sField, R8 hDefault, R8& hValue) {
+  I4 IOERR = 0;
+  Fld_to_R8Time(hAt, sField, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Fld_to_I4Version(const FieldContext& hAt, std::string_view sField, I4 hDefault, I4& hValue) {
+  I4 IOERR = 0;
+  Fld_to_I4Version(hAt, sField, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Fld_to_R4Line(const FieldContext& hAt, std::string_view sField, R4 hDefault, R4& hValue) {
+  I4 IOERR = 0;
+  Fld_to_R4Line(hAt, sField, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Fld_to_R8Line(const FieldContext& hAt, std::string_view sField, R8 hDefault, R8& hValue) {
+  I4 IOERR = 0;
+  Fld_to_R8Line(hAt, sField, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Fld_to_R4Pitch(const FieldContext& hAt, std::string_view sField, R4 hDefault, R4& hValue) {
+  I4 IOERR = 0;
+  Fld_to_R4Pitch(hAt, sField, hDefault, hValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Str_to_R8(std::string_view sField, R8 dDefault, R8& dValue) {
+  I4 IOERR = 0;
+  Str_to_R8(sField, dDefault, dValue, IOERR);
+  return IOERR;
+}
+[[nodiscard]] inline I4 Str_to_I4Index(std::string_view sKeyword, I4& I4Index) {
+  I4 IOERR = 0;
+  Str_to_I4Index(sKeyword, I4Index, IOERR);
+  return IOERR;
+}
+
 }  // namespace quillan

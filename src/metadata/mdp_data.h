@@ -62,4 +62,23 @@ void MDP_from_MDE(I4 iRecord, std::string_view sRecord, I4 iPriority, I4& IOERR,
 void MDP_Read_Value(I4 iRecord, std::string_view sRecord, std::string_view sName, std::string_view sValue, I4 iPriority,
                     I4& IMERR, bool* bForeign = nullptr);
 
+// The same, the results returned.
+struct MdpStatus {
+  I4 IOERR = 0;
+  bool bForeign = false;
+};
+[[nodiscard]] inline MdpStatus MDP_from_MDE(I4 iRecord, std::string_view sRecord, I4 iPriority) {
+  MdpStatus h;
+  MDP_from_MDE(iRecord, sRecord, iPriority, h.IOERR, &h.bForeign);
+  return h;
+}
+inline void MDP_Initialize() {
+  I4 iError = 0;
+  MDP_Initialize(iError);
+}
+inline void MDP_Initialize_MD(bool bResetError) {
+  I4 iError = 0;
+  MDP_Initialize_MD(iError, bResetError);
+}
+
 }  // namespace quillan

@@ -85,4 +85,11 @@ void Tx_MD_Read(const MdRecord& hRecord, TxGroup& hTx, const UnitGroup& hUnit, I
 /// them was never read.
 void Tx_MD_UTMN_to_UTMC(TxGroup& hTx, I4& IMERR);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 Tx_MD_UTMN_to_UTMC(TxGroup& hTx) {
+  I4 IMERR = 0;
+  Tx_MD_UTMN_to_UTMC(hTx, IMERR);
+  return IMERR;
+}
+
 }  // namespace quillan

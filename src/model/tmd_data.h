@@ -128,6 +128,10 @@ inline Array1<Text<256>, MAvgMde> sAvgMde;  // $ lines of the input file that no
 
 /// Every field of the survey and of all transients gets its default; NTrn becomes 0. iError: 0.
 void TMD_Initialize(I4& iError);
+inline void TMD_Initialize() {
+  I4 iError = 0;
+  TMD_Initialize(iError);
+}
 
 /// Whether two transients have the same window centres: equal counts, and no difference above 0.01 msec.
 void TMD_Trns_TW_Compare(const Transient& hTrns1, const Transient& hTrns2, L4& bTWMatch);
@@ -135,5 +139,12 @@ void TMD_Trns_TW_Compare(const Transient& hTrns1, const Transient& hTrns2, L4& b
 /// Numbers the distinct window sets of the store in iTWCfg, from 1, in the order of first appearance.
 /// iError: 0; 1 when the store is empty.
 void TMD_Trns_Set_iTWCfg(I4& iError);
+
+// The same, the status returned.
+[[nodiscard]] inline I4 TMD_Trns_Set_iTWCfg() {
+  I4 iError = 0;
+  TMD_Trns_Set_iTWCfg(iError);
+  return iError;
+}
 
 }  // namespace quillan

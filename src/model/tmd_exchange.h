@@ -50,4 +50,19 @@ void TMD_TxUTMC_from_hTxw(I4& iError);
 void TMD_Get_fTxXYV(const Array1<R4, 2>& fTxLength, R4 fTxAzm, I4 iLengthUnit, I4& NTxXYV, Array2<R4, 2, 4>& fTxXYV,
                     I4& iError);
 
+// The same, the status returned.
+inline void TMD_Survey_from_MD() {
+  I4 iError = 0;
+  TMD_Survey_from_MD(iError);
+}
+inline void TMD_Survey_to_MD() {
+  I4 iError = 0;
+  TMD_Survey_to_MD(iError);
+}
+[[nodiscard]] inline I4 TMD_TxUTMC_from_hTxw() {
+  I4 iError = 0;
+  TMD_TxUTMC_from_hTxw(iError);
+  return iError;
+}
+
 }  // namespace quillan

@@ -88,4 +88,11 @@ void Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength, I
 /// at all, or the station has no value.
 void Txw_Get_iTxw(R8 dTxStn, I4& iTxw, I4& iError);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength) {
+  I4 iError = 0;
+  Txw_Get_Length(hTxwJ, fXazm, fTxLength, iError);
+  return iError;
+}
+
 }  // namespace quillan

@@ -15,4 +15,16 @@ void dBdt_2_B(I4& iError);
 /// time to the power -2.5 behind the last one. iError: 0; 1 when the store is empty.
 void dBzdt_2_Bz(I4& iError);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 dBdt_2_B() {
+  I4 iError = 0;
+  dBdt_2_B(iError);
+  return iError;
+}
+[[nodiscard]] inline I4 dBzdt_2_Bz() {
+  I4 iError = 0;
+  dBzdt_2_Bz(iError);
+  return iError;
+}
+
 }  // namespace quillan

@@ -21,4 +21,11 @@ void GMA_Time(I4& iError);
 /// of the other edge at either end of the transient.
 void Get_TWWidth();
 
+// The same, the status returned.
+[[nodiscard]] inline I4 GMA_Time() {
+  I4 iError = 0;
+  GMA_Time(iError);
+  return iError;
+}
+
 }  // namespace quillan

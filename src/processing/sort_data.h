@@ -10,4 +10,11 @@ namespace quillan {
 /// stations that R4 cannot tell apart are equal. iError: 0; 1 with fewer than two transients, which are in order.
 void Sort_TEM_Data(I4& iError);
 
+// The same, the status returned.
+[[nodiscard]] inline I4 Sort_TEM_Data() {
+  I4 iError = 0;
+  Sort_TEM_Data(iError);
+  return iError;
+}
+
 }  // namespace quillan

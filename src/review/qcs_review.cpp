@@ -69,21 +69,13 @@ void Read_Noise_Floor(SectionView& hView) {
   hView.bInitialize = hView.bInitialize || bChanged;
 }
 
-template <class Get>
-void Read_Choice(Get WDialogGet, I4 iField, I4 NMost, I4& iChoice) {
-  I4 iRead = 0;
-  InfoError();
-  WDialogGet(iField, iRead);
-  if (InfoError() == iErrNone) iChoice = std::clamp(iRead, 1, NMost);
-}
-
 void Read_Fields(SectionView& hView) {
   Read_Noise_Floor(hView);
   if (!hView.bFieldChanged) return;
   hView.bFieldChanged = false;
   const I4 iPlotType0 = hView.iPlotType;
-  Read_Choice(WDialogGetTrackbar, iTrkSection, NSection, hView.iSection);
-  Read_Choice(WDialogGetMenu1, iMnuView, hView.NPlotType, hView.iPlotType);
+  if (const auto iRead = WDialogGetTrackbar(iTrkSection)) hView.iSection = std::clamp(*iRead, 1, NSection);
+  if (const auto iRead = WDialogGetMenu1(iMnuView)) hView.iPlotType = std::clamp(*iRead, 1, hView.NPlotType);
   if (hView.iPlotType != iPlotType0) hView.bInitialize = true;
 }
 

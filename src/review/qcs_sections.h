@@ -183,4 +183,11 @@ void QCS_Visit_Joins(const PlotRange& hRange, Visit visit) {
   }
 }
 
+// The same, the status returned.
+[[nodiscard]] inline I4 QCS_Allocate() {
+  I4 iError = 0;
+  QCS_Allocate(iError);
+  return iError;
+}
+
 }  // namespace quillan

@@ -22,4 +22,15 @@ I4 TEM_First_Review();
 /// iFlagExit (review_flag.h). iError: 0; 1 there is nothing to review, iFlag is then 0.
 void TEM_Review_Data(I4& iFlag, I4& iError);
 
+// The same, the results returned.
+struct ReviewEnd {
+  I4 iFlag = 0;
+  I4 iError = 0;
+};
+[[nodiscard]] inline ReviewEnd TEM_Review_Data() {
+  ReviewEnd h;
+  TEM_Review_Data(h.iFlag, h.iError);
+  return h;
+}
+
 }  // namespace quillan

@@ -144,7 +144,8 @@ TEST(AvgWriter, FailedSaveLeavesTheEarlierFileAndSaysWhatToDo) {
   EXPECT_NE(sLog.find("ERROR opening file no such folder/odd.avg"), std::string::npos);
   EXPECT_NE(sLog.find("The data are not saved; choose Save again."), std::string::npos);
   Begin_Test();
-  for (const auto Write : {AVG_Write, AVG_Write0}) {
+  using Writer = void (*)(std::string_view, I4&);
+  for (const Writer Write : {Writer{AVG_Write}, Writer{AVG_Write0}}) {
     iError = 0;
     Write("empty.avg", iError);
     EXPECT_EQ(iError, 1);

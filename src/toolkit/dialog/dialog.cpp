@@ -336,13 +336,16 @@ void WDialogSelect(I4 iDialog) {
     Set_Error(iErrNoDialog);
 }
 
-void WDialogShow(I4 iX, I4 iY, I4 iMode) {
+I4 WDialogShow(I4 iX, I4 iY, I4 iMode) {
   DialogRecord* hDialog = Current_Record();
-  if (!hDialog) return;
+  if (!hDialog) return 0;
   QDialog& hWindow = *hDialog->hWindow;
   hDialog->iMode = iMode;
   hDialog->iExit = 0;
-  if (iMode == iShowTool) return Show_Tool(*hDialog, iX, iY);
+  if (iMode == iShowTool) {
+    Show_Tool(*hDialog, iX, iY);
+    return 0;
+  }
   hWindow.setWindowModality(iMode == iShowModal ? Qt::ApplicationModal : Qt::NonModal);
   if (!hWindow.testAttribute(Qt::WA_WState_Created)) {  // shown again, it stays where the user left it
     hWindow.adjustSize();
@@ -351,7 +354,9 @@ void WDialogShow(I4 iX, I4 iY, I4 iMode) {
   hWindow.show();
   hWindow.activateWindow();
   Focus_First_Field(hWindow);
-  if (iMode == iShowModal) Wait_For_Exit(*hDialog);
+  if (iMode != iShowModal) return 0;
+  Wait_For_Exit(*hDialog);
+  return iLastExit;
 }
 
 void WDialogHide() {
@@ -503,6 +508,47 @@ void WDialogPutNote(I4 iField, std::string_view sNote) {
     hNote->setText(To_QString(sNote));
   else
     Set_Error(iErrNoField);
+}
+
+namespace {
+
+template <class Value>
+std::optional<Value> Read_Field(void (*Get)(I4, Value&), I4 iField) {
+  Value hValue{};
+  InfoError();
+  Get(iField, hValue);
+  if (InfoError() != iErrNone) return std::nullopt;
+  return hValue;
+}
+
+}  // namespace
+
+std::optional<std::string> WDialogGetString(I4 iField) {
+  return Read_Field<std::string>(WDialogGetString, iField);
+}
+
+std::optional<I4> WDialogGetInteger(I4 iField) {
+  return Read_Field<I4>(WDialogGetInteger, iField);
+}
+
+std::optional<R4> WDialogGetReal(I4 iField) {
+  return Read_Field<R4>(WDialogGetReal, iField);
+}
+
+std::optional<R8> WDialogGetDouble(I4 iField) {
+  return Read_Field<R8>(WDialogGetDouble, iField);
+}
+
+std::optional<bool> WDialogGetCheckBox(I4 iField) {
+  return Read_Field<bool>(WDialogGetCheckBox, iField);
+}
+
+std::optional<I4> WDialogGetMenu1(I4 iField) {
+  return Read_Field<I4>(WDialogGetMenu1, iField);
+}
+
+std::optional<I4> WDialogGetTrackbar(I4 iField) {
+  return Read_Field<I4>(WDialogGetTrackbar, iField);
 }
 
 }  // namespace quillan

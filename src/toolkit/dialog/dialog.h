@@ -15,6 +15,7 @@
 // itself.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -34,7 +35,8 @@ void WDialogSelect(I4 iDialog);  // 0: none is current
 /// A tool window (iShowTool) is semi-modeless, but the keyboard stays with the plot: keys that none of its text fields
 /// wants arrive as Key messages, Esc among them. iX, iY are pixels of the drawing area; where the user has moved it, it
 /// is shown there for the rest of the run. Its close button pushes Exit Review, or Cancel where it has that one.
-void WDialogShow(I4 iX, I4 iY, I4 iMode);
+/// Returns the button that ended a modal dialog, 0 where it does not wait.
+I4 WDialogShow(I4 iX, I4 iY, I4 iMode);
 void WDialogHide();
 void WDialogUnload();
 void WDialogTitle(std::string_view sTitle);
@@ -42,30 +44,38 @@ void WDialogTitle(std::string_view sTitle);
 /// Selectors iExitButton, iCurrentDialog, iExitButtonCommon, iDialogWidth of ids.h.
 I4 WInfoDialog(I4 iSelect);
 
+// The reads below give what the field holds; nothing where it is empty, bad or not there.
+
 /// A text field or a label.
 void WDialogPutString(I4 iField, std::string_view sText);
 /// The bytes that were put, if the user has not changed the text; otherwise the text in UTF-8.
 void WDialogGetString(I4 iField, std::string& sText);
+[[nodiscard]] std::optional<std::string> WDialogGetString(I4 iField);
 
 void WDialogPutInteger(I4 iField, I4 iValue);
 void WDialogGetInteger(I4 iField, I4& iValue);
+[[nodiscard]] std::optional<I4> WDialogGetInteger(I4 iField);
 void WDialogRangeInteger(I4 iField, I4 iLow, I4 iHigh);
 
 /// The screen shows no point behind a number without decimals, and the scientific form where a number is wider than
 /// the form.
 void WDialogPutReal(I4 iField, R4 fValue, const EditForm& form);
 void WDialogGetReal(I4 iField, R4& fValue);
+[[nodiscard]] std::optional<R4> WDialogGetReal(I4 iField);
 void WDialogPutDouble(I4 iField, R8 dValue, const EditForm& form);
 void WDialogGetDouble(I4 iField, R8& dValue);
+[[nodiscard]] std::optional<R8> WDialogGetDouble(I4 iField);
 /// Limits of a real or double field, for its red frame, its reads and its tool tip.
 void WDialogRangeReal(I4 iField, R8 dLow, R8 dHigh);
 
 void WDialogPutCheckBox(I4 iField, bool bOn);
 void WDialogGetCheckBox(I4 iField, bool& bOn);
+[[nodiscard]] std::optional<bool> WDialogGetCheckBox(I4 iField);
 
 /// A drop-down: its entries and the selected one, counted from 1; 0 selects none.
 void WDialogPutMenu1(I4 iField, std::span<const std::string> sEntry, I4 iSelect);
 void WDialogGetMenu1(I4 iField, I4& iSelect);
+[[nodiscard]] std::optional<I4> WDialogGetMenu1(I4 iField);
 
 /// A trackbar: its ends and the step of a click beside its knob, which moves to any value between the ends. It gives
 /// back exactly what was put, even beyond its ends, until the user moves it, and reports each move. A put is dropped
@@ -73,6 +83,7 @@ void WDialogGetMenu1(I4 iField, I4& iSelect);
 void WDialogRangeTrackbar(I4 iField, I4 iLow, I4 iHigh, I4 iStep);
 void WDialogPutTrackbar(I4 iField, I4 iValue);
 void WDialogGetTrackbar(I4 iField, I4& iValue);
+[[nodiscard]] std::optional<I4> WDialogGetTrackbar(I4 iField);
 
 /// Enables (1) or greys (0) a field and its label.
 void WDialogFieldState(I4 iField, I4 iState);

@@ -513,4 +513,10 @@ void IGrPixelSize(R4& fDX, R4& fDY) {
   fDY = static_cast<R4>(std::abs(hDraw.hCanvas.dPixel / hDraw.hPlace.dPixelY));
 }
 
+GrPoint IGrPixelSize() {
+  GrPoint h;
+  IGrPixelSize(h.fX, h.fY);
+  return h;
+}
+
 }  // namespace quillan

@@ -18,6 +18,14 @@
 
 namespace quillan {
 
+/// A place and a box, in graphics units or, where it is said so, in plot units.
+struct GrPoint {
+  R4 fX = 0.0f, fY = 0.0f;
+};
+struct GrBox {
+  R4 fX1 = 0.0f, fY1 = 0.0f, fX2 = 0.0f, fY2 = 0.0f;
+};
+
 /// Part of the drawing area that is in use, as fractions 0 to 1 from its lower left corner.
 void IGrArea(R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax);
 /// Units of the corners of that part.
@@ -95,5 +103,6 @@ R4 WInfoGrReal(I4 iSelect);
 void IGrUnitsToPixels(R4 fX, R4 fY, I4& iX, I4& iY);
 /// Size of a pixel, in a file of 1/96 inch, in graphics units.
 void IGrPixelSize(R4& fDX, R4& fDY);
+[[nodiscard]] GrPoint IGrPixelSize();
 
 }  // namespace quillan

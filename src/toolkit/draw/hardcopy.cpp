@@ -102,4 +102,10 @@ void IGrHardCopyEnd(bool& bDone) {
   hHardcopy.hOpen.reset();
 }
 
+bool IGrHardCopyEnd() {
+  bool bDone = false;
+  IGrHardCopyEnd(bDone);
+  return bDone;
+}
+
 }  // namespace quillan

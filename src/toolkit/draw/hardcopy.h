@@ -23,5 +23,6 @@ void IGrHardCopy(std::string_view sPath);
 /// Closes it and puts the file in its place; a failure sets the error status iErrFile. bDone: whether the file is
 /// there.
 void IGrHardCopyEnd(bool& bDone);
+bool IGrHardCopyEnd();
 
 }  // namespace quillan

@@ -399,4 +399,16 @@ void IPgForget() {
   hPlot = {};
 }
 
+GrPoint IPgUnitsToGrUnits(R4 fXPg, R4 fYPg) {
+  GrPoint h;
+  IPgUnitsToGrUnits(fXPg, fYPg, h.fX, h.fY);
+  return h;
+}
+
+GrPoint IPgUnitsFromGrUnits(R4 fXGr, R4 fYGr) {
+  GrPoint h;
+  IPgUnitsFromGrUnits(fXGr, fYGr, h.fX, h.fY);
+  return h;
+}
+
 }  // namespace quillan

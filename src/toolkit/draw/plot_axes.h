@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "base/types.h"
+#include "toolkit/draw/draw.h"
 
 namespace quillan {
 
@@ -57,6 +58,8 @@ void IPgMarker(R4 fX, R4 fY, I4 iMarker);
 /// Between plot units and graphics units. On a logarithmic axis a value at or below 0 gives not-a-number.
 void IPgUnitsToGrUnits(R4 fXPg, R4 fYPg, R4& fXGr, R4& fYGr);
 void IPgUnitsFromGrUnits(R4 fXGr, R4 fYGr, R4& fXPg, R4& fYPg);
+[[nodiscard]] GrPoint IPgUnitsToGrUnits(R4 fXPg, R4 fYPg);
+[[nodiscard]] GrPoint IPgUnitsFromGrUnits(R4 fXGr, R4 fYGr);
 
 // Selectors of InfoPgReal.
 inline constexpr I4 iPlotXMin = 5;

@@ -222,20 +222,21 @@ std::string File_Dialog_Answer(std::string_view sPath) {
 
 }  // namespace toolkit
 
-void WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle,
+bool WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle,
                  bool bQuietOption) {
   iBoxExit = iAnswerNo;
   if (!qApp) {
     Set_Error(iErrNoWindow);
-    return;
+    return false;
   }
   const Owned<QMessageBox> hBox(New_Box(iButtons, iIcon, sText, sTitle));
   QPointer<QCheckBox> hQuiet;
   if (bQuietOption) hBox->setCheckBox(hQuiet = new QCheckBox("&Do not show further errors of this operation"));
-  if (!Ask(hOpenBox, hBox)) return;
+  if (!Ask(hOpenBox, hBox)) return false;
   const auto iClicked = hBox->standardButton(hBox->clickedButton());
   iBoxExit = iClicked == QMessageBox::Ok || iClicked == QMessageBox::Yes ? iAnswerYes : iAnswerNo;
   if (hQuiet) bBoxQuiet = hQuiet->isChecked();
+  return iBoxExit == iAnswerYes;
 }
 
 bool WMessageBoxQuiet() {
@@ -255,6 +256,12 @@ void WSelectFile2(std::string_view sFilter, I4 iFlags, std::string& sFile, std::
   if (sChosen.isEmpty()) return;
   iBoxExit = iAnswerYes;
   sFile = To_Bytes(sChosen);
+}
+
+std::string WSelectFile2(std::string_view sFilter, I4 iFlags, std::string_view sTitle, std::string_view sBegin) {
+  std::string sFile(sBegin);
+  WSelectFile2(sFilter, iFlags, sFile, sTitle);
+  return iBoxExit == iAnswerYes ? sFile : std::string();
 }
 
 }  // namespace quillan

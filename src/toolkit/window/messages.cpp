@@ -334,6 +334,26 @@ void WMessagePeek(MessageType& iType, Message& hMessage) {
   hMessage = {};
 }
 
+Message WMessage() {
+  Message hMessage;
+  MessageType iType = MessageType::None;
+  WMessage(iType, hMessage);
+  hMessage.iType = iType;
+  return hMessage;
+}
+
+Message WMessagePeek() {
+  Message hMessage;
+  MessageType iType = MessageType::None;
+  WMessagePeek(iType, hMessage);
+  hMessage.iType = iType;
+  return hMessage;
+}
+
+void WMessagePutBack(const Message& hMessage) {
+  WMessagePutBack(hMessage.iType, hMessage);
+}
+
 void WMessagePutBack(MessageType iType, const Message& hMessage) {
   if (Main_Window()) hQueue.hWaiting.push_front({iType, hMessage});
 }

@@ -13,6 +13,7 @@
 namespace quillan {
 
 struct Message {
+  MessageType iType = MessageType::None;
   I4 WIN = 0;                                         // window: 0 the main window
   I4 VALUE1 = 0, VALUE2 = 0, VALUE3 = 0, VALUE4 = 0;  // by type, see MessageType
   I4 X = 0, Y = 0;                                    // pixels in the drawing area, from its upper left corner
@@ -27,6 +28,10 @@ void WMessage(MessageType& iType, Message& hMessage);
 
 /// Takes the next message if one waits, else gives MessageType::None at once. Lets the window repaint.
 void WMessagePeek(MessageType& iType, Message& hMessage);
+
+[[nodiscard]] Message WMessage();  // the two above, the message returned with its type
+[[nodiscard]] Message WMessagePeek();
+void WMessagePutBack(const Message& hMessage);
 
 /// Puts a message back before all others: the next WMessage gives it again. For a routine that waits inside another
 /// loop and meets what only that loop can answer, a close request above all.
@@ -52,7 +57,8 @@ std::string WDroppedFile();
 /// Asks a question in a box and waits for the answer, which WInfoDialog(iExitButtonCommon) tells. The first button
 /// is the default. bQuietOption adds the box "Do not show further errors of this operation"; WMessageBoxQuiet tells
 /// whether it was ticked in the last box that had it.
-void WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle,
+/// True for Yes and OK.
+bool WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle,
                  bool bQuietOption = false);
 bool WMessageBoxQuiet();
 
@@ -60,5 +66,8 @@ bool WMessageBoxQuiet();
 /// folder, blank for the working folder) in, the choice out, unchanged on Cancel. WInfoDialog(iExitButtonCommon) is
 /// 1 after a choice.
 void WSelectFile2(std::string_view sFilter, I4 iFlags, std::string& sFile, std::string_view sTitle);
+/// The same: the path chosen, blank on Cancel. sBegin: where to begin.
+[[nodiscard]] std::string WSelectFile2(std::string_view sFilter, I4 iFlags, std::string_view sTitle,
+                                       std::string_view sBegin);
 
 }  // namespace quillan
