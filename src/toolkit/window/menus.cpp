@@ -4,7 +4,9 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <algorithm>
+#include <map>
 #include <set>
+#include <vector>
 
 #include "toolkit/draw/last_error.h"
 #include "toolkit/draw/plot_axes.h"
@@ -62,6 +64,8 @@ struct MenuBar {
   std::set<I4> iGreyed;  // commands greyed one by one
 };
 MenuBar hMenuBar;
+
+std::map<I4, std::vector<MenuRow>> hDefined;  // rows by menu
 
 QString Text_of(std::string_view sText) {
   return QString::fromLatin1(sText.data(), static_cast<qsizetype>(sText.size()));
@@ -138,7 +142,12 @@ bool toolkit::Main_Menu_Is_Ready() {
   return hMenuBar.iMenu == iMenuMain && hMenuBar.bUsable;
 }
 
+void WMenuDefine(I4 iMenu, std::span<const MenuRow> hRow) {
+  hDefined[iMenu].assign(hRow.begin(), hRow.end());
+}
+
 std::span<const MenuRow> Menu_Rows(I4 iMenu) {
+  if (const auto hFound = hDefined.find(iMenu); hFound != hDefined.end()) return hFound->second;
   switch (iMenu) {
     case iMenuMain: return hMainRow;
     case iMenuSection: return hSectionRow;

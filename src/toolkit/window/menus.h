@@ -18,6 +18,9 @@ struct MenuRow {
   std::string_view sKeys;  // standard keys, such as "Ctrl+O"; blank: none
 };
 
+/// Gives a menu bar its rows: the module that answers its commands calls this before WMenu.
+void WMenuDefine(I4 iMenu, std::span<const MenuRow> hRow);
+
 /// The rows of a menu bar; none for an unknown id.
 std::span<const MenuRow> Menu_Rows(I4 iMenu);
 
