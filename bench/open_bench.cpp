@@ -69,7 +69,7 @@ void Bench_Ranges(benchmark::State& state) {
   Run_Step(state, TEM_Trn_Data_Range);
 }
 
-/// The whole road, through the real dialog, in which the script of bench_main.cpp presses Continue.
+/// All of Open, through the real dialog, in which the script of bench_main.cpp presses Continue.
 void Bench_Open(benchmark::State& state) {
   I4 iError = 0;
   for (auto _ : state) TEM_Read_Data(hBench.sFile, iError);

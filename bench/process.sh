@@ -25,7 +25,7 @@ wall_time() {
     'BEGIN { printf "%8.1f ms, least %.1f ms\n", median / 1000, least / 1000 }'
 }
 
-# The most memory that a command ever had, as the system tells it while it runs, and its wall time.
+# The most memory that a command ever had, as the system counts it while it runs, and its wall time.
 peak_memory() {
   local peak=0 line start=${EPOCHREALTIME/./}
   "$@" > /dev/null &

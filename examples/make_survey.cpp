@@ -9,7 +9,7 @@
 //   orrin.stn      positions of the stations
 //   orrin.txw      corners of the transmitter loops
 //   orrin_rep.xdb  unaveraged repeats of five stations
-//   orrin_el.avg   early and late records of six stations, told apart by the decimals of their numbers: .0 and .1
+//   orrin_el.avg   early and late records of six stations, which the decimals of their numbers separate: .0 and .1
 #include <algorithm>
 #include <array>
 #include <cmath>

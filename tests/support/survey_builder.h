@@ -9,7 +9,7 @@
 
 namespace quillan {
 
-/// A transient with windows at 1, 2, 4 ... msec unless told otherwise.
+/// A transient with windows at 1, 2, 4 ... msec unless set otherwise.
 class TransientBuilder {
  public:
   TransientBuilder() {
