@@ -5,9 +5,12 @@
 
 namespace quillan {
 
+std::string Program_Title() {
+  return std::string(CPrgName) + " v" + std::string(sVersion) + " updated " + std::string(sUpdate);
+}
+
 void Session_Title() {
-  WindowTitle(std::string(CPrgName) + " v" + std::string(sVersion) + " updated " + std::string(sUpdate) +
-              ", data from " + hSession.sFileName);
+  WindowTitle(Program_Title() + ", data from " + hSession.sFileName);
 }
 
 }  // namespace quillan

@@ -7,14 +7,18 @@
 
 namespace quillan {
 
-/// The path of the file is sAvgFile of tmd_data.h.
 struct Session {
   std::string sFileName;  // name part of the current data file, for titles and questions
   L4 bUpdateAVG = false;  // a command that can change data has run since the last read or save
 };
+
+// Module state. Open and Save keep it. The path of the file is sAvgFile of tmd_data.h.
 inline Session hSession;
 
-/// Puts the program's name, version and data file into the window's title.
+/// The program's name, version and date of change, with which titles begin.
+std::string Program_Title();
+
+/// Puts the program and the data file into the window's title.
 void Session_Title();
 
 // Old forms; they go when the last caller has changed.

@@ -62,10 +62,8 @@ constexpr FormRow<Survey> hCentreRow[] = {
     {iFldTxCenterX, FormElement{&Survey::dTxXYZC, 1}, "(F12.1)", hCentreLimits},
     {iFldTxCenterY, FormElement{&Survey::dTxXYZC, 2}, "(F12.1)", hCentreLimits},
 };
-constexpr FormRow<Survey> hTurnsRow[] = {
+constexpr FormRow<Survey> hLoopRow[] = {
     {iFldTxTurns, &Survey::NTxTurn, {}, {1.0, R8{MTxTurn}}},
-};
-constexpr FormRow<Survey> hTxwRow[] = {
     {iChkTxwFile, &Survey::bTxwFile},
 };
 
@@ -97,13 +95,13 @@ void Put_Transmitter(const Survey& h, ShownLengths& hShown) {
 }
 
 void Put_TxwFile(const Survey& h) {
-  Form_Put(hTxwRow, h);
+  WDialogPutCheckBox(iChkTxwFile, h.bTxwFile);
   WDialogPutString(iFldTxwName, File_Name(h.sTxwFile));
 }
 
 void Put_Fields(const SurveyConfig& hConfig, ShownLengths& hShown) {
   Form_Put(hSurveyRow, hConfig.hSurvey);
-  Form_Put(hTurnsRow, hConfig.hSurvey);
+  Form_Put(hLoopRow, hConfig.hSurvey);
   Put_Transmitter(hConfig.hSurvey, hShown);
   Put_TxwFile(hConfig.hSurvey);
   WGridRangeReal(iGrdRxArea, 1, 0.01, 1.0E9);
@@ -146,8 +144,7 @@ void Take_Fields(SurveyConfig& hConfig, ShownLengths& hShown) {
   Take_Lengths(h, hShown);
   if (Has_Fixed_Transmitter(h)) {
     Form_Take(hCentreRow, h);
-    Form_Take(hTurnsRow, h);
-    Form_Take(hTxwRow, h);
+    Form_Take(hLoopRow, h);
   }
   Take_Areas(hConfig);
   Form_Take(hReceiverRow, hConfig);

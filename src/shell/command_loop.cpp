@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string>
 #include <vector>
 
 #include "base/program.h"
@@ -39,15 +38,14 @@ void Open_Window() {
     hRow.push_back({h.iDepth, h.iCommand, h.sText, h.sTip, h.sKeys, h.Carry_Out != nullptr});
   WMenuDefine(iMenuMain, hRow);
   const WindowSize hSize = Window_Size(WInfoScreen(iScreenWidth), WInfoScreen(iScreenHeight));
-  WindowOpen2(0, 0, hSize.NXP, hSize.NYP, iMenuMain,
-              std::string(CPrgName) + " v" + std::string(sVersion) + " updated " + std::string(sUpdate));
+  WindowOpen2(0, 0, hSize.NXP, hSize.NYP, iMenuMain, Program_Title());
   WindowStatusBarParts(NStatusPart1);
 }
 
 void Initialize_All() {
   hUser = User_at_Window();
   hSession = {};
-  (void)Log_Initialize(sPrgName);  // a log of before that cannot be removed is no reason to stop
+  (void)Log_Initialize(sPrgName);  // a log that cannot be removed is no reason to stop
   Last_Error_Initialize();
   TMD_Initialize();
   MDP_Initialize();

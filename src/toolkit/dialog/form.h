@@ -91,14 +91,6 @@ auto& Member(Record& h, const FormElement<std::remove_const_t<Record>, Value, N>
   return (h.*hElement.hArray)(hElement.I);
 }
 
-template <I4 N>
-std::string_view Shown_Text(const Text<N>& sText) {
-  return sText.trimmed();
-}
-inline std::string_view Shown_Text(const std::string& sText) {
-  return sText;
-}
-
 inline void Put_Code(I4 iField, std::span<const std::string_view> sEntry, I4 iCode) {
   if (sEntry.empty()) return WDialogPutInteger(iField, iCode);
   WDialogPutMenu1(iField, std::vector<std::string>(sEntry.begin(), sEntry.end()), iCode);
@@ -114,8 +106,10 @@ void Put(const auto& hRow, const Value& hValue) {
     WDialogPutReal(hRow.iField, hValue, hRow.form);
   } else if constexpr (std::is_same_v<Value, R8>) {
     WDialogPutDouble(hRow.iField, hValue, hRow.form);
+  } else if constexpr (std::is_same_v<Value, std::string>) {
+    WDialogPutString(hRow.iField, hValue);
   } else {
-    WDialogPutString(hRow.iField, Shown_Text(hValue));
+    WDialogPutString(hRow.iField, hValue.trimmed());
   }
 }
 
