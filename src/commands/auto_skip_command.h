@@ -1,4 +1,4 @@
-// auto_skip_command.h: the command Auto Skip and its questions.
+// auto_skip_command.h: the command Auto Skip and its questions, dialog 101.
 #pragma once
 
 #include "base/types.h"
@@ -6,11 +6,16 @@
 
 namespace quillan {
 
-/// Asks for the limits in dialog 101. MTWK: most windows of any transient. Limits are held to the data before the
-/// dialog opens; a field that cannot be read keeps its old value. iError: 0; 1 the user cancelled.
-void AutoSkip_Edit(I4 MTWK, AutoSkipLimits& hLimits, I4& iError);
+inline constexpr I4 iChkErrorFloor = 1005;
+inline constexpr I4 iFldErrorFloor = 1006;
+inline constexpr I4 iChkNegativeData = 1007;
+inline constexpr I4 iChkPositiveSlope = 1008;
 
-/// The command: asks, then applies. iError: 0; 1 without data or when the user cancelled.
-void AutoSkip_Filter(I4& iError);
+/// Asks for the limits. MTWK: most windows of any transient. Limits are held to the data before the dialog opens; a
+/// field that cannot be read keeps its old value. Returns 0; 1 when the user cancelled.
+[[nodiscard]] I4 AutoSkip_Edit(I4 MTWK, AutoSkipLimits& hLimits);
+
+/// The command: asks, then applies. Returns 0; 1 without data or when the user cancelled.
+[[nodiscard]] I4 AutoSkip_Filter();
 
 }  // namespace quillan

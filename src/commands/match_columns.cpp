@@ -3,9 +3,8 @@
 #include <string>
 
 #include "base/text.h"
-#include "toolkit/dialog/dialog.h"
+#include "toolkit/dialog/form.h"
 #include "toolkit/dialog/grid.h"
-#include "toolkit/draw/last_error.h"
 
 namespace quillan {
 namespace {
@@ -22,25 +21,20 @@ void Put_Fields(const ColumnQuestion& hQuestion) {
   WGridPutString(iGrdColumns, 1, hQuestion.sVariable);
   WGridPutString(iGrdColumns, 2, hQuestion.sStatus);
   WGridPutMenu(iGrdColumns, 3, hQuestion.sLabel, hQuestion.KCol);
-  InqWintError(sAskName);
 }
 
 }  // namespace
 
 bool Match_Columns(const ColumnQuestion& hQuestion) {
-  const I4 iDialogBefore = WInfoDialog(iCurrentDialog);
-  WDialogLoad(iDlgMatchColumns);
-  if (WInfoDialog(iCurrentDialog) != iDlgMatchColumns) {
+  const LoadedDialog form(iDlgMatchColumns);
+  if (!form.Is_There()) {
     InfoError();  // nobody can be asked: as if the user had cancelled
     return false;
   }
   Put_Fields(hQuestion);
-  WDialogShow(iCentred, iCentred, iShowModal);
   InqWintError(sAskName);
-  const bool bContinue = WInfoDialog(iExitButton) == iBtnContinue;
+  const bool bContinue = WDialogShow(iCentred, iCentred, iShowModal) == iBtnContinue;
   if (bContinue) WGridGetMenu(iGrdColumns, 3, hQuestion.KCol);
-  WDialogUnload();
-  if (iDialogBefore != 0) WDialogSelect(iDialogBefore);
   InqWintError(sAskName);
   return bContinue;
 }

@@ -5,7 +5,9 @@
 
 namespace quillan {
 
+inline constexpr I4 iLblColumnsPrompt = 1077;
+
 /// False when the user cancelled or nobody can be asked; the columns are then as they were.
-bool Match_Columns(const ColumnQuestion& hQuestion);
+[[nodiscard]] bool Match_Columns(const ColumnQuestion& hQuestion);
 
 }  // namespace quillan

@@ -2,46 +2,30 @@
 
 #include <string>
 
-#include "toolkit/dialog/dialog.h"
-#include "toolkit/draw/last_error.h"
+#include "toolkit/dialog/form.h"
 
 namespace quillan {
 namespace {
 
 constexpr std::string_view sAskName = "Str_to_iEnumeration_Dialog";
 
-void Put_Fields(const WordQuestion& hQuestion) {
+}  // namespace
+
+I4 Match_Word(const WordQuestion& hQuestion) {
+  const LoadedDialog form(iDlgMatchLabel);
+  if (!form.Is_There()) {
+    InfoError();  // nobody can be asked: as if the user had cancelled
+    return 0;
+  }
   WDialogPutString(iLblMatchWhat, "Match this " + std::string(hQuestion.sKeyword) + " label");
   WDialogPutString(iFldMatchWord, hQuestion.CWord);
   WDialogPutMenu1(iMnuMatchList, hQuestion.sEntry, hQuestion.iSelect);
   InqWintError(sAskName);
-}
 
-I4 Selected() {
-  I4 iSelect = 0;
-  WDialogGetMenu1(iMnuMatchList, iSelect);
-  return InfoError() == iErrNone ? iSelect : -1;
-}
-
-}  // namespace
-
-I4 Match_Word(const WordQuestion& hQuestion) {
-  const I4 iDialogBefore = WInfoDialog(iCurrentDialog);
-  WDialogLoad(iDlgMatchLabel);
-  if (WInfoDialog(iCurrentDialog) != iDlgMatchLabel) {
-    InfoError();  // nobody can be asked: as if the user had cancelled
-    return 0;
-  }
-  Put_Fields(hQuestion);
-  WDialogShow(iCentred, iCentred, iShowModal);
+  const I4 iButton = WDialogShow(iCentred, iCentred, iShowModal);
   InqWintError(sAskName);
-  I4 iMeant = -1;
-  if (WInfoDialog(iExitButton) == iBtnContinue) iMeant = Selected();
-  if (WInfoDialog(iExitButton) == iBtnCancel) iMeant = 0;
-  WDialogUnload();
-  if (iDialogBefore != 0) WDialogSelect(iDialogBefore);
-  InqWintError(sAskName);
-  return iMeant;
+  if (iButton == iBtnCancel) return 0;
+  return iButton == iBtnContinue ? WDialogGetMenu1(iMnuMatchList).value_or(-1) : -1;
 }
 
 }  // namespace quillan

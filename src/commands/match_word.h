@@ -6,8 +6,10 @@
 
 namespace quillan {
 
+inline constexpr I4 iLblMatchWhat = 1104;
+
 /// The entry that was meant, from 1; -1 when the selection cannot be read; 0 cancelled, also where there is nobody to
 /// ask.
-I4 Match_Word(const WordQuestion& hQuestion);
+[[nodiscard]] I4 Match_Word(const WordQuestion& hQuestion);
 
 }  // namespace quillan

@@ -1,114 +1,101 @@
 #include "commands/save_survey.h"
 
 #include "commands/busy_with.h"
-#include "files/avg_legacy_writer.h"
-#include "files/avg_writer.h"
+#include "commands/session.h"
 #include "files/mde_file.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "foundations/str_write.h"
-#include "platform/file_names.h"
+#include "model/tmd_data.h"
 #include "platform/safe_file.h"
-#include "toolkit/dialog/dialog.h"
-#include "toolkit/draw/last_error.h"
+#include "toolkit/dialog/form.h"
+#include "toolkit/window/messages.h"
 
 namespace quillan {
 namespace {
 
-/// A file type as a check box of dialog 104.
-struct FormatRow {
-  I4 iField;
-  L4 OutputFormats::*bPut;
-  std::string OutputNames::*sName;
-  bool bBuilt;  // whether there is a writer
-};
-
-constexpr FormatRow hFormatRow[] = {
-    {iChkPutAvg,  &OutputFormats::bPutAVG,  &OutputNames::sAvg,  true },
-    {iChkPutAvg0, &OutputFormats::bPutAVG0, &OutputNames::sAvg0, true },
-    {iChkPutAmr,  &OutputFormats::bPutAMR,  &OutputNames::sTem,  false},
-    {iChkPutUsf,  &OutputFormats::bPutUSF,  &OutputNames::sUsf,  false},
-};
-
-void Put_Formats(const OutputNames& hName, const OutputFormats& hFormats) {
-  for (const FormatRow& h : hFormatRow) {
-    WDialogPutCheckBox(h.iField, hFormats.*h.bPut);
-    WDialogPutNote(h.iField, File_Name(hName.*h.sName));
-    WDialogFieldState(h.iField, h.bBuilt ? 1 : 0);
-  }
-}
-
-void Get_Formats(OutputFormats& hFormats) {
-  InfoError();
-  for (const FormatRow& h : hFormatRow) {
-    L4 bPut = hFormats.*h.bPut;
-    WDialogGetCheckBox(h.iField, bPut);
-    if (InfoError() == iErrNone) hFormats.*h.bPut = bPut;
-  }
-}
-
-/// The first save keeps the file as it was; later saves leave that copy alone.
-void Keep_Backup(const OutputNames& hName, I4& iError) {
-  iError = 0;
-  if (!IOsFileExists(hName.sAvg) || IOsFileExists(hName.sBackup)) return;
-  const CopyStatus hStatus = IOsCopyFile(hName.sAvg, hName.sBackup);
-  if (hStatus.iIOError == 0) return;
-  LogErr({"ERROR while making backup copy of ", hName.sAvg,
+/// The first save keeps the file as it was; later saves leave that copy alone. Returns 0; 1 when the copy failed.
+I4 Keep_Backup(const std::string& sDataFile) {
+  const std::string sBackup = Backup_Name(sDataFile);
+  if (!IOsFileExists(sDataFile) || IOsFileExists(sBackup)) return 0;
+  const CopyStatus hStatus = IOsCopyFile(sDataFile, sBackup);
+  if (hStatus.iIOError == 0) return 0;
+  LogErr({"ERROR while making backup copy of ", sDataFile,
           "LastError=" + Str_Write_I4(iErrFile).str() + ", IOError=" + Str_Write_I4(hStatus.iIOError).str() +
               ", OSError=" + Str_Write_I4(hStatus.iOSError).str(),
           "The data are not saved; choose Save again."});
-  iError = 1;
+  return 1;
 }
 
-void Write_Formats(const OutputNames& hName, const OutputFormats& hFormats, I4& iError) {
-  const BusyWith busy("Writing " + std::string(File_Name(hName.sAvg)));
-  iError = 0;
-  if (hFormats.bPutAVG) AVG_Write(hName.sAvg, iError);
-  if (iError == 0 && hFormats.bPutAVG0) AVG_Write0(hName.sAvg0, iError);
+/// Up to the first failure.
+I4 Write_Formats(const std::string& sDataFile, const OutputFormats& hFormats) {
+  const BusyWith busy("Writing " + std::string(File_Name(sDataFile)));
+  for (std::size_t K = 0; K < NFileFormat; ++K) {
+    const FileFormat& h = hFileFormat[K];
+    if (!hFormats[K] || h.Write == nullptr) continue;
+    if (const I4 iError = h.Write(Output_Name(h, sDataFile)); iError != 0) return iError;
+  }
+  return 0;
 }
 
 }  // namespace
 
-void Output_Initialize() {
-  hOutput = OutputFormats{};
-}
-
-OutputNames::OutputNames(std::string_view sDataFile) : sAvg(Trimmed(sDataFile)) {
-  const std::string sStem(File_Stem(sAvg));
-  sAvg0 = sStem + "o.avg";
-  sTem = sStem + ".tem";
-  sUsf = sStem + ".usf";
-  sMde = sStem + ".mde";
-  sBackup = sStem + ".$" + std::string(File_Ext(sAvg));
-}
-
-void TEM_Write_Data(std::string_view sDataFile, L4& bUpdate, I4& iError) {
+I4 TEM_Write_Data(std::string_view sFile) {
   LogText_Reset();
   InqWintError();
   InfoError();
-  OutputNames hName(sDataFile);
-  Keep_Backup(hName, iError);
-  if (iError != 0) return;
-  Select_Output_Formats(hName, hOutput, iError);
-  if (iError != 0) return;
-  bUpdate = false;
-  Write_Formats(hName, hOutput, iError);
-  if (iError != 0) return;
-  MDE_Update(hName.sMde, iError);
+  const std::string sDataFile(Trimmed(sFile));
+  if (Keep_Backup(sDataFile) != 0) return 1;
+  if (Select_Output_Formats(sDataFile, hOutput) != 0) return 1;
+
+  hSession.bUpdateAVG = false;
+  if (const I4 iError = Write_Formats(sDataFile, hOutput); iError != 0) return iError;
+  return MDE_Update(std::string(File_Stem(sDataFile)) + ".mde");
 }
 
-void Select_Output_Formats(const OutputNames& hName, OutputFormats& hFormats, I4& iError) {
-  iError = 0;
-  WDialogLoad(iDlgSaveTypes);
-  Put_Formats(hName, hFormats);
-  InqWintError("Select_Output_Formats 1");
-  WDialogShow(iCentred, iCentred, iShowModal);
-  if (WInfoDialog(iExitButton) == iBtnContinue) {
-    Get_Formats(hFormats);
-  } else {
-    iError = 1;
+std::string Backup_Name(std::string_view sDataFile) {
+  return std::string(File_Stem(sDataFile)) + ".$" + std::string(File_Ext(sDataFile));
+}
+
+I4 Select_Output_Formats(std::string_view sDataFile, OutputFormats& hFormats) {
+  const LoadedDialog form(iDlgSaveTypes);
+  for (std::size_t K = 0; K < NFileFormat; ++K) {
+    const FileFormat& h = hFileFormat[K];
+    if (h.iBox == 0) continue;
+    WDialogPutCheckBox(h.iBox, hFormats[K]);
+    WDialogPutNote(h.iBox, File_Name(Output_Name(h, sDataFile)));
+    WDialogFieldState(h.iBox, h.Write != nullptr ? 1 : 0);
   }
-  WDialogUnload();
+  InqWintError("Select_Output_Formats 1");
+  if (WDialogShow(iCentred, iCentred, iShowModal) != iBtnContinue) return 1;
+
+  for (std::size_t K = 0; K < NFileFormat; ++K) {
+    if (const I4 iBox = hFileFormat[K].iBox; iBox != 0) hFormats[K] = WDialogGetCheckBox(iBox).value_or(hFormats[K]);
+  }
+  return 0;
+}
+
+I4 Save_Data() {
+  const I4 iError = TEM_Write_Data(sAvgFile);
+  if (iError == 2) Stop_Program();
+  return iError;
+}
+
+I4 Save_Data_As() {
+  const std::string sFile =
+      WSelectFile2("Verify output TEM *.avg|*.avg|", iSelectSave, "Select output TEM *.avg file name", sAvgFile);
+  if (sFile.empty()) return 1;
+  sAvgFile = sFile;
+  hSession.sFileName = File_Name(sAvgFile);
+  return Save_Data();
+}
+
+bool Saves_First() {
+  if (!hSession.bUpdateAVG) return false;
+  const std::string sQuestion = "Should " + hSession.sFileName + " data be saved?";
+  if (!WMessageBox(BoxButtons::YesNo, BoxIcon::Question, sQuestion, "")) return false;
+  (void)Save_Data();  // a failure has been reported, and the data are still there
+  return true;
 }
 
 }  // namespace quillan

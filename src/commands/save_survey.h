@@ -1,42 +1,40 @@
-// save_survey.h: the one road by which the store goes back into files.
+// save_survey.h: the way of the store back into files: the commands Save and Save As, the question that comes before
+// changed data are left, and dialog 104.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
 #include "base/types.h"
+#include "commands/format_table.h"
 
 namespace quillan {
 
-/// Which file types a save writes.
-struct OutputFormats {
-  L4 bPutAVG = true;    // .avg of the current format
-  L4 bPutAVG0 = false;  // .avg of the legacy format
-  L4 bPutAMR = false;   // AMIRA .tem
-  L4 bPutUSF = false;   // Interpex .usf
-};
+/// Which rows of hFileFormat a save writes.
+using OutputFormats = std::array<L4, NFileFormat>;
 
-// Module state: the choice of the last save, which the next one begins with. Output_Initialize restores it.
-inline OutputFormats hOutput;
-void Output_Initialize();
-
-/// The files of a save beside a data file, named after its stem.
-struct OutputNames {
-  explicit OutputNames(std::string_view sDataFile);
-  std::string sAvg;     // the data file itself, whatever its extension
-  std::string sAvg0;    // stem + "o.avg"
-  std::string sTem;     // stem + ".tem"
-  std::string sUsf;     // stem + ".usf"
-  std::string sMde;     // stem + ".mde"
-  std::string sBackup;  // stem + ".$" + extension
-};
+// Module state: the choice of the last save, which the next one begins with; at first the averaged file alone.
+inline OutputFormats hOutput{true};
 
 /// Saves the store: keeps the data file of the first save as a backup, asks for the file types, writes them and brings
-/// the metadata file up to date. bUpdateAVG becomes false as soon as the types are chosen, whatever happens then.
-/// iError: 0; 1 failed or cancelled; 2 the program is to stop.
-void TEM_Write_Data(std::string_view sDataFile, L4& bUpdateAVG, I4& iError);
+/// the metadata file up to date. The data count as saved as soon as the types are chosen, whatever happens then.
+/// Returns 0; 1 failed or cancelled; 2 the program is to stop.
+[[nodiscard]] I4 TEM_Write_Data(std::string_view sDataFile);
 
-/// Dialog 104. iError: 0; 1 the user cancelled.
-void Select_Output_Formats(const OutputNames& hName, OutputFormats& hFormats, I4& iError);
+/// The copy that the first save makes: "line1.avg" is kept as "line1.$.avg".
+std::string Backup_Name(std::string_view sDataFile);
+
+/// Dialog 104 for a save of sDataFile. Returns 0; 1 the user cancelled.
+[[nodiscard]] I4 Select_Output_Formats(std::string_view sDataFile, OutputFormats& hFormats);
+
+/// The commands: a save under the name of the data file, or under another, which is then the data file.
+/// Return the status of TEM_Write_Data, 1 without a name; a status of 2 ends the program here.
+[[nodiscard]] I4 Save_Data();
+[[nodiscard]] I4 Save_Data_As();
+
+/// Asks whether changed data should be saved, and saves them on Yes. True after Yes: the user then chooses Open or Exit
+/// again.
+[[nodiscard]] bool Saves_First();
 
 }  // namespace quillan

@@ -7,14 +7,22 @@
 
 namespace quillan {
 
-// Module state of the shell. The path itself is sAvgFile of tmd_data.h. Session_Initialize restores it.
-inline std::string sFileName;  // name part of the current data file, for titles and questions
-inline L4 bUpdateAVG = false;  // a command that can change data has run since the last read or save
-inline I4 NStn = 0;            // stations read
+struct Session {
+  std::string sFileName;  // name part of the current data file, for titles and questions
+  L4 bUpdateAVG = false;  // a command that can change data has run since the last read or save
+};
 
-void Session_Initialize();
+// Module state. Open and Save keep it. The path of the file is sAvgFile of tmd_data.h.
+inline Session hSession;
 
-/// Puts the program's name, version and data file into the window's title.
+/// The program's name, version and date of change, with which titles begin.
+std::string Program_Title();
+
+/// Puts the program and the data file into the window's title.
 void Session_Title();
+
+// Old forms; they go when the last caller has changed.
+inline std::string& sFileName = hSession.sFileName;
+inline I4 NStn = 0;
 
 }  // namespace quillan

@@ -9,6 +9,24 @@
 
 namespace quillan {
 
+// Controls of dialog 103.
+inline constexpr I4 iFldJobFor = 1026;
+inline constexpr I4 iFldJobBy = 1027;
+inline constexpr I4 iFldJobNumber = 1039;
+inline constexpr I4 iFldJobDate = 1029;
+inline constexpr I4 iFldLineName = 1028;
+inline constexpr I4 iFldStnKvrBeg = 1030;
+inline constexpr I4 iFldStnKvrInc = 1031;
+inline constexpr I4 iFldStnBeg = 1032;
+inline constexpr I4 iFldStnInc = 1056;
+inline constexpr I4 iMnuTemArray = 1054;
+inline constexpr I4 iFldTxLengthY = 1046;
+inline constexpr I4 iFldTxCenterY = 1048;
+inline constexpr I4 iBtnSelectTxw = 1107;
+inline constexpr I4 iFldXAzimuth = 1096;
+inline constexpr I4 iMnuZPositive = 1097;
+inline constexpr I4 iFldYAzimuth = 1098;
+
 /// What dialog 103 shows and changes: the survey, the receiver areas and attitude.
 struct SurveyConfig {
   Survey hSurvey;
@@ -20,9 +38,9 @@ struct SurveyConfig {
 // Module state: whether Z points up (1) or down (2); Edit_Cfg keeps the user's choice for the next survey.
 inline I4 iZPositive = 1;
 
-/// Dialog 103 over hTemSurvey. iError: 0 Continue, 2 Cancel, 3 the window's close request. Only Continue changes the
+/// Dialog 103 over hTemSurvey. Returns 0 Continue, 2 Cancel, 3 the window's close request. Only Continue changes the
 /// survey, the areas of the transients and the metadata.
-void Edit_Cfg(I4& iError);
+[[nodiscard]] I4 Edit_Cfg();
 
 // The rules around the dialog, apart from it.
 
@@ -33,5 +51,10 @@ SurveyConfig Config_from_Survey();
 R4 Y_Azimuth(R4 fXazm, I4 iZPos);
 /// Puts the values back: survey, metadata, one area for each axis of the transients, attitudes of receivers and loop.
 void Config_to_Survey(const SurveyConfig& hConfig);
+
+// Old forms; they go when the last caller has changed.
+inline void Edit_Cfg(I4& iError) {
+  iError = Edit_Cfg();
+}
 
 }  // namespace quillan

@@ -6,7 +6,6 @@
 #include "base/text.h"
 #include "commands/match_columns.h"
 #include "commands/match_word.h"
-#include "toolkit/dialog/dialog.h"
 #include "toolkit/script/script.h"
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/messages.h"
@@ -15,26 +14,18 @@
 namespace quillan {
 namespace {
 
-bool Answered_Yes() {
-  return WInfoDialog(iExitButtonCommon) == iAnswerYes;
-}
-
 AfterReport Tell(std::string_view sReport) {
   if (WInfoWindow(iWindowDrawable) == 0) return No_User().Tell(sReport);
-  WMessageBox(BoxButtons::OkCancel, BoxIcon::Stop, sReport, "ERROR", true);
-  if (!Answered_Yes()) return AfterReport::Stop;
+  if (!WMessageBox(BoxButtons::OkCancel, BoxIcon::Stop, sReport, "ERROR", true)) return AfterReport::Stop;
   return WMessageBoxQuiet() ? AfterReport::Quiet : AfterReport::GoOn;
 }
 
 std::string Choose_File(std::string_view sFilter, std::string_view sTitle) {
-  std::string sFile;
-  WSelectFile2(sFilter, iSelectOptional, sFile, sTitle);
-  return Answered_Yes() ? sFile : std::string();
+  return WSelectFile2(sFilter, iSelectOptional, sTitle, "");
 }
 
 bool Says_Yes(std::string_view sQuestion, std::string_view sTitle) {
-  WMessageBox(BoxButtons::YesNo, BoxIcon::Question, sQuestion, sTitle);
-  return Answered_Yes();
+  return WMessageBox(BoxButtons::YesNo, BoxIcon::Question, sQuestion, sTitle);
 }
 
 void Show_Line(std::string_view sLine) {

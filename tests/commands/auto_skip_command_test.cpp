@@ -9,9 +9,7 @@ namespace {
 
 TEST(AutoSkip, WithoutDataNothingRuns) {
   Begin_Test();
-  I4 iError = 0;
-  AutoSkip_Filter(iError);
-  EXPECT_EQ(iError, 1);
+  EXPECT_EQ(AutoSkip_Filter(), 1);
 }
 
 }  // namespace

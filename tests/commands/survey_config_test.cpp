@@ -1,11 +1,10 @@
-// The rules around the configuration dialog, and the completion of the data behind it.
+// The rules around the configuration dialog, and the completion of the data after it.
 #include "commands/survey_config.h"
 
 #include <gtest/gtest.h>
 
 #include "commands/open_survey.h"
 #include "metadata/mdp_data.h"
-#include "model/txw_data.h"
 #include "support/survey_builder.h"
 
 namespace quillan {
@@ -13,8 +12,7 @@ namespace {
 
 void Load_Survey() {
   Load({TransientBuilder().Values({5}).Station(4), TransientBuilder().Values({5}).Component(iCmpHx)});
-  I4 iError = 0;
-  MDP_Initialize(iError);
+  MDP_Initialize();
   iZPositive = 1;
   hTemSurvey.fLineAzimuth = -30.0f;
   hTemSurvey.dStnKvrBeg = 0.0;
@@ -95,7 +93,7 @@ TEST(SurveyConfig, CodesAndSizesAreHeldToTheirTables) {
   EXPECT_EQ(h.fXazm, 330.0f);
 }
 
-// ---- what the read road completes
+// ---- what a read completes
 
 TEST(CompleteTransients, StationsAreRescaledAndAMissingTransmitterMovesAlong) {
   Load_Survey();

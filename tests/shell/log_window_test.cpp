@@ -57,8 +57,7 @@ class LogWindow : public testing::Test {
  protected:
   void SetUp() override {
     bAutoErr = true;
-    I4 IOERR = -1;
-    Log_Initialize("run", IOERR);
+    (void)Log_Initialize("run");
     Last_Error_Initialize();
     hUser = User_at_Window();
   }
@@ -99,7 +98,7 @@ TEST_F(LogWindow, TheErrorBoxIsTheWayOutOfARun) {
   EXPECT_EQ(WInfoWindow(iWindowDrawable), 0) << "the window is closed";
 }
 
-TEST_F(LogWindow, LongWorkDrawsAnExposedWindowAnewAndEndsWithTheWindow) {
+TEST_F(LogWindow, LongWorkDrawsAnExposedWindowAgain) {
   Open_Window("");
   EXPECT_EQ(Message_Check(), 1) << "a window that has just been opened";
   EXPECT_EQ(Message_Check(), 0);

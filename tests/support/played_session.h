@@ -24,13 +24,28 @@ struct Came {
   Message hMessage;
 };
 
-/// Opens a window of 900 x 600 pixels with the main menu, in which steps.txt plays, and closes it at the end. What goes
+/// A bar in the place of the main menu, so that the toolkit is tested without the commands.
+inline constexpr MenuRow hTestBar[] = {
+    {0, 0, "&File", "", ""},
+    {1, iCmdOpen, "&Open", "Open.", "Ctrl+O"},
+    {1, iCmdSave, "&Save", "Save.", "Ctrl+S"},
+    {1, iCmdSaveAs, "Save &As", "Save as.", "Ctrl+Shift+S"},
+    {1, iCmdExit, "E&xit", "Exit.", "Ctrl+Q"},
+    {0, iCmdReadStn, "Read Stn File", "Not there yet", "", false},
+    {0, iCmdAutoSkip, "Auto &Skip", "Skip.", ""},
+    {0, iCmdAverageRepeats, "Average Repeats", "Not there yet", "", false},
+    {0, iCmdMerge, "Merge Data", "Not there yet", "", false},
+    {0, iCmdExit, "E&xit", "Exit.", ""},
+};
+
+/// Opens a window of 900 x 600 pixels with that bar, in which steps.txt plays, and closes it at the end. What goes
 /// to standard error is kept.
 class PlayedSession {
  public:
   explicit PlayedSession(std::string_view sSteps) : hKept(std::cerr.rdbuf(sErrors.rdbuf())) {
     std::ofstream("steps.txt") << sSteps;
     WInitialise(1, hArgument, "steps.txt");
+    WMenuDefine(iMenuMain, hTestBar);
     WindowOpen2(0, 0, 900, 600, iMenuMain, "QUILLAN test");
     IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
   }

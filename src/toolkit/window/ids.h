@@ -40,16 +40,13 @@ inline constexpr I4 iMenuSection = 30003;
 
 // Commands.
 inline constexpr I4 iCmdOpen = 40005;
-inline constexpr I4 iCmdMovingAverage = 40006;
 inline constexpr I4 iCmdAverageRepeats = 40007;
-inline constexpr I4 iCmdReview = 40008;
 inline constexpr I4 iCmdSave = 40009;
 inline constexpr I4 iCmdSaveAs = 40010;
 inline constexpr I4 iCmdExit = 40011;
 inline constexpr I4 iCmdAutoSkip = 40016;
 inline constexpr I4 iCmdMerge = 40017;
 inline constexpr I4 iCmdReadStn = 40018;
-inline constexpr I4 iCmdSurveyConfig = 40020;
 inline constexpr I4 iCmdZoomIn = 40021;
 inline constexpr I4 iCmdZoomAll = 40022;
 inline constexpr I4 iCmdFlipTransient = 40023;
@@ -76,53 +73,28 @@ inline constexpr I4 iBtnCancel = 1010;
 // Dialog 101, the rules of Auto Skip.
 inline constexpr I4 iFldTWBeg = 1002;
 inline constexpr I4 iFldTWEnd = 1003;
-inline constexpr I4 iChkErrorFloor = 1005;
-inline constexpr I4 iFldErrorFloor = 1006;
-inline constexpr I4 iChkNegativeData = 1007;
-inline constexpr I4 iChkPositiveSlope = 1008;
 
 // Dialog 103, the survey configuration.
 inline constexpr I4 iFldJobName = 1025;
 inline constexpr I4 iFldJobArea = 1069;
-inline constexpr I4 iFldJobFor = 1026;
-inline constexpr I4 iFldJobBy = 1027;
-inline constexpr I4 iFldJobNumber = 1039;
-inline constexpr I4 iFldJobDate = 1029;
-inline constexpr I4 iFldLineName = 1028;
 inline constexpr I4 iFldLineNumber = 1051;
 inline constexpr I4 iFldLineAzimuth = 1049;
-inline constexpr I4 iFldStnKvrBeg = 1030;
-inline constexpr I4 iFldStnKvrInc = 1031;
-inline constexpr I4 iFldStnBeg = 1032;
-inline constexpr I4 iFldStnInc = 1056;
-inline constexpr I4 iMnuTemArray = 1054;
 inline constexpr I4 iFldTxLengthX = 1045;
-inline constexpr I4 iFldTxLengthY = 1046;
 inline constexpr I4 iMnuLengthUnit = 1040;
 inline constexpr I4 iFldTxCenterX = 1047;
-inline constexpr I4 iFldTxCenterY = 1048;
 inline constexpr I4 iFldTxTurns = 1101;
 inline constexpr I4 iChkTxwFile = 1105;
 inline constexpr I4 iFldTxwName = 1106;
-inline constexpr I4 iBtnSelectTxw = 1107;
 inline constexpr I4 iGrdRxArea = 1038;
-inline constexpr I4 iFldXAzimuth = 1096;
-inline constexpr I4 iMnuZPositive = 1097;
-inline constexpr I4 iFldYAzimuth = 1098;
 
 // Dialog 104, the file types of Save.
 inline constexpr I4 iChkPutAvg = 1059;
-inline constexpr I4 iChkPutAvg0 = 1103;
-inline constexpr I4 iChkPutAmr = 1061;
-inline constexpr I4 iChkPutUsf = 1050;
 
 // Dialog 112, the match of an unknown word.
-inline constexpr I4 iLblMatchWhat = 1104;
 inline constexpr I4 iFldMatchWord = 1072;
 inline constexpr I4 iMnuMatchList = 1076;
 
 // Dialog 113, the match of column labels.
-inline constexpr I4 iLblColumnsPrompt = 1077;
 inline constexpr I4 iGrdColumns = 1078;
 
 // Dialogs 115 and 118, the tool windows of the reviews.

@@ -18,26 +18,7 @@ using namespace toolkit;
 
 namespace {
 
-// The words of the hints are the users' own; "Smoth" is what their manuals and notes quote.
 // clang-format off
-constexpr MenuRow hMainRow[] = {
-    {0, 0,                   "&File",                     "", ""},
-    {1, iCmdOpen,            "&Open",                     "Open a new file.", "Ctrl+O"},
-    {1, iCmdSave,            "&Save",                     "Save current data.", "Ctrl+S"},
-    {1, iCmdSaveAs,          "Save &As",                  "Save current data with a new file name.", "Ctrl+Shift+S"},
-    {1, iCmdExit,            "E&xit",                     "Exit program.", "Ctrl+Q"},
-    {0, iCmdSurveyConfig,    "Edit Survey Configuration", "Edit survey configuration parameters.", ""},
-    {0, iCmdReadStn,         "Read Stn File",
-        "Interpolate on stn file stn,east,north,elevation[,heading,pitch,roll]", ""},
-    {0, iCmdMovingAverage,   "&Moving Average Filter",    "Smoth transients with moving average over time.", ""},
-    {0, iCmdAutoSkip,        "Auto &Skip",
-        "Skip all data with error greater than the specified threshold.", ""},
-    {0, iCmdAverageRepeats,  "Average Repeats",           "Sort data, then average duplicate transients.", ""},
-    {0, iCmdMerge,           "Merge Data",                "Merge transient data flagged by fractional stn #s.", ""},
-    {0, iCmdReview,          "&Review Data",              "Review transients by sounding.", ""},
-    {0, iCmdExit,            "E&xit",                     "Exit program.", ""},
-};
-
 constexpr MenuRow hSectionRow[] = {
     {0, iCmdZoomIn,        "Zoom In",
         "Click to set rubber-band-box corner, then drag to expand  zoom-in area.", ""},
@@ -53,9 +34,6 @@ constexpr MenuRow hSectionRow[] = {
     {0, iCmdExit,          "Exit Review",    "Exit data review without saving changes.", ""},
 };
 // clang-format on
-
-// Commands that the program does not have yet.
-constexpr I4 iNotThere[] = {iCmdAverageRepeats, iCmdMerge, iCmdReadStn};
 
 // The bar on show. WMenu restores it.
 struct MenuBar {
@@ -105,7 +83,8 @@ void Add_Rows(QMenuBar& hBar, std::span<const MenuRow> hRows) {
 
 bool Is_Enabled(I4 iCommand) {
   return hMenuBar.bUsable && !hMenuBar.iGreyed.contains(iCommand) &&
-         std::ranges::find(iNotThere, iCommand) == std::end(iNotThere);
+         std::ranges::none_of(Menu_Rows(hMenuBar.iMenu),
+                              [&](const MenuRow& hRow) { return hRow.iCommand == iCommand && !hRow.bThere; });
 }
 
 void Grey_Entries(QWidget& hParent) {
@@ -148,11 +127,7 @@ void WMenuDefine(I4 iMenu, std::span<const MenuRow> hRow) {
 
 std::span<const MenuRow> Menu_Rows(I4 iMenu) {
   if (const auto hFound = hDefined.find(iMenu); hFound != hDefined.end()) return hFound->second;
-  switch (iMenu) {
-    case iMenuMain: return hMainRow;
-    case iMenuSection: return hSectionRow;
-    default: return {};
-  }
+  return iMenu == iMenuSection ? std::span<const MenuRow>(hSectionRow) : std::span<const MenuRow>();
 }
 
 void WMenu(I4 iMenu) {

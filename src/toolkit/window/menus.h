@@ -16,6 +16,7 @@ struct MenuRow {
   std::string_view sText;  // & marks the mnemonic
   std::string_view sTip;   // shown in the wide part of the status bar while the pointer is over the entry
   std::string_view sKeys;  // standard keys, such as "Ctrl+O"; blank: none
+  bool bThere = true;      // false: the program does not have the command yet, the entry stays grey
 };
 
 /// Gives a menu bar its rows: the module that answers its commands calls this before WMenu.
@@ -27,8 +28,7 @@ std::span<const MenuRow> Menu_Rows(I4 iMenu);
 /// Shows another menu bar in the main window; iNoMenu takes the bar away.
 void WMenu(I4 iMenu);
 
-/// Greys (0) or enables (1) every entry of a command in the bar on show. Commands that the program does not have
-/// yet stay grey whatever is asked.
+/// Greys (0) or enables (1) every entry of a command in the bar on show. A command that is not there stays grey.
 void WMenuSetState(I4 iCommand, I4 iState);
 
 /// Greys the whole bar (0) or gives each entry its own state back (1): for dialogs that leave the window usable.

@@ -1,30 +1,15 @@
-// The main program's small rules, and the names of the files of a save.
+// Which file is opened, and which files a save writes.
 #include <gtest/gtest.h>
 
+#include "commands/open_file.h"
 #include "commands/save_survey.h"
+#include "commands/session.h"
 #include "platform/folders.h"
-#include "shell/command_loop.h"
 #include "support/files.h"
 #include "support/survey_builder.h"
 
 namespace quillan {
 namespace {
-
-TEST(WindowSize, IsHeldToAShapeOnWideAndOnPortraitScreens) {
-  struct Case {
-    I4 NXScreen, NYScreen, NXP, NYP;
-  };
-  for (const Case& h : {
-           Case{1920, 1200, 1275, 1020},
-           Case{3840, 1080, 1147, 918 },
-           Case{1080, 1920, 1080, 864 }
-  }) {
-    I4 NXP = 0, NYP = 0;
-    Window_Size(h.NXScreen, h.NYScreen, NXP, NYP);
-    EXPECT_EQ(NXP, h.NXP);
-    EXPECT_EQ(NYP, h.NYP);
-  }
-}
 
 TEST(GetFile, TakesAWholeNameWithBlanksElseTheFirstWord) {
   Begin_Test();
@@ -42,25 +27,31 @@ TEST(GetFile, TakesAWholeNameWithBlanksElseTheFirstWord) {
            Case{"line2.avg\tx", "/line2.avg" },
            Case{"line3.xdb",    "/line3.xdb" }
   }) {
-    std::string sFile;
-    Get_File(h.sCmdLine, sFile, ".avg");
-    EXPECT_EQ(sFile, sDir + h.sFile) << h.sCmdLine;
+    EXPECT_EQ(Get_File(h.sCmdLine, ".avg"), sDir + h.sFile) << h.sCmdLine;
   }
 }
 
 TEST(GetFile, WithoutAFileAndAChoiceTheProgramStops) {
   Begin_Test();
-  std::string sFile;
-  EXPECT_THROW(Get_File("no such file", sFile, ".avg"), ProgramStop);
+  EXPECT_THROW((void)Get_File("no such file", ".avg"), ProgramStop);
 }
 
-TEST(OutputNames, FollowTheStemOfTheDataFile) {
-  const OutputNames h("/data/line1.v2.xdb");
-  EXPECT_EQ(h.sAvg, "/data/line1.v2.xdb");
-  EXPECT_EQ(h.sAvg0, "/data/line1.v2o.avg");
-  EXPECT_EQ(h.sMde, "/data/line1.v2.mde");
-  EXPECT_EQ(h.sBackup, "/data/line1.v2.$.xdb");
-  EXPECT_EQ(OutputNames("/data/line").sBackup, "/data/line.$");
+TEST(FormatTable, AFormatIsFoundByItsExtensionInAnyCase) {
+  ASSERT_NE(Format_of("/data/LINE1.xdB"), nullptr);
+  EXPECT_EQ(Format_of("/data/LINE1.xdB")->CExt, ".XDB");
+  EXPECT_EQ(Format_of("line.tem"), nullptr) << "is written, but not read";
+  EXPECT_EQ(Format_of("line"), nullptr);
+}
+
+TEST(FormatTable, TheFilesOfASaveFollowTheStemOfTheDataFile) {
+  const std::string sDataFile = "/data/line1.v2.xdb";
+  std::string sNames;
+  for (const FileFormat& h : hFileFormat) {
+    if (h.iBox != 0) sNames += Output_Name(h, sDataFile) + ' ';
+  }
+  EXPECT_EQ(sNames, "/data/line1.v2.xdb /data/line1.v2o.avg /data/line1.v2.tem /data/line1.v2.usf ");
+  EXPECT_EQ(Backup_Name(sDataFile), "/data/line1.v2.$.xdb");
+  EXPECT_EQ(Backup_Name("/data/line"), "/data/line.$");
 }
 
 TEST(WriteData, FailedBackupWritesNothing) {
@@ -68,11 +59,9 @@ TEST(WriteData, FailedBackupWritesNothing) {
   // The backup's name is too long for the file system, the data file's is not.
   const std::string sName = std::string(250, 'a') + ".avg";
   Write_File(sName, "as it was");
-  L4 bUpdate = true;
-  I4 iError = 0;
-  TEM_Write_Data(sName, bUpdate, iError);
-  EXPECT_EQ(iError, 1);
-  EXPECT_TRUE(bUpdate);
+  hSession.bUpdateAVG = true;
+  EXPECT_EQ(TEM_Write_Data(sName), 1);
+  EXPECT_TRUE(hSession.bUpdateAVG);
   EXPECT_EQ(Read_Whole_File(sName), "as it was");
   EXPECT_NE(Read_Whole_File("test.log").find("ERROR while making backup copy of"), std::string::npos);
 }

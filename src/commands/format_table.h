@@ -1,0 +1,48 @@
+// format_table.h: every kind of data file as a row: how Open reads it, how Save offers and writes it.
+//
+// A new kind is a row here, its reader or writer in files/, and its check box in dialog 104.
+#pragma once
+
+#include <iterator>
+#include <string>
+#include <string_view>
+
+#include "base/types.h"
+#include "files/avg_legacy_writer.h"
+#include "files/avg_reader.h"
+#include "files/avg_writer.h"
+#include "toolkit/window/ids.h"
+
+namespace quillan {
+
+/// A reader and a writer return 0 when the data were read or written.
+struct FileFormat {
+  std::string_view CExt;                // extension of the files that Open reads, in upper case; blank: none
+  I4 (*Read)(std::string_view sFile);   // null: known, but not read yet
+  I4 iBox;                              // control of dialog 104; 0: Save does not offer it
+  std::string_view sNameEnd;            // what a save adds to the stem of the data file; blank: the data file itself
+  I4 (*Write)(std::string_view sFile);  // null: not written yet, the box is greyed
+};
+
+inline constexpr I4 iChkPutAvg0 = 1103;
+inline constexpr I4 iChkPutAmr = 1061;
+inline constexpr I4 iChkPutUsf = 1050;
+
+// Extension, reader, box, end of the name, writer.
+inline constexpr FileFormat hFileFormat[] = {
+    {".AVG", AVG_Read, iChkPutAvg,  "",      AVG_Write },
+    {".XDB", AVG_Read, 0,           "",      nullptr   },
+    {".Z",   nullptr,  0,           "",      nullptr   },
+    {"",     nullptr,  iChkPutAvg0, "o.avg", AVG_Write0},
+    {"",     nullptr,  iChkPutAmr,  ".tem",  nullptr   },
+    {"",     nullptr,  iChkPutUsf,  ".usf",  nullptr   },
+};
+inline constexpr std::size_t NFileFormat = std::size(hFileFormat);
+
+/// The format that Open takes a data file for, by its extension in any case; null for an unknown one.
+const FileFormat* Format_of(std::string_view sDataFile);
+
+/// The file that a save of sDataFile writes in a format.
+std::string Output_Name(const FileFormat& hFormat, std::string_view sDataFile);
+
+}  // namespace quillan

@@ -1,0 +1,71 @@
+#include "commands/open_file.h"
+
+#include "base/program.h"
+#include "commands/open_survey.h"
+#include "commands/save_survey.h"
+#include "commands/session.h"
+#include "foundations/file_util.h"
+#include "foundations/log_file.h"
+#include "model/tmd_data.h"
+#include "platform/file_names.h"
+#include "platform/folders.h"
+#include "toolkit/window/messages.h"
+#include "toolkit/window/window.h"
+
+namespace quillan {
+namespace {
+
+constexpr std::string_view sOpenFilter = "Choose TEM *.avg or *.xdb file|*.avg;*.xdb|";
+
+std::string_view First_Word(std::string_view sText) {
+  const auto K1 = sText.find_first_not_of(" \t");
+  if (K1 == std::string_view::npos) return {};
+  return sText.substr(K1, sText.find_first_of(" \t", K1) - K1);
+}
+
+std::string Completed(std::string_view sName, std::string_view sFileExt) {
+  std::string sFile(sName);
+  if (Index_FExt(sFile) == static_cast<I4>(sFile.size())) sFile += sFileExt;
+  if (sFile.find(sSlash) != std::string::npos) return sFile;
+  return IOsDirName() + sSlash + sFile;
+}
+
+I4 Read_Chosen_File(const std::string& sFile) {
+  sAvgFile = sFile;
+  hSession.sFileName = File_Name(sAvgFile);
+  WindowTitle("Quillan " + std::string(sVersion) + " updated " + std::string(sUpdate) + ", data from " +
+              hSession.sFileName);
+  I4 iError = 0;
+  TEM_Read_Data(sAvgFile, iError);
+  hSession.bUpdateAVG = false;
+  return iError;
+}
+
+}  // namespace
+
+std::string Get_File(std::string_view sCmdLine, std::string_view sFileExt) {
+  const std::string_view sName = IOsFileExists(sCmdLine) ? sCmdLine : First_Word(sCmdLine);
+  if (!sName.empty()) {
+    const std::string sFile = Completed(sName, sFileExt);
+    if (IOsFileExists(sFile)) return sFile;
+  }
+  const std::string sFile = WSelectFile2(sOpenFilter, iSelectOpen, "Open TEM *.avg or *.xdb file for input", "");
+  if (sFile.empty()) Stop_Program();
+  return sFile;
+}
+
+I4 Open_File() {
+  if (Saves_First()) return 0;
+  const std::string sFile =
+      WSelectFile2(sOpenFilter, iSelectOpen, "Select TEM *.avg or *.xdb file for input", sAvgFile);
+  if (!sFile.empty()) return Read_Chosen_File(sFile);
+  NTrn = 0;  // no file, no data: what the window shows is what is in the store
+  hSession.bUpdateAVG = false;
+  return 1;
+}
+
+I4 Open_Dropped_File() {
+  return Saves_First() ? 0 : Read_Chosen_File(WDroppedFile());
+}
+
+}  // namespace quillan

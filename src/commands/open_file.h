@@ -1,0 +1,23 @@
+// open_file.h: which data file the user wants: by the command line, the command Open, or a drop on the window.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/types.h"
+
+namespace quillan {
+
+/// The path of the first data file: sCmdLine as a whole if a file has that name, else its first word, completed by
+/// sFileExt where it has no extension and by the working folder where it has no folder. Without such a file the user
+/// chooses one, and Cancel ends the program.
+[[nodiscard]] std::string Get_File(std::string_view sCmdLine, std::string_view sFileExt);
+
+/// The command: asks for a file and reads it. Changed data may be saved first; then nothing is opened.
+/// Returns the status of TEM_Read_Data; 1 when the user cancelled, which empties the store; 0 after a save.
+[[nodiscard]] I4 Open_File();
+
+/// The same for the file that was dropped last.
+[[nodiscard]] I4 Open_Dropped_File();
+
+}  // namespace quillan

@@ -1,0 +1,53 @@
+#include "shell/command_table.h"
+
+#include "commands/auto_skip_command.h"
+#include "commands/open_file.h"
+#include "commands/review_data.h"
+#include "commands/save_survey.h"
+#include "commands/survey_config.h"
+#include "foundations/log_file.h"
+#include "processing/moving_average.h"
+#include "toolkit/window/ids.h"
+
+namespace quillan {
+namespace {
+
+I4 Exit_Program() {
+  if (!Saves_First()) Stop_Program();
+  return 0;
+}
+
+// The words of the hints are the users' own; "Smoth" is what their manuals and notes quote.
+// clang-format off
+constexpr Command hCommand[] = {
+    // depth, command       needs  changes procedure       text, keys, hint
+    {0, 0,                  false, false,  nullptr,         "&File", "", ""},
+    {1, iCmdOpen,           false, false,  Open_File,       "&Open", "Ctrl+O", "Open a new file."},
+    {1, iCmdSave,           true,  false,  Save_Data,       "&Save", "Ctrl+S", "Save current data."},
+    {1, iCmdSaveAs,         true,  false,  Save_Data_As,    "Save &As", "Ctrl+Shift+S",
+                          "Save current data with a new file name."},
+    {1, iCmdExit,           false, false,  Exit_Program,    "E&xit", "Ctrl+Q", "Exit program."},
+    {0, iCmdSurveyConfig,   true,  true,   Edit_Cfg,        "Edit Survey Configuration", "",
+                          "Edit survey configuration parameters."},
+    {0, iCmdReadStn,        true,  true,   nullptr,         "Read Stn File", "",
+                          "Interpolate on stn file stn,east,north,elevation[,heading,pitch,roll]"},
+    {0, iCmdMovingAverage,  true,  true,   GMA_Time,        "&Moving Average Filter", "",
+                          "Smoth transients with moving average over time."},
+    {0, iCmdAutoSkip,       true,  true,   AutoSkip_Filter, "Auto &Skip", "",
+                          "Skip all data with error greater than the specified threshold."},
+    {0, iCmdAverageRepeats, true,  true,   nullptr,         "Average Repeats", "",
+                          "Sort data, then average duplicate transients."},
+    {0, iCmdMerge,          true,  true,   nullptr,         "Merge Data", "",
+                          "Merge transient data flagged by fractional stn #s."},
+    {0, iCmdReview,         true,  true,   Review_Data,     "&Review Data", "", "Review transients by sounding."},
+    {0, iCmdExit,           false, false,  Exit_Program,    "E&xit", "", "Exit program."},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const Command> Command_Table() {
+  return hCommand;
+}
+
+}  // namespace quillan
