@@ -159,16 +159,11 @@ TEST_F(ChMd, GainCodesBecomeFactors) {
       {"1*",   1.0f,      {{0, 0, 0}}, 0, 1},
   };
   for (const Case& h : hCase) {
-    R4 fGain = -1.0f;
-    Array1<I4, 3> iGN{
-        {9, 9, 9}
-    };
-    I4 iAttn = 9, IOERR = 9;
-    Str_to_fChnGain(h.sCode, fGain, iGN, iAttn, IOERR);
-    EXPECT_EQ(fGain, h.fGain) << h.sCode;
-    EXPECT_EQ(iGN, h.iGN) << h.sCode;
-    EXPECT_EQ(iAttn, h.iAttn) << h.sCode;
-    EXPECT_EQ(IOERR, h.IOERR) << h.sCode;
+    const ChnGain hGain = Str_to_fChnGain(h.sCode);
+    EXPECT_EQ(hGain.fGain, h.fGain) << h.sCode;
+    EXPECT_EQ(hGain.iGN, h.iGN) << h.sCode;
+    EXPECT_EQ(hGain.iAttn, h.iAttn) << h.sCode;
+    EXPECT_EQ(hGain.IOERR, h.IOERR) << h.sCode;
   }
 }
 
@@ -186,24 +181,22 @@ TEST_F(ChMd, AGainRecordGuardsTheFactorAndClampsIt) {
 }
 
 TEST_F(ChMd, StatusNumbersAreUnpackedChannelByChannel) {
-  I4 iCard = 9, iRes = 9, iAttn = 9, iSat = 9, iNotch = 9, iDSF = 9, iFlag = 9, IOERR = 9;
-  const auto Unpack = [&](std::string_view s) {
-    Str_to_iChnStatus(s, iCard, iRes, iAttn, iSat, iNotch, iDSF, iFlag, IOERR);
-    return Array1<I4, 8>{
-        {iCard, iRes, iAttn, iSat, iNotch, iDSF, iFlag, IOERR}
-    };
+  struct Case {
+    std::string_view sText;
+    std::array<I4, 8> iField;  // the status last
   };
-  EXPECT_EQ(Unpack("4096"), (Array1<I4, 8>{
-                                {0, 0, 0, 0, 0, 0, 1, 0}
-  }));
-  EXPECT_EQ(Unpack("32767"), (Array1<I4, 8>{
-                                 {3, 7, 1, 3, 7, 1, 7, 0}
-  }));
-  EXPECT_EQ(Unpack("2662"), (Array1<I4, 8>{
-                                {2, 1, 1, 1, 2, 1, 0, 0}
-  }));
-  EXPECT_EQ(Unpack(" ")(8), 1);
-  EXPECT_GT(Unpack("12.5")(8), 0);
+  const Case hCase[] = {
+      {"4096",  {0, 0, 0, 0, 0, 0, 1, 0}},
+      {"32767", {3, 7, 1, 3, 7, 1, 7, 0}},
+      {"2662",  {2, 1, 1, 1, 2, 1, 0, 0}},
+      {" ",     {0, 0, 0, 0, 0, 0, 0, 1}},
+      {"12.5",  {0, 0, 0, 0, 0, 0, 0, 1}},
+  };
+  for (const Case& hWant : hCase) {
+    const ChnStatus h = Str_to_iChnStatus(hWant.sText);
+    const std::array<I4, 8> iField{h.iCard, h.iRes, h.iAttn, h.iSat, h.iNotch, h.iDSF, h.iFlag, h.IOERR};
+    EXPECT_EQ(iField, hWant.iField) << hWant.sText;
+  }
 
   EXPECT_GT(Take("$ CHSTATUS= 2662, bad, 2"), 0);
   EXPECT_EQ(MdChn.iRes(1), 1);
@@ -211,24 +204,6 @@ TEST_F(ChMd, StatusNumbersAreUnpackedChannelByChannel) {
   EXPECT_EQ(MdChn.iCard(3), 2);
   EXPECT_EQ(MdChn.sStatus(1), "2662");
   EXPECT_EQ(Told("Ch_MD_READ.Error while reading Ch.Status[2]"), 1);
-}
-
-TEST_F(ChMd, TheScaleOfAChannelIsItsFactorOverAllItsGains) {
-  EXPECT_EQ(Take("$ Ch.Factor= 16, 9, 5, 5"), 0);
-  EXPECT_EQ(Take("$ Ch.Gain= 2, 1"), 0);
-  EXPECT_EQ(Take("$ Ch.PreAmp= 0.5"), 0);
-  EXPECT_EQ(Take("$ Ch.ExtGain= 4, 3"), 0);
-  EXPECT_EQ(Take("$ Ch.NumOn= 3"), 0);
-  MdChn.iAttn(2) = 1;  // the status said so
-  MdChn.sGain(3) = "";
-  MdChn.fGain(3) = 0.0f;
-  std::array<R4, 5> fScale{};
-  I4 IMERR = -1;
-  Ch_Set_fChnScale(MdChn, fScale, IMERR);
-  EXPECT_EQ(IMERR, 0);
-  EXPECT_EQ(fScale, (std::array<R4, 5>{2.0f, 1.5f, 1.0f, 1.0f, 1.0f}));
-  EXPECT_EQ(MdChn.sGain(2), "1-");
-  EXPECT_EQ(Told("Ch.Gain[3] = 0.0000E+00 <= 0 or > 1.0000E+09"), 1);
 }
 
 }  // namespace

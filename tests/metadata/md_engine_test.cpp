@@ -11,8 +11,13 @@
 namespace quillan {
 namespace {
 
+struct ProbeWarnings {
+  I4 NErrVolt = 0, NErrInc = 0, NErrTurn = 0, NErrZone = 0, NErrCmp = 0, NErrHPR = 0, NErrLength = 0, NErrOwn = 0,
+     NErrUnknown = 0;
+};
+
 /// A group with one keyword of each kind.
-struct ProbeGroup {
+struct ProbeGroup : ProbeWarnings {
   R4 fVolt = 7.0f, fInc = 7.0f, fSense = 7.0f, fWide = 7.0f;
   I4 NTurn = 7, iZone = 7, iSetup = 7;
   R8 dHour = 7.0;
@@ -30,34 +35,32 @@ struct ProbeGroup {
 
   I4 lVolt = 0, lTurn = 0, lText = 0, lCmp = 0, lHPR = 0, lCard = 0, lSkip = 0, lOther = 0;
   Array1<I4, 2> lLength{};
-
-  I4 NErrVolt = 0, NErrInc = 0, NErrTurn = 0, NErrZone = 0, NErrCmp = 0, NErrHPR = 0, NErrLength = 0, NErrOwn = 0,
-     NErrUnknown = 0;
 };
 
-void Read_Own(const MdRecord&, ProbeGroup& hProbe, I4&) {
+I4 Read_Own(const MdRecord&, ProbeGroup& hProbe) {
   ++hProbe.NErrOwn;
+  return 0;
 }
 
 using P = ProbeGroup;
 // clang-format off
 constexpr MdRow<P> hProbeRow[] = {
-    {"*OWN",    Read_Own,               &P::NErrOwn},
-    {"VOLT",    &P::fVolt,   &P::lVolt, &P::NErrVolt, 1.0, {0, 20, "{name} = {value} <= 0 or >{high} volts", MdTest::AboveLow}},
-    {"INC",     &P::fInc,    &P::lOther, &P::NErrInc, 1.0, {1.0E-6, 9.9E9, "Abs|{name}| = {value} < {low} or > {high}", MdTest::Magnitude}},
-    {"SENSE",   &P::fSense,  &P::lOther, nullptr, 1.0, {.dLow = 1.0E-6, .dHigh = 1.0E12, .dTestHigh = 1.0E6}},
-    {"WIDE",    &P::fWide,   &P::lOther, nullptr, 1.0, {-9.9E9, 9.9E9}},
-    {"TURNS",   &P::NTurn,   &P::lTurn, &P::NErrTurn, 1,   {1, 1000}},
-    {"ZONE",    &P::iZone,   &P::lOther, &P::NErrZone, 0,  {1, 60, "{name} = abs|{value}| < 1 or > 60", MdTest::Magnitude, MdRepair::Reset, "{reader}.WARNING: at record {record}"}},
-    {"SETUP",   &P::iSetup,  &P::lOther, nullptr, -5},
-    {"TIME",    &P::dHour,   &P::lOther, nullptr, 0.0, {}, {.sLabel = "Gps.Time", .iParse = MdParse::Time}},
-    {"TEXT",    &P::sShort,  &P::lText},
-    {"CMP",     &P::iCmp,    &P::lCmp,  &P::NErrCmp,  CChnCmp, "Probe.Cmp"},
-    {"HPR",     &P::fHPR,    &P::lHPR,  &P::NErrHPR,  90.0, {-360, 360}, {.sLabel = "Probe.HPR", .iParse = MdParse::Azimuth}},
-    {"LENGTH",  &P::fLength, &P::lLength, &P::NErrLength, 1.0, {0.01, 9.9E9}, {.sLabel = "Probe.Length", .iParse = MdParse::Meters}},
-    {"LENGTHY", &P::fLength, &P::lLength, &P::NErrLength, 1.0, {0.01, 9.9E9}, {.iParse = MdParse::Meters, .iElement = 2}},
-    {"CARD",    &P::sCard,   &P::lCard, {.NSet = &P::NCard}},
-    {"SKIP",    &P::bSkip,   &P::lSkip, nullptr, false, {}, {.sLabel = "Probe.Skip"}},
+    {"*OWN",    Read_Own},
+    {"VOLT",    MD_Into<&P::fVolt,   &P::lVolt, &P::NErrVolt>, 1.0, {0, 20, "{name} = {value} <= 0 or >{high} volts", MdTest::AboveLow}},
+    {"INC",     MD_Into<&P::fInc,    &P::lOther, &P::NErrInc>, 1.0, {1.0E-6, 9.9E9, "Abs|{name}| = {value} < {low} or > {high}", MdTest::Magnitude}},
+    {"SENSE",   MD_Into<&P::fSense,  &P::lOther>, 1.0, {.dLow = 1.0E-6, .dHigh = 1.0E12, .dTestHigh = 1.0E6}},
+    {"WIDE",    MD_Into<&P::fWide,   &P::lOther>, 1.0, {-9.9E9, 9.9E9}},
+    {"TURNS",   MD_Into<&P::NTurn,   &P::lTurn, &P::NErrTurn>, 1,   {1, 1000}},
+    {"ZONE",    MD_Into<&P::iZone,   &P::lOther, &P::NErrZone>, 0,  {1, 60, "{name} = abs|{value}| < 1 or > 60", MdTest::Magnitude, MdRepair::Reset, "{reader}.WARNING: at record {record}"}},
+    {"SETUP",   MD_Into<&P::iSetup,  &P::lOther>, -5},
+    {"TIME",    MD_Into<&P::dHour,   &P::lOther>, 0.0, {}, {.sLabel = "Gps.Time", .iParse = MdParse::Time}},
+    {"TEXT",    MD_Into<&P::sShort,  &P::lText>},
+    {"CMP",     MD_Into<&P::iCmp,    &P::lCmp,  &P::NErrCmp>,  CChnCmp, "Probe.Cmp"},
+    {"HPR",     MD_Into<&P::fHPR,    &P::lHPR,  &P::NErrHPR>,  90.0, {-360, 360}, {.sLabel = "Probe.HPR", .iParse = MdParse::Azimuth}},
+    {"LENGTH",  MD_Into<&P::fLength, &P::lLength, &P::NErrLength>, 1.0, {0.01, 9.9E9}, {.sLabel = "Probe.Length", .iParse = MdParse::Meters}},
+    {"LENGTHY", MD_Into<&P::fLength, &P::lLength, &P::NErrLength>, 1.0, {0.01, 9.9E9}, {.iParse = MdParse::Meters, .iElement = 2}},
+    {"CARD",    MD_Into<&P::sCard,   &P::lCard>, {.NSet = &P::NCard}},
+    {"SKIP",    MD_Into<&P::bSkip,   &P::lSkip>, false, {}, {.sLabel = "Probe.Skip"}},
     {"OLD"},
 };
 // clang-format on
@@ -70,11 +73,8 @@ class MdEngine : public Metadata {
     Str_to_Fld(sValue, ",;", hField);
     const std::string sName = "Probe." + std::string(CKeyword);
     const std::string sLine = "$ " + sName + "= " + std::string(sValue);
-    MdRecord hRecord{12, sLine, sName, CKeyword, hField, iPriority};
-    hRecord.iLength = MD_Length_Unit(hRecord, iUnitMeters);
-    I4 IMERR = -99;
-    MD_Read("Probe_MD_Read", hProbeRow, hRecord, hProbe, IMERR);
-    return IMERR;
+    const MdRecord hRecord{12, sLine, sName, CKeyword, hField, iPriority};
+    return MD_Read("Probe_MD_Read", hProbeRow, hRecord, hProbe);
   }
 
   ProbeGroup hProbe;
@@ -108,7 +108,7 @@ TEST_F(MdEngine, ValuesOutsideTheirLimitsAreRepairedAndToldInTheWordsOfTheRow) {
   };
   for (const Case& h : hCase) {
     hProbe = ProbeGroup{};
-    Log_Initialize("quillan", iLine);
+    EXPECT_EQ(Log_Initialize("quillan"), 0);
     const std::string sCase = std::string(h.CKeyword) + " " + std::string(h.sValue);
     EXPECT_EQ(Read(h.CKeyword, h.sValue), 0) << sCase;
     const R8 dRead = h.CKeyword == "VOLT"    ? R8{hProbe.fVolt}
@@ -221,7 +221,7 @@ TEST_F(MdEngine, TheLastUnitLetterOfARecordIsTheUnitOfItsBareLengths) {
   for (const Case& h : hCase) {
     FieldList hField(MMdField, 128);
     Str_to_Fld(h.sValue, ",;", hField);
-    EXPECT_EQ(MD_Length_Unit({1, "", "", "", hField, 1}, 0), h.iLength) << h.sValue;
+    EXPECT_EQ(MD_Length_Unit({1, "", "", "", hField, 1, 0}), h.iLength) << h.sValue;
   }
 }
 
@@ -229,13 +229,13 @@ TEST_F(MdEngine, InitialisationKeepsTheWarningCountsOfEveryRowUnlessToldOtherwis
   Read("TURNS", "0");
   Read("OWN", "1");
   Read("NONSENSE", "1");
-  MD_Initialize(hProbeRow, hProbe, false);
+  MD_Initialize<ProbeGroup, ProbeWarnings>(hProbe, false);
   EXPECT_EQ(hProbe.NTurn, 7);
   EXPECT_EQ(hProbe.lTurn, 0);
   EXPECT_EQ(hProbe.NErrTurn, 1);
   EXPECT_EQ(hProbe.NErrOwn, 1);
   EXPECT_EQ(hProbe.NErrUnknown, 1);
-  MD_Initialize(hProbeRow, hProbe, true);
+  MD_Initialize<ProbeGroup, ProbeWarnings>(hProbe, true);
   EXPECT_EQ(hProbe.NErrTurn + hProbe.NErrOwn + hProbe.NErrUnknown, 0);
 }
 

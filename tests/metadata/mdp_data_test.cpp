@@ -111,9 +111,7 @@ TEST_F(MdpData, InitialisationForgetsTheRecordsAndKeepsJobNumberAndDate) {
                                        "$ Line.Azimuth= 999", "$ Tx.Freq= 8", "$ Kvr.Nonsense= 1"}) {
     Take(sLine);
   }
-  I4 IMERR = -1;
-  MDP_Initialize_MD(IMERR, false);
-  EXPECT_EQ(IMERR, 0);
+  MDP_Initialize_MD(false);
   EXPECT_TRUE(MdJob.sName.Is_Blank());
   EXPECT_EQ(MdJob.sNumber, "77");
   EXPECT_EQ(MdJob.sDate, "2018-03-07");
@@ -123,7 +121,7 @@ TEST_F(MdpData, InitialisationForgetsTheRecordsAndKeepsJobNumberAndDate) {
   EXPECT_EQ(MdTx.lFreq, 0);
   EXPECT_EQ(MdLine.NErrAzimuth, 1);
   EXPECT_EQ(MdKvr.NErrUnknown, 1);
-  MDP_Initialize_MD(IMERR, true);
+  MDP_Initialize_MD(true);
   EXPECT_EQ(MdLine.NErrAzimuth, 0);
   EXPECT_EQ(MdKvr.NErrUnknown, 0);
 }
@@ -142,11 +140,8 @@ TEST_F(MdpData, NoLineHarms) {
   EXPECT_EQ(Take("$ Job.Name= " + std::string(300, ',') + "x"), 0);
   EXPECT_EQ(Take("$ Line.Number= 1e999"), 1);
   EXPECT_EQ(Take("$ \xff\xfe.\x01= \x80"), 0);
-  I4 IMERR = -1;
-  MDP_Read_Value(1, sMuch, sMuch, sMuch, 1, IMERR);
-  EXPECT_EQ(IMERR, 0);
-  MDP_Read_Value(1, {}, {}, {}, 1, IMERR);
-  EXPECT_EQ(IMERR, 0);
+  EXPECT_EQ(MDP_Read_Value(1, sMuch, sMuch, sMuch, 1).IOERR, 0);
+  EXPECT_EQ(MDP_Read_Value(1, {}, {}, {}, 1).IOERR, 0);
 }
 
 }  // namespace

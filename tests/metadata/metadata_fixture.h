@@ -16,19 +16,17 @@ class Metadata : public testing::Test {
  protected:
   void SetUp() override {
     bAutoErr = true;
-    I4 IMERR = 0;
-    Log_Initialize("quillan", IMERR);
+    EXPECT_EQ(Log_Initialize("quillan"), 0);
     Fld_Begin_File();
     MdJob = JobGroup{};  // the initialiser keeps two of its fields
-    MDP_Initialize(IMERR);
-    EXPECT_EQ(IMERR, 0);
+    MDP_Initialize();
   }
 
   /// The status of one line of a data file, or of the source that iPriority names.
   I4 Take(std::string_view sLine, I4 iPriority = iPriorityData) {
-    I4 IOERR = -99;
-    MDP_from_MDE(++iLine, sLine, iPriority, IOERR, &bForeign);
-    return IOERR;
+    const MdpStatus h = MDP_from_MDE(++iLine, sLine, iPriority);
+    bForeign = h.bForeign;
+    return h.IOERR;
   }
 
   /// Lines of the error file, which holds every report, and of the reports that the user sees at once.

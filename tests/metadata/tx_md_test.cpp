@@ -144,9 +144,7 @@ TEST_F(TxMd, CornersGiveCentreSideAndAzimuth) {
   for (const std::string_view s : {"$ Tx.UTM1= 100, 200, 10", "$ Tx.UTM2= 200, 300, 20", "$ Tx.UTM3= 0, 400, 0"}) {
     EXPECT_EQ(Take(s), 0) << s;
   }
-  I4 IMERR = -1;
-  Tx_MD_UTMN_to_UTMC(MdTx, IMERR);
-  EXPECT_EQ(IMERR, 0);
+  EXPECT_EQ(Tx_MD_UTMN_to_UTMC(MdTx), 0);
   EXPECT_EQ(MdTx.dUTMC, (Point{
                             {100.0, 300.0, 10.0}
   }));
@@ -160,25 +158,21 @@ TEST_F(TxMd, CornersGiveCentreSideAndAzimuth) {
 TEST_F(TxMd, CornersThatSayTooLittleLeaveTheCentreAlone) {
   EXPECT_EQ(Take("$ Tx.Center= 1, 2, 3"), 0);
   EXPECT_EQ(Take("$ Tx.UTM1= 100, 200"), 0);
-  I4 IMERR = -1;
-  Tx_MD_UTMN_to_UTMC(MdTx, IMERR);
-  EXPECT_EQ(IMERR, 0) << "one corner";
+  EXPECT_EQ(Tx_MD_UTMN_to_UTMC(MdTx), 0) << "one corner";
   EXPECT_EQ(MdTx.dUTMC(1), 1.0);
   EXPECT_EQ(Take("$ Tx.UTM3= 100, 200"), 0);
-  Tx_MD_UTMN_to_UTMC(MdTx, IMERR);
-  EXPECT_EQ(IMERR, 1) << "corner 2 is not known";
+  EXPECT_EQ(Tx_MD_UTMN_to_UTMC(MdTx), 1) << "corner 2 is not known";
   EXPECT_EQ(MdTx.dUTMC(1), 1.0);
 
   EXPECT_EQ(Take("$ Tx.UTM2= 100.005, 200", iPriorityMde), 0);
   EXPECT_EQ(Take("$ Tx.UTM2= 100.005, 200"), 0);
-  Tx_MD_UTMN_to_UTMC(MdTx, IMERR);
-  EXPECT_EQ(IMERR, 0);
+  EXPECT_EQ(Tx_MD_UTMN_to_UTMC(MdTx), 0);
   EXPECT_NEAR(MdTx.dUTMC(1), 100.0025, 1.0E-9) << "two corners on one point still have a mean";
   EXPECT_EQ(MdTx.fLength(1), 100.0f);
   EXPECT_EQ(MdTx.fAzm, 90.0f);
 
   EXPECT_EQ(Take("$ Tx.UTM2= 9.0E29, 200"), 0);
-  Tx_MD_UTMN_to_UTMC(MdTx, IMERR);
+  EXPECT_EQ(Tx_MD_UTMN_to_UTMC(MdTx), 0);
   EXPECT_EQ(MdTx.fLength(1), 100.0f) << "a side whose square is no number";
 }
 
