@@ -8,10 +8,8 @@ namespace {
 
 using Ch = ChGroup;
 
-constexpr R8 dMostI4 = 2147483647.0;
-
 constexpr MdLimits hStation{-9.9E9, 9.9E9};
-constexpr MdLimits hSerial{0, dMostI4};
+constexpr MdLimits hSerial{0, 2147483647.0};
 constexpr MdLimits hChannels{1, MXChn, "{name} = {value} <{low} or >{high}"};
 constexpr MdLimits hArea{1.0E-6, 9.9E9};
 constexpr MdLimits hLength{0, 9.9E9};
@@ -75,25 +73,18 @@ I4 Read_AntScale(const MdRecord& hRecord, ChGroup& hChn) {
 
 // Places.
 
-constexpr MdRule hPlaceRule{.hLimits = hStation};
-
 template <I4 iVertex>
 I4 Read_Tx(const MdRecord& hRecord, ChGroup& hChn) {
-  if (!MD_Passes(hRecord, hChn.lTxXYZ(iVertex))) return 0;
   const std::string sLabel = "Ch.TX" + MD_Number(iVertex);
-  I4 iStatus = 0;
-  for (I4 I = 1; I <= std::min(hRecord.NField(), 3); ++I) {
-    iStatus = MD_Status(iStatus, MD_Take_Value(hRecord, hRecord.sField(I), MD_Label(sLabel, I), hPlaceRule,
-                                               hChn.dTxXYZ(I, iVertex), hChn.NErrTxXYZ));
-  }
-  return iStatus;
+  return MD_Take_Fields(hRecord, MD_Elements(hChn.dTxXYZ.hColumn(iVertex)), MD_Elements(hChn.lTxXYZ, iVertex),
+                        {.hLimits = hStation, .sLabel = sLabel}, hChn.NErrTxXYZ);
 }
 
 template <I4 iVertex>
 I4 Read_Rx(const MdRecord& hRecord, ChGroup& hChn) {
   if (!MD_Passes(hRecord, hChn.lRxXYZ(iVertex))) return 0;
   const std::string sLabel = "Ch.RX" + MD_Number(iVertex);
-  return MD_Take_Channel_Points(hRecord, sLabel, hPlaceRule, iVertex, hChn.dRxXYZ, hChn.NErrRxXYZ);
+  return MD_Take_Channel_Points(hRecord, sLabel, {.hLimits = hStation}, iVertex, hChn.dRxXYZ, hChn.NErrRxXYZ);
 }
 
 // Gain codes.

@@ -38,6 +38,11 @@ inline constexpr I4 iMdUnknownKeyword = 3;  // status of a keyword that no row h
 inline constexpr I4 MMdShown = 1;           // warnings of one keyword that show in a box; the others go to the file
 inline constexpr I4 MMdUnknownShown = 3;    // unknown keywords of a group that show in a box
 
+// Where a record comes from: its iPriority. The greater one wins, whichever is read first.
+inline constexpr I4 iPriorityMde = 1;      // metadata file
+inline constexpr I4 iPriorityData = 2;     // data file
+inline constexpr I4 iPriorityDerived = 3;  // computed
+
 /// One metadata record on its way to a group. The views live as long as the record's line.
 struct MdRecord {
   I4 iRecord;                     // its line number in the source
@@ -45,7 +50,7 @@ struct MdRecord {
   std::string_view sName;         // the name as written, "Tx.Freq"
   std::string_view CKeyword;      // the keyword in upper case, aliases resolved, "FREQ"
   const FieldList& sField;        // the value cut into fields, 1..NField, at least one
-  I4 iPriority;                   // 1 metadata file, 2 data file, 3 derived
+  I4 iPriority;                   // where it comes from
   I4 iLength = 1;                 // code in CLengthUnit of the survey's lengths
   std::string_view sReader = {};  // the reader as warnings name it; MD_Read sets it
 

@@ -10,20 +10,20 @@ namespace quillan {
 
 /// The elements of a field as values: all of them, or the one that iElement (from 1) names.
 template <class T>
-std::span<T> MD_Elements(T& hField, I4) {
+std::span<T> MD_Elements(T& hField, I4 = 0) {
   return {&hField, 1};
 }
 template <class T, I4 N>
-std::span<T> MD_Elements(Array1<T, N>& hField, I4 iElement) {
+std::span<T> MD_Elements(Array1<T, N>& hField, I4 iElement = 0) {
   const std::span<T> hAll(hField.data(), hField.size());
   return iElement > 0 ? hAll.subspan(static_cast<std::size_t>(iElement - 1), 1) : hAll;
 }
 
 /// Takes the leading fields into the values, each through the gate of its priority; a single priority gates them all.
-/// NSet, where it is given, takes the number of values.
+/// NSet, where it is given, takes the number of values. Returns the status of the record.
 template <class T>
-I4 MD_Take_Fields(const MdRecord& hRecord, std::span<T> hValue, std::span<I4> lPriority, const MdRule& hRule, I4& NWarn,
-                  I4* NSet) {
+[[nodiscard]] I4 MD_Take_Fields(const MdRecord& hRecord, std::span<T> hValue, std::span<I4> lPriority,
+                                const MdRule& hRule, I4& NWarn, I4* NSet = nullptr) {
   const std::size_t NValue = std::min(static_cast<std::size_t>(hRecord.NField()), hValue.size());
   const std::string_view sName = hRule.sLabel.empty() ? hRecord.sName : hRule.sLabel;
   I4 iStatus = 0;

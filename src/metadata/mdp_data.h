@@ -28,11 +28,6 @@
 
 namespace quillan {
 
-// Where a record comes from: its iPriority. The greater one wins, whichever is read first.
-inline constexpr I4 iPriorityMde = 1;      // metadata file
-inline constexpr I4 iPriorityData = 2;     // data file
-inline constexpr I4 iPriorityDerived = 3;  // computed
-
 // Status of a line beside that of the group's reader: 0 taken; not 0 where a value is missing or unreadable; 3 unknown
 // keyword.
 inline constexpr I4 iMdpNoRecord = 1;  // the line holds no metadata or no value

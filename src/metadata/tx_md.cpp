@@ -130,13 +130,12 @@ constexpr MdRow<Tx> hTxRow[] = {
 
 // From corners to centre.
 
-constexpr I4 iDerivedPriority = 3;     // of a value that the program works out itself
 constexpr R4 fRadToDeg = 57.2957764f;  // degrees a radian, as the files of upstream programs were made with
 constexpr R4 fLeastSide = 0.01f;       // m, corners nearer than this are one point
 
 /// The least priority of the vertices 1..NUTMN, at most that of a derived value; 0 when one of them was never read.
 I4 Vertex_Priority(const TxGroup& hTx) {
-  I4 iPriority = iDerivedPriority;
+  I4 iPriority = iPriorityDerived;
   for (I4 J = 1; J <= hTx.NUTMN; ++J) iPriority = std::min(iPriority, hTx.lUTMN(J));
   return iPriority;
 }
