@@ -118,11 +118,11 @@ struct ChGroup : ChWarnings {
 // Module state. Ch_MD_Read fills it, Ch_MD_Initialize restores it.
 inline ChGroup MdChn;
 
-/// Every value gets its default (MD_Initialize).
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
 inline constexpr auto Ch_MD_Initialize = MD_Initialize<ChGroup, ChWarnings>;
 
-/// Applies one record (MD_Read): field I is the value of channel I, up to MXChn. Lengths are plain numbers here, in
-/// the unit of the file.
+/// Applies one record, status as of MD_Read: field I is the value of channel I, up to MXChn. Lengths are plain numbers
+/// here, in the unit of the file.
 [[nodiscard]] I4 Ch_MD_Read(const MdRecord& hRecord, ChGroup& hChn);
 
 /// A status number of the receiver.

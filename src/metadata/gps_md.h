@@ -56,10 +56,10 @@ struct GpsGroup : GpsWarnings {
 // Module state. Gps_MD_Read fills it, Gps_MD_Initialize restores it.
 inline GpsGroup MdGps;
 
-/// Every value gets its default (MD_Initialize).
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
 inline constexpr auto Gps_MD_Initialize = MD_Initialize<GpsGroup, GpsWarnings>;
 
-/// Applies one record (MD_Read).
+/// Applies one record. Returns the status of MD_Read.
 [[nodiscard]] I4 Gps_MD_Read(const MdRecord& hRecord, GpsGroup& hGps);
 
 }  // namespace quillan

@@ -36,10 +36,10 @@ struct GridGroup : GridWarnings {
 // Module state. Grid_MD_Read fills it, Grid_MD_Initialize restores it.
 inline GridGroup MdGrid;
 
-/// Every value gets its default (MD_Initialize).
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
 inline constexpr auto Grid_MD_Initialize = MD_Initialize<GridGroup, GridWarnings>;
 
-/// Applies one record (MD_Read).
+/// Applies one record. Returns the status of MD_Read.
 [[nodiscard]] I4 Grid_MD_Read(const MdRecord& hRecord, GridGroup& hGrid);
 
 }  // namespace quillan

@@ -37,7 +37,7 @@ inline JobGroup MdJob;
 /// warning count becomes 0 only with bResetError.
 void Job_MD_Initialize(JobGroup& hJob, bool bResetError);
 
-/// Applies one record (MD_Read).
+/// Applies one record. Returns the status of MD_Read.
 [[nodiscard]] I4 Job_MD_Read(const MdRecord& hRecord, JobGroup& hJob);
 
 }  // namespace quillan

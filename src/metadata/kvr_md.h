@@ -76,10 +76,10 @@ struct KvrGroup : KvrWarnings {
 // Module state. Kvr_MD_Read fills it, Kvr_MD_Initialize restores it.
 inline KvrGroup MdKvr;
 
-/// Every value gets its default (MD_Initialize).
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
 inline constexpr auto Kvr_MD_Initialize = MD_Initialize<KvrGroup, KvrWarnings>;
 
-/// Applies one record (MD_Read).
+/// Applies one record. Returns the status of MD_Read.
 [[nodiscard]] I4 Kvr_MD_Read(const MdRecord& hRecord, KvrGroup& hKvr);
 
 }  // namespace quillan

@@ -32,10 +32,10 @@ struct LineGroup : LineWarnings {
 // Module state. Line_MD_Read fills it, Line_MD_Initialize restores it.
 inline LineGroup MdLine;
 
-/// Every value gets its default (MD_Initialize).
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
 inline constexpr auto Line_MD_Initialize = MD_Initialize<LineGroup, LineWarnings>;
 
-/// Applies one record (MD_Read).
+/// Applies one record. Returns the status of MD_Read.
 [[nodiscard]] I4 Line_MD_Read(const MdRecord& hRecord, LineGroup& hLine);
 
 }  // namespace quillan

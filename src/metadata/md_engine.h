@@ -169,7 +169,7 @@ template <class T>
                                const MdRule& hRule, T& hValue, I4& NWarn);
 
 /// The status of a record after one more of its fields: a field that was read leaves that of the fields before it.
-inline I4 MD_Status(I4 iBefore, I4 iField) {
+[[nodiscard]] inline I4 MD_Status(I4 iBefore, I4 iField) {
   return iField != 0 ? iField : iBefore;
 }
 

@@ -90,10 +90,11 @@ struct RxGroup : RxWarnings {
 // Module state. Rx_MD_Read fills it, Rx_MD_Initialize restores it.
 inline RxGroup MdRx;
 
-/// Every value gets its default (MD_Initialize).
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
 inline constexpr auto Rx_MD_Initialize = MD_Initialize<RxGroup, RxWarnings>;
 
-/// Applies one record (MD_Read). Returns 1 for a vertex index beyond MRxXYZ, -1 for a vertex without one.
+/// Applies one record. Returns the status of MD_Read, or 1 for a vertex index beyond MRxXYZ, -1 for a vertex without
+/// one.
 [[nodiscard]] I4 Rx_MD_Read(const MdRecord& hRecord, RxGroup& hRx);
 
 }  // namespace quillan

@@ -47,10 +47,10 @@ struct StnGroup : StnWarnings {
 // Module state. Stn_MD_Read fills it, Stn_MD_Initialize restores it.
 inline StnGroup MdStn;
 
-/// Every value gets its default (MD_Initialize).
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
 inline constexpr auto Stn_MD_Initialize = MD_Initialize<StnGroup, StnWarnings>;
 
-/// Applies one record (MD_Read).
+/// Applies one record. Returns the status of MD_Read.
 [[nodiscard]] I4 Stn_MD_Read(const MdRecord& hRecord, StnGroup& hStn);
 
 }  // namespace quillan

@@ -38,10 +38,10 @@ struct SurveyGroup : SurveyWarnings {
 // Module state. Survey_MD_Read fills it, Survey_MD_Initialize restores it.
 inline SurveyGroup MdSurvey;
 
-/// Every value gets its default (MD_Initialize).
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
 inline constexpr auto Survey_MD_Initialize = MD_Initialize<SurveyGroup, SurveyWarnings>;
 
-/// Applies one record (MD_Read).
+/// Applies one record. Returns the status of MD_Read.
 [[nodiscard]] I4 Survey_MD_Read(const MdRecord& hRecord, SurveyGroup& hSurvey);
 
 }  // namespace quillan

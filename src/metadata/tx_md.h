@@ -71,10 +71,11 @@ struct TxGroup : TxWarnings {
 // Module state. Tx_MD_Read fills it, Tx_MD_Initialize restores it.
 inline TxGroup MdTx;
 
-/// Every value gets its default (MD_Initialize).
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
 inline constexpr auto Tx_MD_Initialize = MD_Initialize<TxGroup, TxWarnings>;
 
-/// Applies one record (MD_Read). Returns 1 for a vertex index beyond MTxXYZ, -1 for a vertex without one.
+/// Applies one record. Returns the status of MD_Read, or 1 for a vertex index beyond MTxXYZ, -1 for a vertex without
+/// one.
 [[nodiscard]] I4 Tx_MD_Read(const MdRecord& hRecord, TxGroup& hTx);
 
 /// Centre, side and azimuth of the loop from its UTM vertices 1..NUTMN: dUTMC their mean; fLength, fAzm and fHPR(1)

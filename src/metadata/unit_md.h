@@ -39,10 +39,10 @@ struct UnitGroup : UnitWarnings {
 // Module state. Unit_MD_Read fills it, Unit_MD_Initialize restores it.
 inline UnitGroup MdUnit;
 
-/// Every value gets its default (MD_Initialize).
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
 inline constexpr auto Unit_MD_Initialize = MD_Initialize<UnitGroup, UnitWarnings>;
 
-/// Applies one record (MD_Read). A word that fits no unit leaves the code as it is.
+/// Applies one record. Returns the status of MD_Read. A word that fits no unit leaves the code as it is.
 [[nodiscard]] I4 Unit_MD_Read(const MdRecord& hRecord, UnitGroup& hUnit);
 
 }  // namespace quillan
