@@ -14,14 +14,11 @@ using namespace quillan;
 
 /// Takes the survey from a metadata file as the program does that has just started.
 void Read_First(std::string& sMdeFile) {
-  I4 iError = 0;
-  MDP_Initialize_MD(iError, true);
+  MDP_Initialize_MD(true);
   MdJob = JobGroup{};  // the job's number and date outlive the initialiser
   hTemSurvey = Survey{};
-  MDE_Read(sMdeFile, iError);
-  Require(iError == 0);
-  TMD_Survey_from_MD(iError);
-  Require(iError == 0);
+  Require(MDE_Read(sMdeFile) == 0);
+  TMD_Survey_from_MD();
 }
 
 template <class Table>

@@ -8,7 +8,6 @@
 // Gain characters: "0" to "6" amplify 1, 2, 4, .. 64 times, "A" 0.125 times.
 #pragma once
 
-#include <span>
 #include <string_view>
 
 #include "base/array.h"
@@ -17,7 +16,6 @@
 #include "metadata/enm_data.h"
 #include "metadata/md_engine.h"
 #include "metadata/md_site.h"
-#include "metadata/unit_md.h"
 
 namespace quillan {
 
@@ -33,9 +31,17 @@ using ChnR8 = Array1<R8, MXChn>;
 template <I4 NWidth>
 using ChnText = Array1<Text<NWidth>, MXChn>;
 
-/// Array index: channel, from 1. One value a keyword, the priority l... of the record that gave it (0: none), and the
-/// warnings NErr... about it.
-struct ChGroup {
+/// The warnings so far about each keyword, and about keywords that are unknown.
+struct ChWarnings {
+  I4 NErrNChn = 0, NErrCmp = 0, NErrNumberType = 0, NErrNumber = 0, NErrStn = 0, NErrTxXYZ = 0, NErrRxXYZ = 0,
+     NErrLat = 0, NErrLon = 0, NErrLength = 0, NErrArea = 0, NErrLabID = 0, NErrLabLength = 0, NErrLabArea = 0,
+     NErrAzm = 0, NErrInc = 0, NErrAntNum = 0, NErrAntScale = 0, NErrPreAmp = 0, NErrStatus = 0, NErrGain = 0,
+     NErrGainFactor = 0, NErrExtGain = 0, NErrFactor = 0, NErrKvrBox = 0, NErrKvrSlot = 0, NErrVmin = 0, NErrVmax = 0,
+     NErrCRes = 0, NErrCCap = 0, NErrSP = 0, NErrSkip = 0, NErrFlip = 0, NErrUnknown = 0;
+};
+
+/// Array index: channel, from 1. One value a keyword, and the priority l... of the record that gave it (0: none).
+struct ChGroup : ChWarnings {
   // What the channel measures.
   I4 NChn = 0;                                           // channels in use
   ChnText<4> sCmp;                                       // component as written
@@ -66,7 +72,7 @@ struct ChGroup {
   ChnI4 iAntSN{};                                               // serial number of the antenna
   ChnR4 fAntScale = Filled<ChnR4>(1.0f);                        // uT/V
 
-  // The road of the signal: preamplifier, gain stages, filters.
+  // The way of the signal: preamplifier, gain stages, filters.
   ChnText<8> sUnit;                                            // unit as written
   ChnR4 fPreAmp = Filled<ChnR4>(1.0f);                         // gain of the preamplifier
   ChnText<4> sGain = Filled<ChnText<4>>(Text<4>("000o"));      // gain code
@@ -107,41 +113,34 @@ struct ChGroup {
      lInc = 0, lSensor = 0, lAntSN = 0, lAntScale = 0, lUnit = 0, lPreAmp = 0, lGain = 0, lGainFactor = 0, lExtGain = 0,
      lNotch = 0, lHighPass = 0, lLowPass = 0, lAlias = 0, lStatus = 0, lCardSN = 0, lFactor = 0, lKvrBox = 0,
      lKvrSlot = 0, lVmin = 0, lVmax = 0, lCRes = 0, lCCap = 0, lSP = 0, lSkip = 0, lFlip = 0;
-
-  // Warnings so far.
-  I4 NErrNChn = 0, NErrCmp = 0, NErrNumberType = 0, NErrNumber = 0, NErrStn = 0, NErrStnName = 0, NErrTxXYZ = 0,
-     NErrRxXYZ = 0, NErrLat = 0, NErrLon = 0, NErrLength = 0, NErrArea = 0, NErrLabID = 0, NErrLabName = 0,
-     NErrLabLength = 0, NErrLabArea = 0, NErrAzm = 0, NErrInc = 0, NErrAntNum = 0, NErrAntScale = 0, NErrPreAmp = 0,
-     NErrStatus = 0, NErrGain = 0, NErrGainFactor = 0, NErrExtGain = 0, NErrFactor = 0, NErrKvrBox = 0, NErrKvrSlot = 0,
-     NErrVmin = 0, NErrVmax = 0, NErrCRes = 0, NErrCCap = 0, NErrSP = 0, NErrSkip = 0, NErrFlip = 0, NErrUnknown = 0;
 };
 
 // Module state. Ch_MD_Read fills it, Ch_MD_Initialize restores it.
 inline ChGroup MdChn;
 
-/// Every value gets its default and every priority 0; the warning counts only with bResetError, so that a file read
-/// again does not fill the screen again.
-void Ch_MD_Initialize(ChGroup& hChn, bool bResetError);
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
+inline constexpr auto Ch_MD_Initialize = MD_Initialize<ChGroup, ChWarnings>;
 
-/// Applies one record: field I is the value of channel I, up to MXChn, and a channel whose field is bad keeps none of
-/// the others from being read. Lengths are plain numbers here, in the unit of the file. IMERR: 0, also for a record
-/// that a higher priority keeps out; not 0 where a value is missing or could not be read; 3 the keyword is unknown.
-void Ch_MD_Read(const MdRecord& hRecord, ChGroup& hChn, const UnitGroup& hUnit, I4& IMERR);
+/// Applies one record, status as of MD_Read: field I is the value of channel I, up to MXChn. Lengths are plain numbers
+/// here, in the unit of the file.
+[[nodiscard]] I4 Ch_MD_Read(const MdRecord& hRecord, ChGroup& hChn);
 
-/// fChnScale(J), J = 1..NChn at index J - 1: what one count of channel J is worth,
-/// fFactor / (fPreAmp * fGain * fExtGain), fGain being computed anew from the gain code. 1 beyond NChn and for a
-/// channel without a usable gain, which is reported. A code whose status has the attenuator on gets its "-".
-/// IMERR: 0.
-void Ch_Set_fChnScale(ChGroup& hChn, std::span<R4> fChnScale, I4& IMERR);
+/// A status number of the receiver.
+struct ChnStatus {
+  I4 IOERR = 0;  // 1 when the text is blank or no integer; then the fields are 0
+  I4 iCard = 0, iRes = 0, iAttn = 0, iSat = 0, iNotch = 0, iDSF = 0, iFlag = 0;
+};
+/// Its bits, the lowest being 0: card 0-1, resolution 2-4, attenuator 5, saturation 6-7, notch 8-10, decimation 11,
+/// flag 12-14.
+ChnStatus Str_to_iChnStatus(std::string_view CFld);
 
-/// Bits of a status number, the lowest being 0: card 0-1, resolution 2-4, attenuator 5, saturation 6-7, notch 8-10,
-/// decimation 11, flag 12-14. IOERR: 0; positive when the text is blank or no integer, then nothing is changed.
-void Str_to_iChnStatus(std::string_view CFld, I4& iChCard, I4& iChRes, I4& iChAttn, I4& iChSat, I4& iChNotch,
-                       I4& iChDSF, I4& iChFlag, I4& IOERR);
-
-/// The factor of a gain code such as "3A-1"; iGN(1..3) the places of its characters in "0123456A", iAttn that of the
-/// attenuator, 0 for none and for the first place. A character that is no gain character amplifies once.
-/// IOERR: 0; 1 when the text is blank or has a "*", then the factor is 1 and the places are 0.
-void Str_to_fChnGain(std::string_view sChnGain, R4& fChnGain, Array1<I4, 3>& iGN, I4& iAttn, I4& IOERR);
+/// A gain code such as "3A-1".
+struct ChnGain {
+  I4 IOERR = 0;         // 1 when the text is blank or has a "*"; then the factor is 1 and the places are 0
+  R4 fGain = 1.0f;      // factor; a character that is no gain character amplifies once
+  Array1<I4, 3> iGN{};  // places of its characters in "0123456A", from 1; 0 for any other
+  I4 iAttn = 0;         // place of the attenuator, 0 for none and for the first place
+};
+ChnGain Str_to_fChnGain(std::string_view sChnGain);
 
 }  // namespace quillan

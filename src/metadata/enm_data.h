@@ -1,9 +1,9 @@
-// enm_data.h: the words that metadata values are chosen from, the units with their factors, and the size limits.
+// enm_data.h: the words that metadata values are chosen from, and the size limits.
 //
-// An enumeration is a pair of tables: s... has the spelling that is shown and written, C... the one that input is
-// matched against (Str_to_iEnumeration), in upper case. The code of a value is its place in the table, from 1, and
-// every i... field of the metadata holds such a code: sChnCmp(hChn.iCmp(I)) is the name of a component. The order of
-// a table is part of the file formats, and it decides which word a misspelled value is taken for.
+// Input is matched against C..., in upper case (Str_to_iEnumeration); s... has the spelling that is shown and written,
+// for values that are. The code of a value is its place in the table, from 1, and every i... field of the metadata
+// holds such a code: sChnCmp(hChn.iCmp(I)) is the name of a component. The order of a table is part of the file
+// formats, and it decides which word a misspelled value is taken for.
 #pragma once
 
 #include <string_view>
@@ -24,15 +24,10 @@ constexpr auto Words(const Word&... sWord) {
 }
 
 // The instrument.
-inline constexpr auto sKvrType = Words("KVRA", "KVRB", "KVRC", "KVRD", "Tarn", "Other");
 inline constexpr auto CKvrType = Words("KVRA", "KVRB", "KVRC", "KVRD", "TARN", "OTHER");
-inline constexpr auto sHeaderType = Words("Survey", "Data", "Calibrate");
-inline constexpr auto CHeaderType = Words("SURVEY", "DATA", "CALIBRATE");
 inline constexpr auto sAcqMethod = Words("TimeSeries", "Stack", "Decay", "Transient", "Frequency");
 inline constexpr auto CAcqMethod = Words("TIMESERIES", "STACK", "DECAY", "TRANSIENT", "FREQUENCY");
-inline constexpr auto sKvrSigSrc = Words("Field", "ISys", "ESys");
 inline constexpr auto CKvrSigSrc = Words("FIELD", "ISYS", "ESYS");
-inline constexpr auto sGainMode = Words("Noisy", "Quiet", "Standard", "HighGain", "Unknown");
 inline constexpr auto CGainMode = Words("NOISY", "QUIET", "STANDARD", "HIGHGAIN", "UNKNOWN");
 
 // The survey, its lines and its arrays.
@@ -42,88 +37,51 @@ inline constexpr I4 iSurveyLOTEM = 1;  // the codes of CSurveyType that rules na
 inline constexpr I4 iSurveyTEM = 2;
 inline constexpr I4 iSurveyCSAMT = 3;
 inline constexpr I4 iSurveyNSAMT = 4;
-inline constexpr auto sLineType = Words("Straight", "Meander", "Points");
 inline constexpr auto CLineType = Words("STRAIGHT", "MEANDER", "POINTS");
 inline constexpr auto sTemArray = Words("FXL", "MVL", "INL", "COL", "LOT", "CNT");
 inline constexpr auto CTemArray = sTemArray;
-inline constexpr auto sCsamtArray = Words("Scalar", "Vector", "Tensor");
 inline constexpr auto CCsamtArray = Words("SCALAR", "VECTOR", "TENSOR");
-inline constexpr auto sIPArray = Words("D-D", "P-D", "P-P", "Grd", "Sch", "D-H", "Lab", "Gen");
 inline constexpr auto CIPArray = Words("D-D", "P-D", "P-P", "GRD", "SCH", "D-H", "LAB", "GEN");
-inline constexpr auto sDatum = Words("NAD27", "NAD83", "WGS72", "WGS84");
-inline constexpr auto CDatum = sDatum;
 
 // Components and axes. The blank component at the end of its table takes every word that is no component.
 inline constexpr auto sChnCmp = Words("Ex", "Ey", "Ez", "Hx", "Hy", "Hz", "Ref", "Off", "");
 inline constexpr auto CChnCmp = Words("EX", "EY", "EZ", "HX", "HY", "HZ", "REF", "OFF", "");
 inline constexpr auto sZpositive = Words("up", "down");
-inline constexpr auto CZpositive = Words("UP", "DOWN");
 inline constexpr auto sXYZ = Words("x", "y", "z");
-inline constexpr auto CXYZ = Words("X", "Y", "Z");
 
-// Processing.
-inline constexpr auto sHAFreq = Words("1", "3", "5", "7", "9");
-inline constexpr auto CHAFreq = sHAFreq;
-inline constexpr auto sChNumberType = Words("Stn Number", "Stn # Offset", "Antenna #", "Chn Index #");
+// What the number columns of channels count.
 inline constexpr auto CChNumberType = Words("STN NUMBER", "STN # OFFSET", "ANTENNA #", "CHN INDEX #");
-inline constexpr auto sStackType = Words("Straight", "Taper", "Robust");
-inline constexpr auto CStackType = Words("STRAIGHT", "TAPER", "ROBUST");
-inline constexpr auto sAvgType = Words("Straight", "Robust");
-inline constexpr auto CAvgType = Words("STRAIGHT", "ROBUST");
-inline constexpr auto sDFileType = Words("cac", "xdb");
-inline constexpr auto CDFileType = Words("CAC", "XDB");
 
-// Units. A factor f... turns a value in the unit into metres, volts, tesla or radians; of time it is how many of the
-// unit make one second.
+// Units. The factor f... turns a length in the unit into metres.
 inline constexpr auto sLengthUnit = Words("m", "ft");
 inline constexpr auto CLengthUnit = Words("M", "F");
 inline constexpr Array1<R4, 2> fLengthUnit{
     {1.0f, 0.3048f}
-};
-inline constexpr Array1<R8, 2> dLengthUnit{
-    {1.0, 0.3048}
 };
 inline constexpr I4 iUnitMeters = 1;  // codes of CLengthUnit
 inline constexpr I4 iUnitFeet = 2;
 
 inline constexpr auto sTimeUnit = Words("usec", "msec", "sec");
 inline constexpr auto CTimeUnit = Words("USEC", "MSEC", "SEC");
-inline constexpr Array1<R4, 3> fTimeUnit{
-    {1.0E6f, 1.0E3f, 1.0f}
-};
 
-inline constexpr auto sVUnit = Words("nV/A", "uV/A", "mV/A", "V/A", "nV", "uV", "mV", "V");
 inline constexpr auto CVUnit = Words("NV/A", "UV/A", "MV/A", "V/A", "NV", "UV", "MV", "V");
-inline constexpr Array1<R4, 8> fVUnit{
-    {1.0E-9f, 1.0E-6f, 1.0E-3f, 1.0f, 1.0E-9f, 1.0E-6f, 1.0E-3f, 1.0f}
-};
 
 // The third entry of CEUnit ends in a small letter, so no input equals it: "mV/Am" falls to the entry that it holds,
 // V/Am, and files written for this reader count on that.
 inline constexpr auto sEUnit = Words("nV/Am", "uV/Am", "mV/Am", "V/Am", "nV/m", "uV/m", "mV/m", "V/m");
 inline constexpr auto CEUnit = Words("NV/AM", "UV/AM", "MV/Am", "V/AM", "NV/M", "UV/M", "MV/M", "V/M");
-inline constexpr Array1<R4, 8> fEUnit = fVUnit;
 
 inline constexpr auto sBUnit = Words("pT/A", "nT/A", "T/A", "pT", "nT", "T");
 inline constexpr auto CBunit = Words("PT/A", "NT/A", "T/A", "PT", "NT", "T");
-inline constexpr Array1<R4, 6> fBUnit{
-    {1.0E-12f, 1.0E-9f, 1.0f, 1.0E-12f, 1.0E-9f, 1.0f}
-};
 
-inline constexpr auto sPhaseUnit = Words("mrad", "deg");
 inline constexpr auto CPhaseUnit = Words("MRAD", "DEG");
-inline constexpr Array1<R4, 2> fPhaseUnit{
-    {1.0E-3f, 0.0174533f}
-};
 inline constexpr auto CPhaseSign = Words("EM", "IP");
 
 inline constexpr auto sdBdtUnit = Words("uV/A", "nV/Am2");
 inline constexpr auto CdBdTUnit = Words("UV/A", "NV/AM2");
 
 // Four characters on purpose: "ohm-m" and "ohm-ft" both hold them.
-inline constexpr auto sResUnit = Words("ohm-");
 inline constexpr auto CResUnit = Words("OHM-");
-inline constexpr auto sIPUnit = Words("mrad", "msec", "PFE");
 inline constexpr auto CIPUnit = Words("MRAD", "MSEC", "PFE");
 
 }  // namespace quillan

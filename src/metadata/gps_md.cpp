@@ -40,11 +40,10 @@ constexpr MdRule hPositionRule{
     .sLabel = "GPS.UTMXYZ",
 };
 
-void Read_Position(const MdRecord& hRecord, GpsGroup& hGps, I4& IMERR) {
-  MD_Take_Point(hRecord, hPositionRule, hGps.dUTMXYZ, hGps.lUTMXYZ, hGps.NErrUTMXYZ, IMERR);
+I4 Read_Position(const MdRecord& hRecord, GpsGroup& hGps) {
+  return MD_Take_Point(hRecord, hPositionRule, hGps.dUTMXYZ, hGps.lUTMXYZ, hGps.NErrUTMXYZ);
 }
 
-constexpr std::string_view sOffsetLabel = "Gps.LocalTimeOffset";
 constexpr MdRule hOffsetRule{
     .hLimits = Within(-12, 12, "{name} = {value} < {low} or > {high} hours"),
     .iParse = MdParse::Time,
@@ -58,44 +57,40 @@ std::string Complete_Time(std::string_view sField) {
   return std::string(sField).append(sMissing);
 }
 
-void Read_Time_Offset(const MdRecord& hRecord, GpsGroup& hGps, I4& IMERR) {
-  if (!MD_Passes(hRecord, hGps.lTimeOffset)) return;
+I4 Read_Time_Offset(const MdRecord& hRecord, GpsGroup& hGps) {
+  if (!MD_Passes(hRecord, hGps.lTimeOffset)) return 0;
   const std::string sTime = Complete_Time(hRecord.sField(1));
-  MD_Take_Value(hRecord, sTime, sOffsetLabel, hOffsetRule, hGps.dTimeOffset, hGps.NErrTimeOffset, IMERR);
+  return MD_Take_Value(hRecord, sTime, "Gps.LocalTimeOffset", hOffsetRule, hGps.dTimeOffset, hGps.NErrTimeOffset);
 }
 
 // clang-format off
 constexpr MdRow<Gps> hGpsRow[] = {
-    // keyword          value             priority        warnings           words, or blank and limits
-    {"LAT",             &Gps::dLat,       &Gps::lLat,     &Gps::NErrLat,     0.0, hLatitude},
-    {"LON",             &Gps::dLon,       &Gps::lLon,     &Gps::NErrLon,     0.0, hLongitude},
-    {"ALT",             &Gps::dAlt,       &Gps::lAlt,     &Gps::NErrAlt,     0.0, hAltitude},
-    {"DATUM",           &Gps::sDatum,     &Gps::lDatum},
-    {"PROJ",            &Gps::sProj,      &Gps::lProj},
-    {"UTMZONE",         &Gps::iUTMZone,   &Gps::lUTMZone, &Gps::NErrUTMZone, 0, hZone},
-    {"UTMXYZ",          Read_Position,                    &Gps::NErrUTMXYZ},
-    {"WEEK",            &Gps::iWeek,      &Gps::lWeek,    &Gps::NErrWeek,    0, hCount},
-    {"SEC",             &Gps::dSec,       &Gps::lSec,     &Gps::NErrSec,     0.0, hSeconds},
-    {"LOCALTIMEOFFSET", Read_Time_Offset,                 &Gps::NErrTimeOffset},
-    {"LEAPSECOND",      &Gps::iLeapSec,   &Gps::lLeapSec, &Gps::NErrLeapSec, 0, hCount},
-    {"NUMSAT",          &Gps::NSat,       &Gps::lNSat,    &Gps::NErrNSat,    0, hSatellites},
-    {"PDOP",            &Gps::fPDOP,      &Gps::lPDOP,    &Gps::NErrPDOP,    0.0, hPdop},
-    {"STATUS",          &Gps::iStatus,    &Gps::lStatus,  &Gps::NErrStatus,  0, hStatus},
-    {"TCDAC",           &Gps::fTCDAC,     &Gps::lTCDAC,   &Gps::NErrTCDAC,   0.0, hClock},
-    {"SN",              &Gps::sSN,        &Gps::lSN},
-    {"FW",              &Gps::sFWVer,     &Gps::lFWVer},
-    {"SW",              &Gps::sSWVer,     &Gps::lSWVer},
+    // keyword                  value             priority        warnings            words, or blank and limits
+    {"LAT",             MD_Into<&Gps::dLat,       &Gps::lLat,     &Gps::NErrLat>,     0.0, hLatitude},
+    {"LON",             MD_Into<&Gps::dLon,       &Gps::lLon,     &Gps::NErrLon>,     0.0, hLongitude},
+    {"ALT",             MD_Into<&Gps::dAlt,       &Gps::lAlt,     &Gps::NErrAlt>,     0.0, hAltitude},
+    {"DATUM",           MD_Into<&Gps::sDatum,     &Gps::lDatum>},
+    {"PROJ",            MD_Into<&Gps::sProj,      &Gps::lProj>},
+    {"UTMZONE",         MD_Into<&Gps::iUTMZone,   &Gps::lUTMZone, &Gps::NErrUTMZone>, 0, hZone},
+    {"UTMXYZ",          Read_Position},
+    {"WEEK",            MD_Into<&Gps::iWeek,      &Gps::lWeek,    &Gps::NErrWeek>,    0, hCount},
+    {"SEC",             MD_Into<&Gps::dSec,       &Gps::lSec,     &Gps::NErrSec>,     0.0, hSeconds},
+    {"LOCALTIMEOFFSET", Read_Time_Offset},
+    {"LEAPSECOND",      MD_Into<&Gps::iLeapSec,   &Gps::lLeapSec, &Gps::NErrLeapSec>, 0, hCount},
+    {"NUMSAT",          MD_Into<&Gps::NSat,       &Gps::lNSat,    &Gps::NErrNSat>,    0, hSatellites},
+    {"PDOP",            MD_Into<&Gps::fPDOP,      &Gps::lPDOP,    &Gps::NErrPDOP>,    0.0, hPdop},
+    {"STATUS",          MD_Into<&Gps::iStatus,    &Gps::lStatus,  &Gps::NErrStatus>,  0, hStatus},
+    {"TCDAC",           MD_Into<&Gps::fTCDAC,     &Gps::lTCDAC,   &Gps::NErrTCDAC>,   0.0, hClock},
+    {"SN",              MD_Into<&Gps::sSN,        &Gps::lSN>},
+    {"FW",              MD_Into<&Gps::sFWVer,     &Gps::lFWVer>},
+    {"SW",              MD_Into<&Gps::sSWVer,     &Gps::lSWVer>},
 };
 // clang-format on
 
 }  // namespace
 
-void Gps_MD_Initialize(GpsGroup& hGps, bool bResetError) {
-  MD_Initialize(hGpsRow, hGps, bResetError);
-}
-
-void Gps_MD_Read(const MdRecord& hRecord, GpsGroup& hGps, I4& IMERR) {
-  MD_Read("Gps_MD_Read", hGpsRow, hRecord, hGps, IMERR);
+I4 Gps_MD_Read(const MdRecord& hRecord, GpsGroup& hGps) {
+  return MD_Read("Gps_MD_Read", hGpsRow, hRecord, hGps);
 }
 
 }  // namespace quillan

@@ -14,16 +14,22 @@
 
 namespace quillan {
 
-/// One value a keyword, the priority l... of the record that gave it (0: none), and the warnings NErr... about it.
-struct GpsGroup {
+/// The warnings so far about each keyword, and about keywords that are unknown.
+struct GpsWarnings {
+  I4 NErrLat = 0, NErrLon = 0, NErrAlt = 0, NErrUTMXYZ = 0, NErrUTMZone = 0, NErrWeek = 0, NErrSec = 0,
+     NErrTimeOffset = 0, NErrLeapSec = 0, NErrNSat = 0, NErrPDOP = 0, NErrStatus = 0, NErrTCDAC = 0, NErrUnknown = 0;
+};
+
+/// One value a keyword, and the priority l... of the record that gave it (0: none).
+struct GpsGroup : GpsWarnings {
   // Position.
-  R8 dLat = 0.0;                                       // degrees, north positive
-  R8 dLon = 0.0;                                       // degrees, east positive
-  R8 dAlt = 0.0;                                       // m
-  Text<32> sDatum;                                     // as written
-  Text<32> sProj;                                      // projection, as written
-  I4 iUTMZone = 0;                                     // zone; the sign is the hemisphere
-  Array1<R8, 3> dUTMXYZ = Filled<Array1<R8, 3>>(0.0);  // m, easting, northing, elevation
+  R8 dLat = 0.0;            // degrees, north positive
+  R8 dLon = 0.0;            // degrees, east positive
+  R8 dAlt = 0.0;            // m
+  Text<32> sDatum;          // as written
+  Text<32> sProj;           // projection, as written
+  I4 iUTMZone = 0;          // zone; the sign is the hemisphere
+  Array1<R8, 3> dUTMXYZ{};  // m, easting, northing, elevation
 
   // Time.
   I4 iWeek = 0;          // GPS week
@@ -45,21 +51,15 @@ struct GpsGroup {
   // Priorities.
   I4 lLat = 0, lLon = 0, lAlt = 0, lDatum = 0, lProj = 0, lUTMZone = 0, lUTMXYZ = 0, lWeek = 0, lSec = 0,
      lTimeOffset = 0, lLeapSec = 0, lNSat = 0, lPDOP = 0, lStatus = 0, lTCDAC = 0, lSN = 0, lFWVer = 0, lSWVer = 0;
-
-  // Warnings so far.
-  I4 NErrLat = 0, NErrLon = 0, NErrAlt = 0, NErrUTMXYZ = 0, NErrUTMZone = 0, NErrDatum = 0, NErrWeek = 0, NErrSec = 0,
-     NErrTimeOffset = 0, NErrLeapSec = 0, NErrNSat = 0, NErrPDOP = 0, NErrStatus = 0, NErrTCDAC = 0, NErrUnknown = 0;
 };
 
 // Module state. Gps_MD_Read fills it, Gps_MD_Initialize restores it.
 inline GpsGroup MdGps;
 
-/// Every value gets its default and every priority 0; the warning counts only with bResetError, so that a file read
-/// again does not fill the screen again.
-void Gps_MD_Initialize(GpsGroup& hGps, bool bResetError);
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
+inline constexpr auto Gps_MD_Initialize = MD_Initialize<GpsGroup, GpsWarnings>;
 
-/// Applies one record. IMERR: 0, also for a record that a higher priority keeps out; not 0 where a value is missing
-/// or could not be read; 3 the keyword is unknown.
-void Gps_MD_Read(const MdRecord& hRecord, GpsGroup& hGps, I4& IMERR);
+/// Applies one record. Returns the status of MD_Read.
+[[nodiscard]] I4 Gps_MD_Read(const MdRecord& hRecord, GpsGroup& hGps);
 
 }  // namespace quillan

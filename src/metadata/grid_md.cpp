@@ -7,101 +7,91 @@ namespace quillan {
 namespace {
 
 constexpr I4 MGridField = 14;  // parts of a record that are kept
-constexpr MdRule hNumberRule = {
-    .dDefault = 0.0, .hLimits = {-9.9E9, 9.9E9}
-};
-constexpr MdRule hAzimuthRule = {
-    .dDefault = 90.0, .hLimits = {-360, 360},
-         .iParse = MdParse::Azimuth
-};
+constexpr I4 MGridWidth = 16;  // characters of a part
+constexpr MdLimits hNumber{-9.9E9, 9.9E9};
+constexpr MdLimits hBearing{-360, 360};
+constexpr MdRule hNumberRule{.hLimits = hNumber};
+constexpr MdRule hAzimuthRule{.dDefault = 90.0, .hLimits = hBearing, .iParse = MdParse::Azimuth};
 
 /// The parts of a record between commas, semicolons and colons.
-struct GridFields {
-  Array1<Text<16>, MGridField> sFld;
-  I4 NFld = 0;
-
-  explicit GridFields(const MdRecord& hRecord) {
-    FieldList hPart(MGridField, 16);
-    for (I4 I = 1; I <= hRecord.NField(); ++I) {
-      const std::string_view sField = hRecord.sField(I);
-      if (sField.find(':') == std::string_view::npos) {
-        Add(sField);
-        continue;
-      }
-      Str_to_Fld(sField, ":", hPart);
-      for (I4 K = 1; K <= hPart.NFld(); ++K) Add(hPart(K));
+FieldList Grid_Fields(const MdRecord& hRecord) {
+  FieldList hAll(MGridField, MGridWidth), hPart(MGridField, MGridWidth);
+  for (I4 I = 1; I <= hRecord.NField() && !hAll.Is_Full(); ++I) {
+    const std::string_view sField = hRecord.sField(I);
+    if (sField.find(':') == std::string_view::npos) {
+      hAll.Add(sField);
+      continue;
     }
+    Str_to_Fld(sField, ":", hPart);
+    for (I4 K = 1; K <= hPart.NFld() && !hAll.Is_Full(); ++K) hAll.Add(hAll.Keep(std::string(hPart(K))));
   }
-  void Add(std::string_view sPart) {
-    if (NFld < MGridField) sFld(++NFld) = sPart;
-  }
-};
-
-/// A label behind the NValue numbers of an item; it stays as it was where the record has none.
-void Take_Label(const GridFields& hPart, I4 NValue, Text<16>& sLabel) {
-  if (hPart.NFld > NValue) sLabel = Str_Strip_Quotes(hPart.sFld(NValue + 1).trimmed());
+  return hAll;
 }
 
-void Read_Pairs(const MdRecord& hRecord, std::string_view sName, Text<16>& sLabel, GridPairs& dPair, I4& lPair,
-                I4& NWarn, I4& IMERR) {
-  if (!MD_Passes(hRecord, lPair)) return;
-  const GridFields hPart(hRecord);
+/// A label after the NValue numbers of an item; it stays as it was where the record has none.
+void Take_Label(const FieldList& hPart, I4 NValue, Text<16>& sLabel) {
+  if (hPart.NFld() > NValue) sLabel = Str_Strip_Quotes(hPart(NValue + 1));
+}
+
+I4 Read_Pairs(const MdRecord& hRecord, std::string_view sName, Text<16>& sLabel, GridPairs& dPair, I4& lPair,
+              I4& NWarn) {
+  if (!MD_Passes(hRecord, lPair)) return 0;
+  const FieldList hPart = Grid_Fields(hRecord);
   Take_Label(hPart, 4, sLabel);
-  for (I4 K = 1; K <= std::min(hPart.NFld, 4); ++K) {
+  I4 iStatus = 0;
+  for (I4 K = 1; K <= std::min(hPart.NFld(), 4); ++K) {
     const I4 I = (K - 1) % 2 + 1;
     const I4 J = (K - 1) / 2 + 1;
-    MD_Take_Value(hRecord, hPart.sFld(K).trimmed(), MD_Label(sName, I, J), hNumberRule, dPair(I, J), NWarn, IMERR);
+    const std::string sValue = MD_Label(sName, I, J);
+    iStatus = MD_Status(iStatus, MD_Take_Value(hRecord, hPart(K), sValue, hNumberRule, dPair(I, J), NWarn));
   }
+  return iStatus;
 }
 
-void Read_Ref1(const MdRecord& hRecord, GridGroup& h, I4& IMERR) {
-  Read_Pairs(hRecord, "Grid.Ref1", h.sRef1, h.dRef1, h.lRef1, h.NErrRef1, IMERR);
+I4 Read_Ref1(const MdRecord& hRecord, GridGroup& h) {
+  return Read_Pairs(hRecord, "Grid.Ref1", h.sRef1, h.dRef1, h.lRef1, h.NErrRef1);
 }
 
-void Read_Ref2(const MdRecord& hRecord, GridGroup& h, I4& IMERR) {
-  Read_Pairs(hRecord, "Grid.Ref2", h.sRef2, h.dRef2, h.lRef2, h.NErrRef2, IMERR);
+I4 Read_Ref2(const MdRecord& hRecord, GridGroup& h) {
+  return Read_Pairs(hRecord, "Grid.Ref2", h.sRef2, h.dRef2, h.lRef2, h.NErrRef2);
 }
 
-void Read_Calc(const MdRecord& hRecord, GridGroup& h, I4& IMERR) {
-  Read_Pairs(hRecord, "Grid.Calc", h.sCalc, h.dCalc, h.lCalc, h.NErrCalc, IMERR);
+I4 Read_Calc(const MdRecord& hRecord, GridGroup& h) {
+  return Read_Pairs(hRecord, "Grid.Calc", h.sCalc, h.dCalc, h.lCalc, h.NErrCalc);
 }
 
-void Read_XYOffset(const MdRecord& hRecord, GridGroup& hGrid, I4& IMERR) {
-  if (!MD_Passes(hRecord, hGrid.lXYOffset)) return;
-  const GridFields hPart(hRecord);
-  Take_Label(hPart, 2, hGrid.sXYOffset);
-  for (I4 I = 1; I <= std::min(hPart.NFld, 2); ++I) {
-    MD_Take_Value(hRecord, hPart.sFld(I).trimmed(), MD_Label("Grid.XYOffset", I), hNumberRule, hGrid.dXYOffset(I),
-                  hGrid.NErrXYOffset, IMERR);
+I4 Read_XYOffset(const MdRecord& hRecord, GridGroup& h) {
+  if (!MD_Passes(hRecord, h.lXYOffset)) return 0;
+  const FieldList hPart = Grid_Fields(hRecord);
+  Take_Label(hPart, 2, h.sXYOffset);
+  I4 iStatus = 0;
+  for (I4 I = 1; I <= std::min(hPart.NFld(), 2); ++I) {
+    const std::string sValue = MD_Label("Grid.XYOffset", I);
+    iStatus = MD_Status(iStatus, MD_Take_Value(hRecord, hPart(I), sValue, hNumberRule, h.dXYOffset(I), h.NErrXYOffset));
   }
+  return iStatus;
 }
 
-void Read_XAzimuth(const MdRecord& hRecord, GridGroup& hGrid, I4& IMERR) {
-  if (!MD_Passes(hRecord, hGrid.lXAzimuth)) return;
-  const GridFields hPart(hRecord);
-  MD_Take_Value(hRecord, hPart.sFld(1).trimmed(), hRecord.sName, hAzimuthRule, hGrid.fXAzimuth, hGrid.NErrXAzimuth,
-                IMERR);
+I4 Read_XAzimuth(const MdRecord& hRecord, GridGroup& h) {
+  if (!MD_Passes(hRecord, h.lXAzimuth)) return 0;
+  const FieldList hPart = Grid_Fields(hRecord);
+  return MD_Take_Value(hRecord, hPart(1), hRecord.sName, hAzimuthRule, h.fXAzimuth, h.NErrXAzimuth);
 }
 
 // clang-format off
 constexpr MdRow<GridGroup> hGridRow[] = {
-    // keyword    procedure      warnings
-    {"REF1",     Read_Ref1,     &GridGroup::NErrRef1},
-    {"REF2",     Read_Ref2,     &GridGroup::NErrRef2},
-    {"CALC",     Read_Calc,     &GridGroup::NErrCalc},
-    {"XYOFFSET", Read_XYOffset, &GridGroup::NErrXYOffset},
-    {"XAZIMUTH", Read_XAzimuth, &GridGroup::NErrXAzimuth},
+    {"REF1",     Read_Ref1},
+    {"REF2",     Read_Ref2},
+    {"CALC",     Read_Calc},
+    {"XYOFFSET", Read_XYOffset},
+    {"XAZIMUTH", Read_XAzimuth},
 };
 // clang-format on
 
 }  // namespace
 
-void Grid_MD_Initialize(GridGroup& hGrid, bool bResetError) {
-  MD_Initialize(hGridRow, hGrid, bResetError);
-}
-
-void Grid_MD_Read(const MdRecord& hRecord, GridGroup& hGrid, I4& IMERR) {
-  MD_Read("Grid_MD_Read", hGridRow, hRecord, hGrid, IMERR);
+I4 Grid_MD_Read(const MdRecord& hRecord, GridGroup& hGrid) {
+  return MD_Read("Grid_MD_Read", hGridRow, hRecord, hGrid);
 }
 
 }  // namespace quillan

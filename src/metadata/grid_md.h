@@ -16,8 +16,13 @@ namespace quillan {
 
 using GridPairs = Array2<R8, 2, 2>;  // (coordinate, pair); a record gives (1,1), (2,1), (1,2), (2,2)
 
-/// One item a keyword, the priority l... of the record that gave it (0: none), and the warnings NErr... about it.
-struct GridGroup {
+/// The warnings so far about each keyword, and about keywords that are unknown.
+struct GridWarnings {
+  I4 NErrRef1 = 0, NErrRef2 = 0, NErrCalc = 0, NErrXYOffset = 0, NErrXAzimuth = 0, NErrUnknown = 0;
+};
+
+/// One item a keyword, and the priority l... of the record that gave it (0: none).
+struct GridGroup : GridWarnings {
   Text<16> sRef1, sRef2, sCalc;  // labels of the pairs
   Text<16> sXYOffset;            // label of the offset
   GridPairs dRef1{}, dRef2{};    // reference points
@@ -26,18 +31,15 @@ struct GridGroup {
   R4 fXAzimuth = 90.0f;          // degrees clockwise from north, x axis of the grid
 
   I4 lRef1 = 0, lRef2 = 0, lCalc = 0, lXYOffset = 0, lXAzimuth = 0;
-
-  I4 NErrRef1 = 0, NErrRef2 = 0, NErrCalc = 0, NErrXYOffset = 0, NErrXAzimuth = 0, NErrUnknown = 0;
 };
 
 // Module state. Grid_MD_Read fills it, Grid_MD_Initialize restores it.
 inline GridGroup MdGrid;
 
-/// Every value gets its default and every priority 0; the warning counts only with bResetError.
-void Grid_MD_Initialize(GridGroup& hGrid, bool bResetError);
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
+inline constexpr auto Grid_MD_Initialize = MD_Initialize<GridGroup, GridWarnings>;
 
-/// Applies one record. IMERR: 0, also for a record that a higher priority keeps out; not 0 where a value is missing or
-/// could not be read; 3 the keyword is unknown.
-void Grid_MD_Read(const MdRecord& hRecord, GridGroup& hGrid, I4& IMERR);
+/// Applies one record. Returns the status of MD_Read.
+[[nodiscard]] I4 Grid_MD_Read(const MdRecord& hRecord, GridGroup& hGrid);
 
 }  // namespace quillan

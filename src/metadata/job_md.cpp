@@ -7,28 +7,28 @@ namespace {
 // clang-format off
 constexpr MdRow<JobGroup> hJobRow[] = {
     // keyword    value                priority
-    {"NAME",     &JobGroup::sName,    &JobGroup::lName},
-    {"AREA",     &JobGroup::sArea,    &JobGroup::lArea},
-    {"FOR",      &JobGroup::sFor,     &JobGroup::lFor},
-    {"BY",       &JobGroup::sBy,      &JobGroup::lBy},
-    {"NUMBER",   &JobGroup::sNumber,  &JobGroup::lNumber},
-    {"DATE",     &JobGroup::sDate,    &JobGroup::lDate},
-    {"COMMENT",  &JobGroup::sComment, &JobGroup::lComment},
+    {"NAME",     MD_Into<&JobGroup::sName,    &JobGroup::lName>},
+    {"AREA",     MD_Into<&JobGroup::sArea,    &JobGroup::lArea>},
+    {"FOR",      MD_Into<&JobGroup::sFor,     &JobGroup::lFor>},
+    {"BY",       MD_Into<&JobGroup::sBy,      &JobGroup::lBy>},
+    {"NUMBER",   MD_Into<&JobGroup::sNumber,  &JobGroup::lNumber>},
+    {"DATE",     MD_Into<&JobGroup::sDate,    &JobGroup::lDate>},
+    {"COMMENT",  MD_Into<&JobGroup::sComment, &JobGroup::lComment>},
 };
 // clang-format on
 
 }  // namespace
 
 void Job_MD_Initialize(JobGroup& hJob, bool bResetError) {
-  const auto sNumber = hJob.sNumber;
-  const auto sDate = hJob.sDate;
-  MD_Initialize(hJobRow, hJob, bResetError);
+  const Text<16> sNumber = hJob.sNumber;
+  const Text<16> sDate = hJob.sDate;
+  MD_Initialize<JobGroup, JobWarnings>(hJob, bResetError);
   hJob.sNumber = sNumber;
   hJob.sDate = sDate;
 }
 
-void Job_MD_Read(const MdRecord& hRecord, JobGroup& hJob, I4& IMERR) {
-  MD_Read("Job_MD_Read", hJobRow, hRecord, hJob, IMERR);
+I4 Job_MD_Read(const MdRecord& hRecord, JobGroup& hJob) {
+  return MD_Read("Job_MD_Read", hJobRow, hRecord, hJob);
 }
 
 }  // namespace quillan

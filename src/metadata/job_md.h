@@ -12,8 +12,13 @@
 
 namespace quillan {
 
+/// The warnings so far about unknown keywords.
+struct JobWarnings {
+  I4 NErrUnknown = 0;
+};
+
 /// One text a keyword, and the priority l... of the record that gave it (0: none).
-struct JobGroup {
+struct JobGroup : JobWarnings {
   Text<128> sName;     // job name
   Text<128> sArea;     // where
   Text<128> sFor;      // client
@@ -23,8 +28,6 @@ struct JobGroup {
   Text<128> sComment;  // remark
 
   I4 lName = 0, lArea = 0, lFor = 0, lBy = 0, lNumber = 0, lDate = 0, lComment = 0;
-
-  I4 NErrUnknown = 0;  // warnings about unknown keywords
 };
 
 // Module state. Job_MD_Read fills it, Job_MD_Initialize restores it.
@@ -34,7 +37,7 @@ inline JobGroup MdJob;
 /// warning count becomes 0 only with bResetError.
 void Job_MD_Initialize(JobGroup& hJob, bool bResetError);
 
-/// Applies one record. IMERR: 0, also for a record that a higher priority keeps out; 3 the keyword is unknown.
-void Job_MD_Read(const MdRecord& hRecord, JobGroup& hJob, I4& IMERR);
+/// Applies one record. Returns the status of MD_Read.
+[[nodiscard]] I4 Job_MD_Read(const MdRecord& hRecord, JobGroup& hJob);
 
 }  // namespace quillan

@@ -18,9 +18,16 @@ namespace quillan {
 inline constexpr I4 MKvrCard = 16;             // cards of a receiver
 inline constexpr I4 iSetupNone = -2147483647;  // no setup number was read
 
-/// Array index: card, or channel of a card, from 1. One value a keyword, the priority l... of the record that gave it
-/// (0: none), and the warnings NErr... about it.
-struct KvrGroup {
+/// The warnings so far about each keyword, and about keywords that are unknown.
+struct KvrWarnings {
+  I4 NErrType = 0, NErrNCard = 0, NErrBox = 0, NErrChn = 0, NErrSigSrc = 0, NErrCalVolt = 0, NErrBat = 0, NErrAmp = 0,
+     NErrTemp = 0, NErrHumid = 0, NErrBlk = 0, NErrSetup = 0, NErrAcqMethod = 0, NErrGainMode = 0, NErrTime = 0,
+     NErrUnknown = 0;
+};
+
+/// Array index: card, or channel of a card, from 1. One value a keyword, and the priority l... of the record that gave
+/// it (0: none).
+struct KvrGroup : KvrWarnings {
   // The instrument.
   I4 iType = 3;         // model, code in CKvrType
   Text<64> sFile;       // raw data file
@@ -50,36 +57,29 @@ struct KvrGroup {
   R4 fHumid = 0.0f;      // percent
 
   // The measurement.
-  Array1<R8, 2> dBlk = Filled<Array1<R8, 2>>(0.0);  // first and last block of the raw data file
-  I4 iSetup = iSetupNone;                           // setup number
-  I4 iAcqMethod = 4;                                // code in CAcqMethod
-  I4 iGainMode = 1;                                 // code in CGainMode
-  Text<16> sGainMethod;                             // how gains were chosen
-  Text<16> sDate;                                   // as written
-  Text<16> sTime;                                   // as written
-  R8 dHour = 0.0;                                   // hours, sTime as a number
+  Array1<R8, 2> dBlk{};    // first and last block of the raw data file
+  I4 iSetup = iSetupNone;  // setup number
+  I4 iAcqMethod = 4;       // code in CAcqMethod
+  I4 iGainMode = 1;        // code in CGainMode
+  Text<16> sGainMethod;    // how gains were chosen
+  Text<16> sDate;          // as written
+  Text<16> sTime;          // as written
+  R8 dHour = 0.0;          // hours, sTime as a number
 
   // Priorities.
   I4 lType = 0, lFile = 0, lOperator = 0, lSWVersion = 0, lSN = 0, lFPSN = 0, lTCardSN = 0, lNCard = 0, lBox = 0,
      lChn = 0, lADCardSN = 0, lADCardVR = 0, lADCardAT = 0, lCardType = 0, lSigSrc = 0, lCalVolt = 0, lSync = 0,
      lBat = 0, lAmp = 0, lTemp = 0, lHumid = 0, lBlk = 0, lSetup = 0, lAcqMethod = 0, lGainMode = 0, lGainMethod = 0,
      lDate = 0, lTime = 0, lHour = 0;
-
-  // Warnings so far.
-  I4 NErrType = 0, NErrNCard = 0, NErrBox = 0, NErrChn = 0, NErrSigSrc = 0, NErrCalVolt = 0, NErrSync = 0, NErrBat = 0,
-     NErrAmp = 0, NErrTemp = 0, NErrHumid = 0, NErrBlk = 0, NErrSetup = 0, NErrAcqMethod = 0, NErrGainMode = 0,
-     NErrTime = 0, NErrUnknown = 0;
 };
 
 // Module state. Kvr_MD_Read fills it, Kvr_MD_Initialize restores it.
 inline KvrGroup MdKvr;
 
-/// Every value gets its default and every priority 0; the warning counts only with bResetError, so that a file read
-/// again does not fill the screen again.
-void Kvr_MD_Initialize(KvrGroup& hKvr, bool bResetError);
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
+inline constexpr auto Kvr_MD_Initialize = MD_Initialize<KvrGroup, KvrWarnings>;
 
-/// Applies one record. IMERR: 0, also for a record that a higher priority keeps out; not 0 where a value is missing
-/// or could not be read; 3 the keyword is unknown.
-void Kvr_MD_Read(const MdRecord& hRecord, KvrGroup& hKvr, I4& IMERR);
+/// Applies one record. Returns the status of MD_Read.
+[[nodiscard]] I4 Kvr_MD_Read(const MdRecord& hRecord, KvrGroup& hKvr);
 
 }  // namespace quillan

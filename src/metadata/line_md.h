@@ -12,8 +12,13 @@
 
 namespace quillan {
 
-/// One value a keyword, the priority l... of the record that gave it (0: none), and the warnings NErr... about it.
-struct LineGroup {
+/// The warnings so far about each keyword, and about keywords that are unknown.
+struct LineWarnings {
+  I4 NErrNumber = 0, NErrAzimuth = 0, NErrType = 0, NErrUnknown = 0;
+};
+
+/// One value a keyword, and the priority l... of the record that gave it (0: none).
+struct LineGroup : LineWarnings {
   Text<16> sName = "0";  // line name
   Text<4> sDirection;    // direction letters as given
   Text<8> sSpread;       // spread identifier
@@ -22,18 +27,15 @@ struct LineGroup {
   I4 iType = 1;          // shape of the line, code in CLineType
 
   I4 lName = 0, lDirection = 0, lNumber = 0, lSpread = 0, lAzimuth = 0, lType = 0;
-
-  I4 NErrNumber = 0, NErrSpread = 0, NErrAzimuth = 0, NErrType = 0, NErrUnknown = 0;
 };
 
 // Module state. Line_MD_Read fills it, Line_MD_Initialize restores it.
 inline LineGroup MdLine;
 
-/// Every value gets its default and every priority 0; the warning counts only with bResetError.
-void Line_MD_Initialize(LineGroup& hLine, bool bResetError);
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
+inline constexpr auto Line_MD_Initialize = MD_Initialize<LineGroup, LineWarnings>;
 
-/// Applies one record. IMERR: 0, also for a record that a higher priority keeps out; not 0 where a value is missing or
-/// could not be read; 3 the keyword is unknown.
-void Line_MD_Read(const MdRecord& hRecord, LineGroup& hLine, I4& IMERR);
+/// Applies one record. Returns the status of MD_Read.
+[[nodiscard]] I4 Line_MD_Read(const MdRecord& hRecord, LineGroup& hLine);
 
 }  // namespace quillan

@@ -4,26 +4,26 @@
 // reader is a table with a row for each keyword:
 //
 //   constexpr MdRow<TxGroup> hTxRow[] = {
-//       {"*XYZ", Read_Vertex, &TxGroup::NErrXYZN},                 // every keyword that holds XYZ, a procedure
-//       {"AMP", &TxGroup::fAmp, &TxGroup::lAmp, &TxGroup::NErrAmp, 1.0, {-10000, 10000}},
-//       {"HPR", &TxGroup::fHPR, &TxGroup::lHPR, &TxGroup::NErrHPR, 90.0, {-360, 360},
-//        {.sLabel = "Tx.HPR", .iParse = MdParse::Azimuth}},        // array: the fields are its leading elements
-//       {"XAZIMUTH", &TxGroup::fHPR, &TxGroup::lHPR, &TxGroup::NErrHPR, 90.0, {-360, 360},
-//        {.iParse = MdParse::Azimuth, .iElement = 1}},             // one element of an array
-//       {"CMP", &RxGroup::iCmp, &RxGroup::lCmp, &RxGroup::NErrCmp, CChnCmp, "Rx.Cmp"},  // enumeration
-//       {"SN", &TxGroup::sSN, &TxGroup::lSN},                      // text
-//       {"RXLOC"},                                                 // accepted and dropped
+//       {"*XYZ", Read_Vertex},                                        // every keyword that holds XYZ, a procedure
+//       {"AMP", MD_Into<&TxGroup::fAmp, &TxGroup::lAmp, &TxGroup::NErrAmp>, 1.0, {-10000, 10000}},
+//       {"HPR", MD_Into<&TxGroup::fHPR, &TxGroup::lHPR, &TxGroup::NErrHPR>, 90.0, {-360, 360},
+//        {.sLabel = "Tx.HPR", .iParse = MdParse::Azimuth}},           // array: the fields are its leading elements
+//       {"XAZIMUTH", MD_Into<&TxGroup::fHPR, &TxGroup::lHPR, &TxGroup::NErrHPR>, 90.0, {-360, 360},
+//        {.iParse = MdParse::Azimuth, .iElement = 1}},                // one element of an array
+//       {"CMP", MD_Into<&RxGroup::iCmp, &RxGroup::lCmp, &RxGroup::NErrCmp>, CChnCmp, "Rx.Cmp"},  // enumeration
+//       {"SN", MD_Into<&TxGroup::sSN, &TxGroup::lSN>},                // text
+//       {"RXLOC"},                                                    // accepted and dropped
 //   };
 //
 // For each record: the first row that fits its keyword; gate by priority; parse; range; repair, warn and count. A
 // record of lower priority than the value in place is dropped in silence; one of equal priority replaces it, so the
-// last record of a file wins.
+// last record of a file wins. The counts of a group are the record <Group>Warnings that it is derived from: they
+// outlive the values, so that a file read again does not fill the screen again.
 #pragma once
 
 #include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 
 #include "base/array.h"
 #include "base/text.h"
@@ -34,9 +34,14 @@
 
 namespace quillan {
 
-inline constexpr I4 iMdUnknownKeyword = 3;  // IMERR of a keyword that no row has
+inline constexpr I4 iMdUnknownKeyword = 3;  // status of a keyword that no row has
 inline constexpr I4 MMdShown = 1;           // warnings of one keyword that show in a box; the others go to the file
 inline constexpr I4 MMdUnknownShown = 3;    // unknown keywords of a group that show in a box
+
+// Where a record comes from: its iPriority. The greater one wins, whichever is read first.
+inline constexpr I4 iPriorityMde = 1;      // metadata file
+inline constexpr I4 iPriorityData = 2;     // data file
+inline constexpr I4 iPriorityDerived = 3;  // computed
 
 /// One metadata record on its way to a group. The views live as long as the record's line.
 struct MdRecord {
@@ -45,8 +50,8 @@ struct MdRecord {
   std::string_view sName;         // the name as written, "Tx.Freq"
   std::string_view CKeyword;      // the keyword in upper case, aliases resolved, "FREQ"
   const FieldList& sField;        // the value cut into fields, 1..NField, at least one
-  I4 iPriority;                   // 1 metadata file, 2 data file, 3 derived
-  I4 iLength = 1;                 // code in CLengthUnit of a bare length; the group's reader sets it (MD_Length_Unit)
+  I4 iPriority;                   // where it comes from
+  I4 iLength = 1;                 // code in CLengthUnit of the survey's lengths
   std::string_view sReader = {};  // the reader as warnings name it; MD_Read sets it
 
   I4 NField() const { return sField.NFld(); }
@@ -71,7 +76,8 @@ struct MdLimits {
   MdRepair iRepair = MdRepair::Clamp;
   std::string_view sHead = "{reader}.WARNING:";
   std::string_view sDone = "{name} will be set = {value}";  // {value} after the repair
-  R8 dTestLow = dLow, dTestHigh = dHigh;  // the test where it differs from the limits that are told and clamped to
+  R8 dTestLow = dLow;    // the test where it differs from the limits that are named and clamped to
+  R8 dTestHigh = dHigh;  // of it, the upper limit
 
   constexpr bool Are_Set() const { return dLow < dHigh; }
 };
@@ -85,33 +91,6 @@ struct MdRule {
   MdParse iParse = MdParse::Plain;
 };
 
-/// The values that a row can fill: one or, of an array, all elements.
-using MdValues =
-    std::variant<std::span<R4>, std::span<R8>, std::span<I4>, std::span<L4>, std::span<Text<4>>, std::span<Text<8>>,
-                 std::span<Text<16>>, std::span<Text<32>>, std::span<Text<64>>, std::span<Text<128>>>;
-
-/// Where the values of one record go. lPriority: one for all values, or one for each.
-struct MdTarget {
-  MdValues hValue;
-  std::span<I4> lPriority;
-  I4& NWarn;           // warnings about the keyword
-  I4* NSet = nullptr;  // takes the number of values, if there is such a count
-};
-
-/// The fields of a group record that a row can name.
-template <class Group>
-using MdField =
-    std::variant<std::monostate, R4 Group::*, R8 Group::*, I4 Group::*, L4 Group::*, Text<4> Group::*, Text<8> Group::*,
-                 Text<16> Group::*, Text<32> Group::*, Text<64> Group::*, Text<128> Group::*, Array1<R4, 2> Group::*,
-                 Array1<R4, 3> Group::*, Array1<R4, 16> Group::*, Array1<R8, 2> Group::*, Array1<R8, 3> Group::*,
-                 Array1<R8, 16> Group::*, Array1<I4, 2> Group::*, Array1<I4, 16> Group::*, Array1<L4, 16> Group::*,
-                 Array1<Text<4>, 16> Group::*, Array1<Text<8>, 16> Group::*, Array1<Text<16>, 16> Group::*,
-                 Array1<Text<32>, 16> Group::*>;
-
-/// A priority: one, or one for each element of the value.
-template <class Group>
-using MdPriority = std::variant<I4 Group::*, Array1<I4, 2> Group::*, Array1<I4, 3> Group::*>;
-
 /// What few rows need.
 template <class Group>
 struct MdMore {
@@ -124,61 +103,57 @@ struct MdMore {
 /// A keyword of a group.
 template <class Group>
 struct MdRow {
-  using Procedure = void (*)(const MdRecord&, Group&, I4& IMERR);
-  using Count = I4 Group::*;
+  using Procedure = I4 (*)(const MdRecord&, Group&);             // returns the status of the record
+  using Filler = I4 (*)(const MdRecord&, Group&, const MdRow&);  // MD_Into
 
   /// Accepted and dropped.
   constexpr MdRow(std::string_view CWord) : CKeyword(CWord) {}
-  /// A procedure of its own, with the count that it raises. It gates by itself (MD_Passes).
-  constexpr MdRow(std::string_view CWord, Procedure Apply, Count NWarn = nullptr)
-      : CKeyword(CWord), Take(Apply), NErr(NWarn) {}
+  /// A procedure of its own. It gates by itself (MD_Passes).
+  constexpr MdRow(std::string_view CWord, Procedure Apply) : CKeyword(CWord), Take(Apply) {}
   /// Text.
-  constexpr MdRow(std::string_view CWord, MdField<Group> hValue, MdPriority<Group> lValue, MdMore<Group> hOdd = {})
-      : CKeyword(CWord), hField(hValue), lField(lValue), hMore(hOdd) {
-    hRule.sLabel = hOdd.sLabel;
-  }
+  constexpr MdRow(std::string_view CWord, Filler Into, MdMore<Group> hOdd = {})
+      : CKeyword(CWord), Fill(Into), hMore(hOdd) {}
   /// A number or a logical.
-  constexpr MdRow(std::string_view CWord, MdField<Group> hValue, MdPriority<Group> lValue, Count NWarn, R8 dDefault,
-                  MdLimits hLimits = {}, MdMore<Group> hOdd = {})
-      : CKeyword(CWord), hField(hValue), lField(lValue), NErr(NWarn), hMore(hOdd) {
-    hRule = {dDefault, hLimits, {}, hOdd.sLabel, hOdd.iParse};
-  }
+  constexpr MdRow(std::string_view CWord, Filler Into, R8 dDefault, MdLimits hLimits = {}, MdMore<Group> hOdd = {})
+      : CKeyword(CWord), Fill(Into), hRule{dDefault, hLimits, {}, hOdd.sLabel, hOdd.iParse}, hMore(hOdd) {}
   /// An enumeration.
-  constexpr MdRow(std::string_view CWord, MdField<Group> hValue, MdPriority<Group> lValue, Count NWarn,
-                  std::span<const std::string_view> CEnum, std::string_view sLabel, MdMore<Group> hOdd = {})
-      : CKeyword(CWord), hField(hValue), lField(lValue), NErr(NWarn), hMore(hOdd) {
-    hRule.CEnum = CEnum;
-    hRule.sLabel = sLabel;
-  }
+  constexpr MdRow(std::string_view CWord, Filler Into, std::span<const std::string_view> CEnum, std::string_view sLabel)
+      : CKeyword(CWord), Fill(Into), hRule{.CEnum = CEnum, .sLabel = sLabel} {}
 
   std::string_view CKeyword;  // upper case; with a leading "*" every keyword that holds the rest
   Procedure Take = nullptr;
-  MdField<Group> hField;
-  MdPriority<Group> lField = Count{};
-  Count NErr = nullptr;
+  Filler Fill = nullptr;
   MdRule hRule;
   MdMore<Group> hMore;
 };
 
-// The road of a record.
+/// What a row fills: a field of the group, or the elements of an array; its priority, one for all elements or one for
+/// each; and its warning count, where it has one.
+template <auto hValue, auto lValue, auto NErr = nullptr, class Group>
+[[nodiscard]] I4 MD_Into(const MdRecord& hRecord, Group& hGroup, const MdRow<Group>& hRow);
 
-/// Applies a record to a group by its table. sReader: the reader's name, "Tx_MD_Read". IMERR: 0, also for a record
-/// that a higher priority keeps out or whose value was clamped; the status of Str_Value where a field is missing or
-/// unreadable; iMdUnknownKeyword.
+// A group.
+
+/// Applies a record to a group by its table. sReader: the reader's name, "Tx_MD_Read". Returns 0, also for a record
+/// that a higher priority keeps out or whose value was clamped; not 0 where a field is missing (-1) or unreadable, the
+/// last such field deciding; iMdUnknownKeyword.
 template <class Group, std::size_t N>
-void MD_Read(std::string_view sReader, const MdRow<Group> (&hRow)[N], const MdRecord& hRecord, Group& hGroup,
-             I4& IMERR);
+[[nodiscard]] I4 MD_Read(std::string_view sReader, const MdRow<Group> (&hRow)[N], const MdRecord& hRecord,
+                         Group& hGroup);
 
-/// Every value of a group gets its default and every priority 0; with bResetError the warning counts get 0 too. Without
-/// it they go on growing, so that a file read again does not fill the screen again.
-template <class Group, std::size_t N>
-void MD_Initialize(const MdRow<Group> (&hRow)[N], Group& hGroup, bool bResetError);
+/// Every value of a group gets its default and every priority 0; with bResetError the warning counts get 0 too.
+template <class Group, class Warnings>
+void MD_Initialize(Group& hGroup, bool bResetError) {
+  Group hFresh{};
+  if (!bResetError) static_cast<Warnings&>(hFresh) = hGroup;
+  hGroup = hFresh;
+}
 
-// Steps of it, for the procedures of rows.
+// Steps of a reader, for the procedures of rows.
 
 /// Applies the record to one row, gate included: for a procedure that adds something to a plain row.
 template <class Group>
-void MD_Take_Row(const MdRow<Group>& hRow, const MdRecord& hRecord, Group& hGroup, I4& IMERR);
+[[nodiscard]] I4 MD_Take_Row(const MdRow<Group>& hRow, const MdRecord& hRecord, Group& hGroup);
 
 /// The gate: false when the value in place came with a higher priority, else the value now has the record's.
 inline bool MD_Passes(const MdRecord& hRecord, I4& lField) {
@@ -187,49 +162,42 @@ inline bool MD_Passes(const MdRecord& hRecord, I4& lField) {
   return true;
 }
 
-/// Reads one field into one value: parse, range, repair, warn, count. IMERR changes only when the field is missing or
-/// unreadable.
-void MD_Take_Value(const MdRecord& hRecord, std::string_view sField, std::string_view sLabel, const MdRule& hRule,
-                   R4& fValue, I4& NWarn, I4& IMERR);
-void MD_Take_Value(const MdRecord& hRecord, std::string_view sField, std::string_view sLabel, const MdRule& hRule,
-                   R8& dValue, I4& NWarn, I4& IMERR);
-void MD_Take_Value(const MdRecord& hRecord, std::string_view sField, std::string_view sLabel, const MdRule& hRule,
-                   I4& iValue, I4& NWarn, I4& IMERR);
-void MD_Take_Value(const MdRecord& hRecord, std::string_view sField, std::string_view sLabel, const MdRule& hRule,
-                   L4& bValue, I4& NWarn, I4& IMERR);
+/// Reads one field into one value (R4, R8, I4 or L4): parse, range, repair, warn, count. Returns 0, or the status of a
+/// field that is missing (-1) or unreadable.
+template <class T>
+[[nodiscard]] I4 MD_Take_Value(const MdRecord& hRecord, std::string_view sField, std::string_view sLabel,
+                               const MdRule& hRule, T& hValue, I4& NWarn);
 
-/// The range check alone: a value outside its limits is repaired, reported and counted. True when it was inside.
-bool MD_Check_Range(const MdRecord& hRecord, std::string_view sLabel, const MdLimits& hLimits, R4& fValue, I4& NWarn);
-bool MD_Check_Range(const MdRecord& hRecord, std::string_view sLabel, const MdLimits& hLimits, R8& dValue, I4& NWarn);
-bool MD_Check_Range(const MdRecord& hRecord, std::string_view sLabel, const MdLimits& hLimits, I4& iValue, I4& NWarn);
+/// The status of a record after one more of its fields: a field that was read leaves that of the fields before it.
+[[nodiscard]] inline I4 MD_Status(I4 iBefore, I4 iField) {
+  return iField != 0 ? iField : iBefore;
+}
+
+/// The range check alone (R4, R8 or I4): a value outside its limits is repaired, reported and counted.
+template <class T>
+void MD_Check_Range(const MdRecord& hRecord, std::string_view sLabel, const MdLimits& hLimits, T& hValue, I4& NWarn);
 
 /// Counts a warning and reports it: the first NShown in a box, the further ones in the error file alone.
 void MD_Warn(const ErrorLines& sError, I4& NWarn, I4 NShown = MMdShown);
 
-/// A number as warnings write it.
-std::string MD_Number(R8 dValue);
-std::string MD_Number(R4 fValue);
-std::string MD_Number(I4 iValue);
+/// A number (R4, R8 or I4) as warnings write it.
+template <class T>
+std::string MD_Number(T hValue);
 
 /// "Tx.HPR[2]" and "Grid.Ref1[1,2]".
 std::string MD_Label(std::string_view sName, I4 I);
 std::string MD_Label(std::string_view sName, I4 I, I4 J);
 
 /// The unit of the record's bare lengths: metres where a field holds an "m", feet where it holds an "f", the last field
-/// that has one decides; iLength where none has.
-I4 MD_Length_Unit(const MdRecord& hRecord, I4 iLength);
-
-/// Coordinates that stand as "x:y:z" in the first field or as fields "x, y, z": the parts, as many as hPart keeps.
-void MD_Split_Colon(const MdRecord& hRecord, FieldList& hPart);
+/// that has one decides; where none has, the survey's.
+I4 MD_Length_Unit(const MdRecord& hRecord);
 
 // What the templates above are made of.
 
-/// Takes the leading fields into the values of the target.
-void MD_Take_Fields(const MdRecord& hRecord, const MdTarget& hTarget, const MdRule& hRule, I4& IMERR);
 /// Whether a row's keyword fits.
 bool MD_Fits(std::string_view CRowKeyword, std::string_view CKeyword);
 /// The warning of a keyword that no row has.
-void MD_Warn_Unknown(const MdRecord& hRecord, I4& NErrUnknown, I4& IMERR);
+void MD_Warn_Unknown(const MdRecord& hRecord, I4& NErrUnknown);
 
 }  // namespace quillan
 

@@ -36,50 +36,41 @@ constexpr Array2<R8, 3, 0, MVertex> Unset_Local_Vertices() {
   return dVertex;
 }
 
-/// The index in a vertex keyword ("XYZ2": 2). False, with the report, when there is none or it lies beyond 0..MVertex.
-/// sHead, sIndex: "Tx_MD_READ" and "index value", as the report names them. IMERR: of Str_to_I4Index; 1 out of range.
-bool MD_Vertex_Index(const MdRecord& hRecord, std::string_view sHead, std::string_view sIndex, I4 MVertex, I4& iVertex,
-                     I4& IMERR);
+/// The index in a vertex keyword ("XYZ2": 2). sHead, sIndex: "Tx_MD_READ" and "index value", as reports name them.
+/// Returns 0; -1 when the keyword has no index, 1 when it lies beyond 0..MVertex, with a report.
+[[nodiscard]] I4 MD_Vertex_Index(const MdRecord& hRecord, std::string_view sHead, std::string_view sIndex, I4 MVertex,
+                                 I4& iVertex);
 
-/// The gate of a vertex record: false when its index is bad or a higher priority holds the vertex; else the vertex has
-/// the record's priority and is the last one read. Arguments and IMERR as for MD_Vertex_Index.
-template <I4 MVertex>
-bool MD_Passes_Vertex(const MdRecord& hRecord, std::string_view sHead, std::string_view sIndex,
-                      Array1<I4, 0, MVertex>& lVertex, I4& NLast, I4& iVertex, I4& IMERR) {
-  if (!MD_Vertex_Index(hRecord, sHead, sIndex, MVertex, iVertex, IMERR)) return false;
-  if (!MD_Passes(hRecord, lVertex(iVertex))) return false;
-  NLast = iVertex;
-  return true;
-}
-
-/// Reads one point, x:y:z or x, y, z, into the leading elements of an array of three. It gates by lPoint.
-void MD_Take_Point(const MdRecord& hRecord, const MdRule& hRule, Array1<R8, 3>& dPoint, I4& lPoint, I4& NWarn,
-                   I4& IMERR);
+/// Reads one point, x:y:z or x, y, z, into the leading elements of an array of three. It gates by lPoint. Returns the
+/// status of the record.
+[[nodiscard]] I4 MD_Take_Point(const MdRecord& hRecord, const MdRule& hRule, Array1<R8, 3>& dPoint, I4& lPoint,
+                               I4& NWarn);
 
 /// How many channels a record of points has, at most MXChn, and the parts of the point of channel J: field J where
 /// the first field has a colon, else fields 3J-2 to 3J.
 I4 MD_Channels_of_Points(const MdRecord& hRecord);
 void MD_Split_Channel(const MdRecord& hRecord, I4 J, FieldList& hPart);
 
-/// Reads one vertex of several channels into dVertex(J)(I, iVertex), J = 1.. the result. Labels: sLabel[I,J]. The
-/// caller gates.
+/// Reads one vertex of those channels into dVertex(J)(I, iVertex). Labels: sLabel[I,J]. The caller gates. Returns the
+/// status of the record.
 template <class Vertices>
-I4 MD_Take_Channel_Points(const MdRecord& hRecord, std::string_view sLabel, const MdRule& hRule, I4 iVertex,
-                          Vertices& dVertex, I4& NWarn, I4& IMERR) {
-  const I4 NChn = MD_Channels_of_Points(hRecord);
+[[nodiscard]] I4 MD_Take_Channel_Points(const MdRecord& hRecord, std::string_view sLabel, const MdRule& hRule,
+                                        I4 iVertex, Vertices& dVertex, I4& NWarn) {
+  I4 iStatus = 0;
   FieldList hPart(3);
-  for (I4 J = 1; J <= NChn; ++J) {
+  for (I4 J = 1; J <= MD_Channels_of_Points(hRecord); ++J) {
     MD_Split_Channel(hRecord, J, hPart);
     for (I4 I = 1; I <= hPart.NFld(); ++I) {
-      MD_Take_Value(hRecord, hPart(I), MD_Label(sLabel, I, J), hRule, dVertex(J)(I, iVertex), NWarn, IMERR);
+      const std::string sValue = MD_Label(sLabel, I, J);
+      iStatus = MD_Status(iStatus, MD_Take_Value(hRecord, hPart(I), sValue, hRule, dVertex(J)(I, iVertex), NWarn));
     }
   }
-  return NChn;
+  return iStatus;
 }
 
 /// The kind of sensor that a text means. The serial number of an antenna is a kind as well, and goes to iAntSN with
-/// the record's priority. IMERR: not 0 when a number cannot be read or the text is blank; then nothing changes.
-void MD_Take_Sensor(const MdRecord& hRecord, std::string_view sField, std::string_view sLabel, I4& iSensor, I4& iAntSN,
-                    I4& lAntSN, I4& IMERR);
+/// the record's priority. Returns 0; not 0 when a number cannot be read or the text is blank; then nothing changes.
+[[nodiscard]] I4 MD_Take_Sensor(const MdRecord& hRecord, std::string_view sField, std::string_view sLabel, I4& iSensor,
+                                I4& iAntSN, I4& lAntSN);
 
 }  // namespace quillan

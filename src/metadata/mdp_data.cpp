@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 #include <string>
-#include <type_traits>
 
 #include "base/program.h"
 #include "base/text.h"
@@ -165,11 +164,6 @@ constexpr AliasRow CAlias[] = {
 static_assert(std::size(CAlias) == NAlias);
 static_assert(std::ranges::is_sorted(CAlias, {}, &AliasRow::sSpelling));
 
-/// Whether a value is there: a value of nothing but stars and separators says that it is not set.
-bool Has_Value(std::string_view sValue) {
-  return Trimmed(sValue).find_first_not_of("*,;:") != std::string_view::npos;
-}
-
 /// The upper-case name of a record with its alias resolved.
 Text<MMdName> Resolved_Name(std::string_view sName) {
   const Text<MMdName> CName = Str_UpCase(sName);
@@ -178,126 +172,104 @@ Text<MMdName> Resolved_Name(std::string_view sName) {
   return bFound ? Text<MMdName>(hAlias->sLabel) : CName;
 }
 
-/// A record for the live record of its group; the readers of positions look at the units as well.
-template <auto Read, auto& hGroup>
-void Into(const MdRecord& hRecord, I4& IMERR) {
-  if constexpr (std::is_invocable_v<decltype(Read), const MdRecord&, decltype(hGroup), I4&>) {
-    Read(hRecord, hGroup, IMERR);
-  } else {
-    Read(hRecord, hGroup, MdUnit, IMERR);
-  }
-}
-
-/// HEADER is known to every program that reads such lines, and of no use to this one.
-void Drop(const MdRecord&, I4&) {}
-
-struct GroupReader {
+/// A metadata group: its name, and its reader and its initialiser for the live record.
+struct GroupRow {
   std::string_view CGroup;
-  void (*Read)(const MdRecord& hRecord, I4& IMERR);
+  I4 (*Read)(const MdRecord& hRecord);
+  void (*Initialize)(bool bResetError);
 };
+template <auto Read, auto Initialize, auto& hGroup>
+constexpr GroupRow Group(std::string_view CGroup) {
+  return {CGroup, [](const MdRecord& hRecord) { return Read(hRecord, hGroup); },
+          [](bool bResetError) { Initialize(hGroup, bResetError); }};
+}
 // clang-format off
-constexpr GroupReader hGroupReader[] = {
-    {"HEADER", Drop},
-    {"JOB",    Into<Job_MD_Read,     MdJob>},
-    {"SURVEY", Into<Survey_MD_Read,  MdSurvey>},
-    {"UNIT",   Into<Unit_MD_Read,    MdUnit>},
-    {"GRID",   Into<Grid_MD_Read,    MdGrid>},
-    {"LINE",   Into<Line_MD_Read,    MdLine>},
-    {"STN",    Into<Stn_MD_Read,     MdStn>},
-    {"KVR",    Into<Kvr_MD_Read,     MdKvr>},
-    {"GPS",    Into<Gps_MD_Read,     MdGps>},
-    {"CH",     Into<Ch_MD_Read,      MdChn>},
-    {"TX",     Into<Tx_MD_Read,      MdTx>},
-    {"RX",     Into<Rx_MD_Read,      MdRx>},
+constexpr GroupRow hGroupRow[] = {
+    Group<Job_MD_Read,    Job_MD_Initialize,    MdJob>("JOB"),
+    Group<Survey_MD_Read, Survey_MD_Initialize, MdSurvey>("SURVEY"),
+    Group<Unit_MD_Read,   Unit_MD_Initialize,   MdUnit>("UNIT"),
+    Group<Grid_MD_Read,   Grid_MD_Initialize,   MdGrid>("GRID"),
+    Group<Line_MD_Read,   Line_MD_Initialize,   MdLine>("LINE"),
+    Group<Stn_MD_Read,    Stn_MD_Initialize,    MdStn>("STN"),
+    Group<Kvr_MD_Read,    Kvr_MD_Initialize,    MdKvr>("KVR"),
+    Group<Gps_MD_Read,    Gps_MD_Initialize,    MdGps>("GPS"),
+    Group<Tx_MD_Read,     Tx_MD_Initialize,     MdTx>("TX"),
+    Group<Rx_MD_Read,     Rx_MD_Initialize,     MdRx>("RX"),
+    Group<Ch_MD_Read,     Ch_MD_Initialize,     MdChn>("CH"),
 };
 // clang-format on
 
-/// Name and value of a $ line. IOERR: 0, iMdpNoRecord, iMdpForeign.
-void Split_Line(std::string_view sRecord, Text<MMdName>& sName, std::string_view& sValue, I4& IOERR) {
-  IOERR = iMdpNoRecord;
+/// A $ line cut at its signs.
+struct LineParts {
+  I4 IOERR = iMdpNoRecord;  // 0, iMdpNoRecord, iMdpForeign
+  Text<MMdName> sName;
+  std::string_view sValue;
+};
+LineParts Split_Line(std::string_view sRecord) {
+  LineParts h;
   const std::size_t iDollar = sRecord.find('$');
   const std::size_t iEqual = sRecord.find('=');
-  if (iDollar == std::string_view::npos || iEqual == std::string_view::npos || iEqual < iDollar) return;
+  if (iDollar == std::string_view::npos || iEqual == std::string_view::npos || iEqual < iDollar) return h;
 
   std::size_t iName = iDollar + 1;
   const std::size_t iColon = sRecord.substr(0, iEqual).find(':');
   std::string sProgram;
   if (iColon != std::string_view::npos) {
-    IOERR = iMdpForeign;
-    if (iColon < iDollar) return;
+    h.IOERR = iMdpForeign;
+    if (iColon < iDollar) return h;
     const Text<MMdName> CProgram = Str_UpCase(Left_Adjusted(sRecord.substr(iName, iColon - iName)));
-    if (!(CProgram == CPrgName)) return;
+    if (!(CProgram == CPrgName)) return h;
     sProgram = CProgram.str() + ".";
     iName = iColon + 1;
   }
-  sName = sProgram + std::string(Left_Adjusted(sRecord.substr(iName, iEqual - iName)));
-  sValue = Cut_Text(Left_Adjusted(sRecord.substr(iEqual + 1)), MMdValue);
-  IOERR = Has_Value(sValue) ? 0 : iMdpNoRecord;
-}
-
-/// Group and keyword of a resolved name, at its first point. A name without a group is one of this program's own, of
-/// which it has none today.
-void Split_Name(std::string_view CName, std::string_view& CGroup, std::string_view& CKeyword) {
-  const std::size_t iPoint = CName.find('.');
-  const bool bGroup = iPoint != std::string_view::npos && iPoint > 0;
-  CGroup = bGroup ? CName.substr(0, iPoint) : CPrgName;
-  CKeyword = bGroup ? CName.substr(iPoint + 1) : CName;
-}
-
-void Set_Flag(bool* bFlag, bool bValue) {
-  if (bFlag != nullptr) *bFlag = bValue;
+  h.sName = sProgram + std::string(Left_Adjusted(sRecord.substr(iName, iEqual - iName)));
+  h.sValue = Cut_Text(Left_Adjusted(sRecord.substr(iEqual + 1)), MMdValue);
+  // A value of nothing but stars and separators says that it is not set.
+  const bool bSet = Trimmed(h.sValue).find_first_not_of("*,;:") != std::string_view::npos;
+  h.IOERR = bSet ? 0 : iMdpNoRecord;
+  return h;
 }
 
 }  // namespace
 
-void MDP_Initialize(I4& IMERR) {
-  MDP_Initialize_MD(IMERR, true);
+void MDP_Initialize() {
+  MDP_Initialize_MD(true);
 }
 
-void MDP_Initialize_MD(I4& IMERR, bool bResetError) {
-  IMERR = 0;
-  Job_MD_Initialize(MdJob, bResetError);
-  Survey_MD_Initialize(MdSurvey, bResetError);
-  Unit_MD_Initialize(MdUnit, bResetError);
-  Grid_MD_Initialize(MdGrid, bResetError);
-  Line_MD_Initialize(MdLine, bResetError);
-  Stn_MD_Initialize(MdStn, bResetError);
-  Kvr_MD_Initialize(MdKvr, bResetError);
-  Gps_MD_Initialize(MdGps, bResetError);
-  Tx_MD_Initialize(MdTx, bResetError);
-  Rx_MD_Initialize(MdRx, bResetError);
-  Ch_MD_Initialize(MdChn, bResetError);
+void MDP_Initialize_MD(bool bResetError) {
+  for (const GroupRow& hGroup : hGroupRow) hGroup.Initialize(bResetError);
 }
 
-void MDP_from_MDE(I4 iRecord, std::string_view sRecord, I4 iPriority, I4& IOERR, bool* bForeign) {
-  Text<MMdName> sName;
-  std::string_view sValue;
-  Split_Line(sRecord, sName, sValue, IOERR);
-  Set_Flag(bForeign, IOERR == iMdpForeign);
-  if (IOERR == 0) MDP_Read_Value(iRecord, sRecord, sName.trimmed(), sValue, iPriority, IOERR, bForeign);
+MdpStatus MDP_from_MDE(I4 iRecord, std::string_view sRecord, I4 iPriority) {
+  const LineParts h = Split_Line(sRecord);
+  if (h.IOERR != 0) return {h.IOERR, h.IOERR == iMdpForeign};
+  return MDP_Read_Value(iRecord, sRecord, h.sName.trimmed(), h.sValue, iPriority);
 }
 
-void MDP_Read_Value(I4 iRecord, std::string_view sRecord, std::string_view sName, std::string_view sValue, I4 iPriority,
-                    I4& IMERR, bool* bForeign) {
-  IMERR = 0;
-  Set_Flag(bForeign, false);
+MdpStatus MDP_Read_Value(I4 iRecord, std::string_view sRecord, std::string_view sName, std::string_view sValue,
+                         I4 iPriority) {
   const std::string_view sShort = Cut_Text(sName, MMdName);
   Str_to_Fld(Cut_Text(sValue, MMdValue), ",;", hMdpField);
-  if (hMdpField.NFld() < 1) return;
+  if (hMdpField.NFld() < 1) return {};
 
-  const Text<MMdName> CName = Resolved_Name(sShort);
-  std::string_view CGroup, CKeyword;
-  Split_Name(CName.trimmed(), CGroup, CKeyword);
+  // Group and keyword stand before and after the first point. A name without a group is one of this program's own, of
+  // which it has none today.
+  const Text<MMdName> CResolved = Resolved_Name(sShort);
+  const std::string_view CName = CResolved.trimmed();
+  const std::size_t iPoint = CName.find('.');
+  const bool bGroup = iPoint != std::string_view::npos && iPoint > 0;
+  const std::string_view CGroup = bGroup ? CName.substr(0, iPoint) : CPrgName;
+  const std::string_view CKeyword = bGroup ? CName.substr(iPoint + 1) : CName;
   if (CKeyword.empty()) {
     LogErr({"MDP_Read_Value.WARNING: No keyword name in " + std::string(Trimmed(sShort)) + " from line",
             std::string(Cut_Text(sRecord, MErr))});
-    IMERR = 1;
-    return;
+    return {.IOERR = 1};
   }
-  const auto* hReader = std::ranges::find(hGroupReader, CGroup, &GroupReader::CGroup);
-  if (hReader == std::end(hGroupReader)) return Set_Flag(bForeign, true);
-  hReader->Read({iRecord, sRecord, sShort, CKeyword, hMdpField, iPriority}, IMERR);
-  Set_Flag(bForeign, IMERR == iMdUnknownKeyword);
+  if (CGroup == "HEADER") return {};  // known to every program that reads such lines, and of no use to this one
+  const auto* hGroup = std::ranges::find(hGroupRow, CGroup, &GroupRow::CGroup);
+  if (hGroup == std::end(hGroupRow)) return {.bForeign = true};
+  const I4 iStatus = hGroup->Read({iRecord, sRecord, sShort, CKeyword, hMdpField, iPriority, MdUnit.iLength});
+  return {iStatus, iStatus == iMdUnknownKeyword};
 }
 
 }  // namespace quillan

@@ -28,12 +28,8 @@
 
 namespace quillan {
 
-// Where a record comes from: its iPriority. The greater one wins, whichever is read first.
-inline constexpr I4 iPriorityMde = 1;      // metadata file
-inline constexpr I4 iPriorityData = 2;     // data file
-inline constexpr I4 iPriorityDerived = 3;  // computed
-
-// IOERR of MDP_from_MDE beside the status of the group's reader.
+// Status of a line beside that of the group's reader: 0 taken; not 0 where a value is missing or unreadable; 3 unknown
+// keyword.
 inline constexpr I4 iMdpNoRecord = 1;  // the line holds no metadata or no value
 inline constexpr I4 iMdpForeign = 2;   // another program's line
 
@@ -45,40 +41,40 @@ inline constexpr I4 MMdValue = 2048;  // characters of a value; the rest is cut
 // Module state. MDP_Read_Value fills it for each record; nothing is read from it afterwards.
 inline FieldList hMdpField(MMdField, 128);
 
-/// Once at the start of the program: all groups get their defaults. IMERR: 0.
-void MDP_Initialize(I4& IMERR);
+/// Once at the start of the program: all groups get their defaults.
+void MDP_Initialize();
 
-/// All groups get their defaults; warning counts go on unless bResetError. IMERR: 0.
-void MDP_Initialize_MD(I4& IMERR, bool bResetError);
+/// All groups get their defaults; warning counts go on unless bResetError.
+void MDP_Initialize_MD(bool bResetError);
 
-/// Takes a $ line into its group. iRecord: its number in the source. IOERR: the status of the group's reader (0 taken;
-/// not 0 where a value is missing or unreadable; 3 unknown keyword), or iMdpNoRecord, or iMdpForeign.
-/// bForeign, where it is given: true for a line that no group takes, by its program, its group or its keyword. Such
-/// lines are kept and written back.
-void MDP_from_MDE(I4 iRecord, std::string_view sRecord, I4 iPriority, I4& IOERR, bool* bForeign = nullptr);
-
-/// The same for a line that is split already; sRecord is what reports show. IMERR: as IOERR above; 1 where the name
-/// leads to no keyword; 0 for a group that no reader serves.
-void MDP_Read_Value(I4 iRecord, std::string_view sRecord, std::string_view sName, std::string_view sValue, I4 iPriority,
-                    I4& IMERR, bool* bForeign = nullptr);
-
-// The same, the results returned.
+/// What became of a line.
 struct MdpStatus {
-  I4 IOERR = 0;
-  bool bForeign = false;
+  I4 IOERR = 0;           // status of the group's reader, or iMdpNoRecord, iMdpForeign; 0 for an unknown group
+  bool bForeign = false;  // no group takes the line, by its program, its group or its keyword
 };
-[[nodiscard]] inline MdpStatus MDP_from_MDE(I4 iRecord, std::string_view sRecord, I4 iPriority) {
-  MdpStatus h;
-  MDP_from_MDE(iRecord, sRecord, iPriority, h.IOERR, &h.bForeign);
-  return h;
+
+/// Takes a $ line into its group. iRecord: its number in the source. Foreign lines are kept and written back by those
+/// who hold the file.
+[[nodiscard]] MdpStatus MDP_from_MDE(I4 iRecord, std::string_view sRecord, I4 iPriority);
+
+/// The same for a line that is split already; sRecord is what reports show. IOERR is 1 where the name leads to no
+/// keyword.
+[[nodiscard]] MdpStatus MDP_Read_Value(I4 iRecord, std::string_view sRecord, std::string_view sName,
+                                       std::string_view sValue, I4 iPriority);
+
+// Old forms; they go when the last caller has changed.
+inline void MDP_Initialize(I4& IMERR) {
+  IMERR = 0;
+  MDP_Initialize();
 }
-inline void MDP_Initialize() {
-  I4 iError = 0;
-  MDP_Initialize(iError);
+inline void MDP_Initialize_MD(I4& IMERR, bool bResetError) {
+  IMERR = 0;
+  MDP_Initialize_MD(bResetError);
 }
-inline void MDP_Initialize_MD(bool bResetError) {
-  I4 iError = 0;
-  MDP_Initialize_MD(iError, bResetError);
+inline void MDP_from_MDE(I4 iRecord, std::string_view sRecord, I4 iPriority, I4& IOERR, bool* bForeign = nullptr) {
+  const MdpStatus h = MDP_from_MDE(iRecord, sRecord, iPriority);
+  IOERR = h.IOERR;
+  if (bForeign != nullptr) *bForeign = h.bForeign;
 }
 
 }  // namespace quillan

@@ -14,22 +14,27 @@
 #include "metadata/enm_data.h"
 #include "metadata/md_engine.h"
 #include "metadata/md_site.h"
-#include "metadata/unit_md.h"
 
 namespace quillan {
 
 /// Coordinates by channel: dXYZN(channel)(coordinate, vertex).
 using RxVertices = Array1<Array2<R8, 3, 0, MRxXYZ>, MXChn>;
 
-/// One value a keyword, the priority l... of the record that gave it (0: none), and the warnings NErr... about it.
-struct RxGroup {
+/// The warnings so far about each keyword, and about keywords that are unknown.
+struct RxWarnings {
+  I4 NErrKvrStn = 0, NErrStn = 0, NErrUTMC = 0, NErrDepth = 0, NErrXYZN = 0, NErrUTMN = 0, NErrHPR = 0, NErrAzm = 0,
+     NErrIncl = 0, NErrASpace = 0, NErrSSpace = 0, NErrLength = 0, NErrArea = 0, NErrNsp = 0, NErrCmp = 0,
+     NErrAntNum = 0, NErrAntScale = 0, NErrCntRes = 0, NErrSetupStn = 0, NErrSetupLength = 0, NErrWireCap = 0,
+     NErrAntDelay = 0, NErrAliasDelay = 0, NErrADDelay = 0, NErrADRamp = 0, NErrT0Delay = 0, NErrUnknown = 0;
+};
+
+/// One value a keyword, and the priority l... of the record that gave it (0: none).
+struct RxGroup : RxWarnings {
   // The site.
-  R8 dKvrStn = 0.0;                                       // station label as the receiver recorded it
-  R8 dStn = 0.0;                                          // station
-  Array1<R8, 3> dPltXYZ = Filled<Array1<R8, 3>>(dDummy);  // plotted point on the local grid; no record fills it
-  Array1<R8, 3> dPltUTM = Filled<Array1<R8, 3>>(dDummy);  // plotted point in UTM; no record fills it
-  Array1<R8, 3> dUTMC = Filled<Array1<R8, 3>>(dDummy);    // centre
-  R8 dDepth = 0.0;                                        // m, depth
+  R8 dKvrStn = 0.0;                                     // station label as the receiver recorded it
+  R8 dStn = 0.0;                                        // station
+  Array1<R8, 3> dUTMC = Filled<Array1<R8, 3>>(dDummy);  // centre
+  R8 dDepth = 0.0;                                      // m, depth
 
   // Vertices of the antennas. A record replaces its vertex for all channels; NXYZN and NUTMN are no counts.
   I4 NXYZN = 0;                      // vertex of the last local record
@@ -72,7 +77,7 @@ struct RxGroup {
   R4 fT0Delay = 0.0f;     // usec, time zero
 
   // Priorities.
-  I4 lKvrStn = 0, lStn = 0, lPltXYZ = 0, lPltUTM = 0, lUTMC = 0, lDepth = 0;
+  I4 lKvrStn = 0, lStn = 0, lUTMC = 0, lDepth = 0;
   Array1<I4, 0, MRxXYZ> lXYZN{}, lUTMN{};  // a priority for each vertex
   I4 lHPR = 0, lAzm = 0, lIncl = 0, lASpace = 0, lSSpace = 0;
   Array1<I4, 2> lLength{};
@@ -80,25 +85,16 @@ struct RxGroup {
   Array1<I4, 3> lArea{};
   I4 lNsp = 0, lCmp = 0, lSensor = 0, lAntSN = 0, lAntScale = 0, lCntRes = 0, lSetupStn = 0, lSetupLength = 0,
      lWireCap = 0, lAntDelay = 0, lAliasDelay = 0, lADDelay = 0, lADRamp = 0, lT0Delay = 0;
-
-  // Warnings so far.
-  I4 NErrKvrStn = 0, NErrStn = 0, NErrPltXYZ = 0, NErrPltUTM = 0, NErrUTMC = 0, NErrDepth = 0, NErrXYZN = 0,
-     NErrUTMN = 0, NErrHPR = 0, NErrAzm = 0, NErrIncl = 0, NErrASpace = 0, NErrSSpace = 0, NErrLength = 0,
-     NErrArea0 = 0, NErrArea = 0, NErrNsp = 0, NErrCmp = 0, NErrAntNum = 0, NErrAntScale = 0, NErrCntRes = 0,
-     NErrSetupStn = 0, NErrSetupLength = 0, NErrWireCap = 0, NErrAntDelay = 0, NErrAliasDelay = 0, NErrADDelay = 0,
-     NErrADRamp = 0, NErrT0Delay = 0, NErrUnknown = 0;
 };
 
 // Module state. Rx_MD_Read fills it, Rx_MD_Initialize restores it.
 inline RxGroup MdRx;
 
-/// Every value gets its default and every priority 0; the warning counts only with bResetError, so that a file read
-/// again does not fill the screen again.
-void Rx_MD_Initialize(RxGroup& hRx, bool bResetError);
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
+inline constexpr auto Rx_MD_Initialize = MD_Initialize<RxGroup, RxWarnings>;
 
-/// Applies one record; hUnit gives the unit of a bare length. IMERR: 0, also for a record that a higher priority keeps
-/// out; 1 a vertex index beyond MRxXYZ; not 0 where a value or an index is missing or could not be read; 3 the keyword
-/// is unknown.
-void Rx_MD_Read(const MdRecord& hRecord, RxGroup& hRx, const UnitGroup& hUnit, I4& IMERR);
+/// Applies one record. Returns the status of MD_Read, or 1 for a vertex index beyond MRxXYZ, -1 for a vertex without
+/// one.
+[[nodiscard]] I4 Rx_MD_Read(const MdRecord& hRecord, RxGroup& hRx);
 
 }  // namespace quillan

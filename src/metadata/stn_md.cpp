@@ -17,29 +17,25 @@ constexpr MdLimits hScale{.dLow = 1.0E-6,
 
 // clang-format off
 constexpr MdRow<Stn> hStnRow[] = {
-    // keyword       value              priority           warnings              words, or blank and limits
-    {"NUMBER",       &Stn::dNumber,     &Stn::lNumber,     &Stn::NErrNumber,     0.0, hStation},
-    {"NAME",         &Stn::sName,       &Stn::lName},
-    {"KVRBEG",       &Stn::dStnKvrBeg,  &Stn::lStnKvrBeg,  &Stn::NErrStnKvrBeg,  0.0, hStation},
-    {"KVREND",       &Stn::dStnKvrEnd,  &Stn::lStnKvrEnd,  &Stn::NErrStnKvrEnd,  0.0, hStation},
-    {"KVRINC",       &Stn::dStnKvrInc,  &Stn::lStnKvrInc,  &Stn::NErrStnKvrInc,  1.0, hStep},
-    {"KVRUNITSCALE", &Stn::dStnKvrUnit, &Stn::lStnKvrUnit, &Stn::NErrStnKvrUnit, 1.0, hScale},
-    {"BEG",          &Stn::dStnBeg,     &Stn::lStnBeg,     &Stn::NErrStnBeg,     0.0, hStation},
-    {"INC",          &Stn::dStnInc,     &Stn::lStnInc,     &Stn::NErrStnInc,     1.0, hStep},
-    {"UNITSCALE",    &Stn::dStnUnit,    &Stn::lStnUnit,    &Stn::NErrStnUnit,    1.0, hScale},
-    {"LEFT",         &Stn::dStnLeft,    &Stn::lStnLeft,    &Stn::NErrStnLeft,    0.0, hStation},
-    {"RIGHT",        &Stn::dStnRight,   &Stn::lStnRight,   &Stn::NErrStnRight,   0.0, hStation},
+    // keyword               value              priority           warnings               words, or blank and limits
+    {"NUMBER",       MD_Into<&Stn::dNumber,     &Stn::lNumber,     &Stn::NErrNumber>,     0.0, hStation},
+    {"NAME",         MD_Into<&Stn::sName,       &Stn::lName>},
+    {"KVRBEG",       MD_Into<&Stn::dStnKvrBeg,  &Stn::lStnKvrBeg,  &Stn::NErrStnKvrBeg>,  0.0, hStation},
+    {"KVREND",       MD_Into<&Stn::dStnKvrEnd,  &Stn::lStnKvrEnd,  &Stn::NErrStnKvrEnd>,  0.0, hStation},
+    {"KVRINC",       MD_Into<&Stn::dStnKvrInc,  &Stn::lStnKvrInc,  &Stn::NErrStnKvrInc>,  1.0, hStep},
+    {"KVRUNITSCALE", MD_Into<&Stn::dStnKvrUnit, &Stn::lStnKvrUnit, &Stn::NErrStnKvrUnit>, 1.0, hScale},
+    {"BEG",          MD_Into<&Stn::dStnBeg,     &Stn::lStnBeg,     &Stn::NErrStnBeg>,     0.0, hStation},
+    {"INC",          MD_Into<&Stn::dStnInc,     &Stn::lStnInc,     &Stn::NErrStnInc>,     1.0, hStep},
+    {"UNITSCALE",    MD_Into<&Stn::dStnUnit,    &Stn::lStnUnit,    &Stn::NErrStnUnit>,    1.0, hScale},
+    {"LEFT",         MD_Into<&Stn::dStnLeft,    &Stn::lStnLeft,    &Stn::NErrStnLeft>,    0.0, hStation},
+    {"RIGHT",        MD_Into<&Stn::dStnRight,   &Stn::lStnRight,   &Stn::NErrStnRight>,   0.0, hStation},
 };
 // clang-format on
 
 }  // namespace
 
-void Stn_MD_Initialize(StnGroup& hStn, bool bResetError) {
-  MD_Initialize(hStnRow, hStn, bResetError);
-}
-
-void Stn_MD_Read(const MdRecord& hRecord, StnGroup& hStn, I4& IMERR) {
-  MD_Read("Stn_MD_Read", hStnRow, hRecord, hStn, IMERR);
+I4 Stn_MD_Read(const MdRecord& hRecord, StnGroup& hStn) {
+  return MD_Read("Stn_MD_Read", hStnRow, hRecord, hStn);
 }
 
 }  // namespace quillan

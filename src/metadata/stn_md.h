@@ -14,8 +14,14 @@
 
 namespace quillan {
 
-/// One value a keyword, the priority l... of the record that gave it (0: none), and the warnings NErr... about it.
-struct StnGroup {
+/// The warnings so far about each keyword, and about keywords that are unknown.
+struct StnWarnings {
+  I4 NErrNumber = 0, NErrStnKvrBeg = 0, NErrStnKvrEnd = 0, NErrStnKvrInc = 0, NErrStnKvrUnit = 0, NErrStnBeg = 0,
+     NErrStnInc = 0, NErrStnUnit = 0, NErrStnLeft = 0, NErrStnRight = 0, NErrUnknown = 0;
+};
+
+/// One value a keyword, and the priority l... of the record that gave it (0: none).
+struct StnGroup : StnWarnings {
   // The current station.
   R8 dNumber = 0.0;      // station number
   Text<16> sName = "0";  // station name
@@ -36,21 +42,15 @@ struct StnGroup {
   // Priorities.
   I4 lNumber = 0, lName = 0, lStnKvrBeg = 0, lStnKvrEnd = 0, lStnKvrInc = 0, lStnKvrUnit = 0, lStnBeg = 0, lStnInc = 0,
      lStnUnit = 0, lStnLeft = 0, lStnRight = 0;
-
-  // Warnings so far.
-  I4 NErrNumber = 0, NErrName = 0, NErrStnKvrBeg = 0, NErrStnKvrEnd = 0, NErrStnKvrInc = 0, NErrStnKvrUnit = 0,
-     NErrStnBeg = 0, NErrStnInc = 0, NErrStnUnit = 0, NErrStnLeft = 0, NErrStnRight = 0, NErrUnknown = 0;
 };
 
 // Module state. Stn_MD_Read fills it, Stn_MD_Initialize restores it.
 inline StnGroup MdStn;
 
-/// Every value gets its default and every priority 0; the warning counts only with bResetError, so that a file read
-/// again does not fill the screen again.
-void Stn_MD_Initialize(StnGroup& hStn, bool bResetError);
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
+inline constexpr auto Stn_MD_Initialize = MD_Initialize<StnGroup, StnWarnings>;
 
-/// Applies one record. IMERR: 0, also for a record that a higher priority keeps out; not 0 where the value is missing
-/// or could not be read; 3 the keyword is unknown.
-void Stn_MD_Read(const MdRecord& hRecord, StnGroup& hStn, I4& IMERR);
+/// Applies one record. Returns the status of MD_Read.
+[[nodiscard]] I4 Stn_MD_Read(const MdRecord& hRecord, StnGroup& hStn);
 
 }  // namespace quillan

@@ -9,34 +9,34 @@ namespace {
 
 using Srv = SurveyGroup;
 
-void Read_Type(const MdRecord& hRecord, SurveyGroup& hSurvey, I4& IMERR) {
-  if (!MD_Passes(hRecord, hSurvey.lType)) return;
+I4 Read_Type(const MdRecord& hRecord, SurveyGroup& hSurvey) {
+  if (!MD_Passes(hRecord, hSurvey.lType)) return 0;
   hSurvey.sType = Str_UpCase(hRecord.sField(1));
   const std::string_view CType = hSurvey.sType.trimmed();
+  I4 iStatus = 0;
   if (CType == "NSAMT" || CType == "AMT" || CType == "MT") {
     hSurvey.iType = iSurveyNSAMT;
   } else {
-    MD_Take_Value(hRecord, hRecord.sField(1), "Survey.Type", {.CEnum = CSurveyType}, hSurvey.iType, hSurvey.NErrType,
-                  IMERR);
+    iStatus = MD_Take_Value(hRecord, hRecord.sField(1), "Survey.Type", {.CEnum = CSurveyType}, hSurvey.iType,
+                            hSurvey.NErrType);
   }
-  I4 IOERR = 0;
-  Fld_to_I4Version(hRecord.At(hRecord.sName), hRecord.sField(1), hSurvey.iVersion, hSurvey.iVersion, IOERR);
-  if (IOERR != 0) IMERR = IOERR;
+  return MD_Status(iStatus,
+                   Fld_to_I4Version(hRecord.At(hRecord.sName), hRecord.sField(1), hSurvey.iVersion, hSurvey.iVersion));
 }
 
 /// The type in force decides which arrays there are.
-void Read_Array(const MdRecord& hRecord, SurveyGroup& hSurvey, I4& IMERR) {
-  if (!MD_Passes(hRecord, hSurvey.lArray)) return;
+I4 Read_Array(const MdRecord& hRecord, SurveyGroup& hSurvey) {
+  if (!MD_Passes(hRecord, hSurvey.lArray)) return 0;
   hSurvey.sArray = hRecord.sField(1);
   const auto Take_Code = [&](std::span<const std::string_view> CEnum, I4& iArray) {
-    MD_Take_Value(hRecord, hRecord.sField(1), "Survey.Array", {.CEnum = CEnum}, iArray, hSurvey.NErrArray, IMERR);
+    return MD_Take_Value(hRecord, hRecord.sField(1), "Survey.Array", {.CEnum = CEnum}, iArray, hSurvey.NErrArray);
   };
   switch (hSurvey.iType) {
     case iSurveyLOTEM:
-    case iSurveyTEM: Take_Code(CTemArray, hSurvey.iTemArray); break;
+    case iSurveyTEM: return Take_Code(CTemArray, hSurvey.iTemArray);
     case iSurveyCSAMT:
-    case iSurveyNSAMT: Take_Code(CCsamtArray, hSurvey.iCsamtArray); break;
-    default: Take_Code(CIPArray, hSurvey.iIPArray); break;
+    case iSurveyNSAMT: return Take_Code(CCsamtArray, hSurvey.iCsamtArray);
+    default: return Take_Code(CIPArray, hSurvey.iIPArray);
   }
 }
 
@@ -49,26 +49,22 @@ constexpr MdLimits hZoneLimits = {.dLow = 1,
 
 // clang-format off
 constexpr MdRow<Srv> hSurveyRow[] = {
-    // keyword     value             priority          warnings             words or blank
-    {"ACQMETHOD", &Srv::iAcqMethod, &Srv::lAcqMethod, &Srv::NErrAcqMethod, CAcqMethod, "Survey.AcqMethod"},
-    {"TYPE",      Read_Type,                          &Srv::NErrType},
-    {"ARRAY",     Read_Array,                         &Srv::NErrArray},
-    {"SPREAD",    &Srv::sSpread,    &Srv::lSpread},
-    {"DATUM",     &Srv::sUTMDatum,  &Srv::lUTMDatum},
-    {"PROJ",      &Srv::sUTMProj,   &Srv::lUTMProj},
-    {"UTMZONE",   &Srv::iUTMZone,   &Srv::lUTMZone,   &Srv::NErrUTMZone,   0, hZoneLimits},
+    // keyword            value             priority          warnings              words or blank
+    {"ACQMETHOD", MD_Into<&Srv::iAcqMethod, &Srv::lAcqMethod, &Srv::NErrAcqMethod>, CAcqMethod, "Survey.AcqMethod"},
+    {"TYPE",      Read_Type},
+    {"ARRAY",     Read_Array},
+    {"SPREAD",    MD_Into<&Srv::sSpread,    &Srv::lSpread>},
+    {"DATUM",     MD_Into<&Srv::sUTMDatum,  &Srv::lUTMDatum>},
+    {"PROJ",      MD_Into<&Srv::sUTMProj,   &Srv::lUTMProj>},
+    {"UTMZONE",   MD_Into<&Srv::iUTMZone,   &Srv::lUTMZone,   &Srv::NErrUTMZone>,   0, hZoneLimits},
     {"DIRECTION"},
 };
 // clang-format on
 
 }  // namespace
 
-void Survey_MD_Initialize(SurveyGroup& hSurvey, bool bResetError) {
-  MD_Initialize(hSurveyRow, hSurvey, bResetError);
-}
-
-void Survey_MD_Read(const MdRecord& hRecord, SurveyGroup& hSurvey, I4& IMERR) {
-  MD_Read("Survey_MD_Read", hSurveyRow, hRecord, hSurvey, IMERR);
+I4 Survey_MD_Read(const MdRecord& hRecord, SurveyGroup& hSurvey) {
+  return MD_Read("Survey_MD_Read", hSurveyRow, hRecord, hSurvey);
 }
 
 }  // namespace quillan

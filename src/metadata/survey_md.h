@@ -1,6 +1,6 @@
 // survey_md.h: metadata group SURVEY: kind of survey, its array, and the frame of its coordinates.
 //
-//   $ Survey.Type= TEM2        digits behind the type are the version of the format
+//   $ Survey.Type= TEM2        digits after the type are the version of the format
 //   $ Survey.Array= INL        read against the arrays of the type that is in force, so the type stands first
 //   $ Survey.UTMZone= -13      south of the equator negative
 #pragma once
@@ -12,8 +12,13 @@
 
 namespace quillan {
 
-/// One value a keyword, the priority l... of the record that gave it (0: none), and the warnings NErr... about it.
-struct SurveyGroup {
+/// The warnings so far about each keyword, and about keywords that are unknown.
+struct SurveyWarnings {
+  I4 NErrAcqMethod = 0, NErrType = 0, NErrArray = 0, NErrUTMZone = 0, NErrUnknown = 0;
+};
+
+/// One value a keyword, and the priority l... of the record that gave it (0: none).
+struct SurveyGroup : SurveyWarnings {
   I4 iAcqMethod = 4;             // acquisition method, code in CAcqMethod: Transient
   Text<8> sType = "TEM";         // survey type as read, in upper case
   I4 iType = iSurveyTEM;         // survey type, code in CSurveyType
@@ -28,18 +33,15 @@ struct SurveyGroup {
   I4 iUTMZone = 0;               // UTM zone with its sign; 0 not set
 
   I4 lAcqMethod = 0, lType = 0, lArray = 0, lSpread = 0, lUTMDatum = 0, lUTMProj = 0, lUTMZone = 0;
-
-  I4 NErrAcqMethod = 0, NErrType = 0, NErrArray = 0, NErrUTMZone = 0, NErrUnknown = 0;
 };
 
 // Module state. Survey_MD_Read fills it, Survey_MD_Initialize restores it.
 inline SurveyGroup MdSurvey;
 
-/// Every value gets its default and every priority 0; the warning counts only with bResetError.
-void Survey_MD_Initialize(SurveyGroup& hSurvey, bool bResetError);
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
+inline constexpr auto Survey_MD_Initialize = MD_Initialize<SurveyGroup, SurveyWarnings>;
 
-/// Applies one record. IMERR: 0, also for a record that a higher priority keeps out; not 0 where a value is missing or
-/// could not be read; 3 the keyword is unknown.
-void Survey_MD_Read(const MdRecord& hRecord, SurveyGroup& hSurvey, I4& IMERR);
+/// Applies one record. Returns the status of MD_Read.
+[[nodiscard]] I4 Survey_MD_Read(const MdRecord& hRecord, SurveyGroup& hSurvey);
 
 }  // namespace quillan

@@ -14,18 +14,24 @@
 #include "metadata/enm_data.h"
 #include "metadata/md_engine.h"
 #include "metadata/md_site.h"
-#include "metadata/unit_md.h"
 
 namespace quillan {
 
 inline constexpr I4 MTxSense = 16;  // current sensors of a transmitter
 
-/// One value a keyword, the priority l... of the record that gave it (0: none), and the warnings NErr... about it.
-struct TxGroup {
+/// The warnings so far about each keyword, and about keywords that are unknown.
+struct TxWarnings {
+  I4 NErrKvrStn = 0, NErrStn = 0, NErrXYZC = 0, NErrXYZN = 0, NErrUTMN = 0, NErrHPR = 0, NErrAzm = 0, NErrIncl = 0,
+     NErrLength = 0, NErrArea = 0, NErrTurns = 0, NErrShunt = 0, NErrAmp = 0, NErrFreq = 0, NErrWaveform = 0,
+     NErrCycle = 0, NErrDuty = 0, NErrDelay = 0, NErrRamp = 0, NErrUnknown = 0;
+};
+
+/// One value a keyword, and the priority l... of the record that gave it (0: none).
+struct TxGroup : TxWarnings {
   // Place. A vertex record replaces its vertex; NXYZN and NUTMN are no counts.
   R8 dKvrStn = 0.0;                                                 // station label as the receiver recorded it
   R8 dStn = 0.0;                                                    // station
-  Array1<R8, 3> dUTMC = Filled<Array1<R8, 3>>(0.0);                 // centre
+  Array1<R8, 3> dUTMC{};                                            // centre
   I4 NXYZN = 0;                                                     // vertex of the last local record, not the highest
   Array2<R8, 3, 0, MTxXYZ> dXYZN = Unset_Local_Vertices<MTxXYZ>();  // corners on the local grid
   I4 NUTMN = 0;                                                     // vertex of the last UTM record, not the highest
@@ -60,36 +66,27 @@ struct TxGroup {
   Array1<I4, 2> lLength{};
   I4 lArea = 0, lTurn = 0, lShunt = 0, lAmp = 0, lFreq = 0, lWaveform = 0, lCycle = 0, lDuty = 0, lDelay = 0, lRamp = 0,
      lType = 0, lSN = 0;
-
-  // Warnings so far.
-  I4 NErrKvrStn = 0, NErrStn = 0, NErrXYZC = 0, NErrXYZN = 0, NErrUTMN = 0, NErrHPR = 0, NErrAzm = 0, NErrIncl = 0,
-     NErrLength = 0, NErrArea = 0, NErrTurns = 0, NErrShunt = 0, NErrAmp = 0, NErrFreq = 0, NErrWaveform = 0,
-     NErrCycle = 0, NErrDuty = 0, NErrDelay = 0, NErrRamp = 0, NErrUnknown = 0;
 };
 
 // Module state. Tx_MD_Read fills it, Tx_MD_Initialize restores it.
 inline TxGroup MdTx;
 
-/// Every value gets its default and every priority 0; the warning counts only with bResetError, so that a file read
-/// again does not fill the screen again.
-void Tx_MD_Initialize(TxGroup& hTx, bool bResetError);
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
+inline constexpr auto Tx_MD_Initialize = MD_Initialize<TxGroup, TxWarnings>;
 
-/// Applies one record; hUnit gives the unit of a bare length. IMERR: 0, also for a record that a higher priority keeps
-/// out; 1 a vertex index beyond MTxXYZ; not 0 where a value or an index is missing or could not be read; 3 the keyword
-/// is unknown.
-void Tx_MD_Read(const MdRecord& hRecord, TxGroup& hTx, const UnitGroup& hUnit, I4& IMERR);
+/// Applies one record. Returns the status of MD_Read, or 1 for a vertex index beyond MTxXYZ, -1 for a vertex without
+/// one.
+[[nodiscard]] I4 Tx_MD_Read(const MdRecord& hRecord, TxGroup& hTx);
 
 /// Centre, side and azimuth of the loop from its UTM vertices 1..NUTMN: dUTMC their mean; fLength, fAzm and fHPR(1)
 /// from vertex 1 to vertex 2, unless those lie on one point or beyond all measure apart. They take the least priority
-/// of the vertices, at most 3. IMERR: 0, also when fewer than two vertices leave everything as it was; 1 when one of
+/// of the vertices, at most 3. Returns 0, also when fewer than two vertices leave everything as it was; 1 when one of
 /// them was never read.
-void Tx_MD_UTMN_to_UTMC(TxGroup& hTx, I4& IMERR);
+[[nodiscard]] I4 Tx_MD_UTMN_to_UTMC(TxGroup& hTx);
 
-// The same, the status returned.
-[[nodiscard]] inline I4 Tx_MD_UTMN_to_UTMC(TxGroup& hTx) {
-  I4 IMERR = 0;
-  Tx_MD_UTMN_to_UTMC(hTx, IMERR);
-  return IMERR;
+// Old forms; they go when the last caller has changed.
+inline void Tx_MD_UTMN_to_UTMC(TxGroup& hTx, I4& IMERR) {
+  IMERR = Tx_MD_UTMN_to_UTMC(hTx);
 }
 
 }  // namespace quillan

@@ -4,7 +4,7 @@
 //   $ Unit.Time= msec
 //   $ Unit.Phase= mrad, IP     the unit and the sign convention
 //
-// TX and RX look at the length unit for every record, so a Unit.Length record counts for the lengths behind it alone.
+// The length unit goes along with every record, so a Unit.Length record counts only for the lengths after it.
 #pragma once
 
 #include "base/types.h"
@@ -13,8 +13,14 @@
 
 namespace quillan {
 
-/// One code a keyword, the priority l... of the record that gave it (0: none), and the warnings NErr... about it.
-struct UnitGroup {
+/// The warnings so far about each keyword, and about keywords that are unknown.
+struct UnitWarnings {
+  I4 NErrLength = 0, NErrTime = 0, NErrVmag = 0, NErrEfield = 0, NErrBfield = 0, NErrPhase = 0, NErrPhaseSign = 0,
+     NErrdBdt = 0, NErrRes = 0, NErrIP = 0, NErrUnknown = 0;
+};
+
+/// One code a keyword, and the priority l... of the record that gave it (0: none).
+struct UnitGroup : UnitWarnings {
   I4 iLength = iUnitMeters;  // length, code in CLengthUnit
   I4 iTime = 2;              // time, code in CTimeUnit: msec
   I4 iVmag = 3;              // voltage, code in CVUnit: mV/A
@@ -28,19 +34,15 @@ struct UnitGroup {
 
   I4 lLength = 0, lTime = 0, lVmag = 0, lEfield = 0, lBfield = 0, lPhase = 0, lPhaseSign = 0, ldBdt = 0, lRes = 0,
      lIP = 0;
-
-  I4 NErrLength = 0, NErrTime = 0, NErrVmag = 0, NErrEfield = 0, NErrBfield = 0, NErrPhase = 0, NErrPhaseSign = 0,
-     NErrdBdt = 0, NErrRes = 0, NErrIP = 0, NErrUnknown = 0;
 };
 
 // Module state. Unit_MD_Read fills it, Unit_MD_Initialize restores it.
 inline UnitGroup MdUnit;
 
-/// Every value gets its default and every priority 0; the warning counts only with bResetError.
-void Unit_MD_Initialize(UnitGroup& hUnit, bool bResetError);
+/// (hGroup, bResetError): every value gets its default, as MD_Initialize says.
+inline constexpr auto Unit_MD_Initialize = MD_Initialize<UnitGroup, UnitWarnings>;
 
-/// Applies one record. IMERR: 0, also for a record that a higher priority keeps out; not 0 where a word is missing or
-/// fits no unit (the code stays); 3 the keyword is unknown.
-void Unit_MD_Read(const MdRecord& hRecord, UnitGroup& hUnit, I4& IMERR);
+/// Applies one record. Returns the status of MD_Read. A word that fits no unit leaves the code as it is.
+[[nodiscard]] I4 Unit_MD_Read(const MdRecord& hRecord, UnitGroup& hUnit);
 
 }  // namespace quillan
