@@ -10,6 +10,7 @@
 #include <array>
 #include <cassert>
 #include <limits>
+#include <type_traits>
 
 #include "base/types.h"
 
@@ -24,6 +25,14 @@ class Array1 {
   static constexpr I4 iLow = B == iNoBound ? 1 : A;
   static constexpr I4 iHigh = B == iNoBound ? A : B;
   static constexpr I4 NSize = iHigh - iLow + 1;
+
+  Array1() = default;
+  /// Every element in turn: Array1<R4, 3>{1.0f, 2.0f, 3.0f}.
+  template <class... Item>
+    requires(sizeof...(Item) == NSize && (std::is_convertible_v<Item, T> && ...))
+  constexpr Array1(Item... hValue) : hItem{T{hValue}...} {}
+  /// The same where the elements are records in brackets of their own; elements that are left out are 0.
+  constexpr Array1(const std::array<T, static_cast<std::size_t>(NSize)>& hValue) : hItem(hValue) {}
 
   constexpr T& operator()(I4 I) {
     assert(I >= iLow && I <= iHigh);
