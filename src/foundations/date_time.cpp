@@ -21,17 +21,12 @@ constexpr I8 NWeekDay = 7;
 constexpr I4 MLeapSec = 17;
 // The last day before each leap second from 1981-06-30 to 2015-06-30. Later ones are unknown, and instruments and
 // programs that exchange times with ours count the same ones.
-constexpr Array1<I4, MLeapSec> JDayLeapSec{
-    {2444786, 2445151, 2445516, 2446247, 2447161, 2447892, 2448257, 2448804, 2449169, 2449534, 2450083, 2450630,
-     2451179, 2453736, 2454832, 2456109, 2457204}
-};
+constexpr Array1<I4, MLeapSec> JDayLeapSec{2444786, 2445151, 2445516, 2446247, 2447161, 2447892,
+                                           2448257, 2448804, 2449169, 2449534, 2450083, 2450630,
+                                           2451179, 2453736, 2454832, 2456109, 2457204};
 
 I4 Held_I4(I8 iValue) {
   return static_cast<I4>(std::clamp<I8>(iValue, std::numeric_limits<I4>::min(), std::numeric_limits<I4>::max()));
-}
-
-I4 Held_I4(R8 dWhole) {
-  return Nint(dWhole);
 }
 
 // ---- Clock times
@@ -44,14 +39,7 @@ void Report_No_Time(std::string_view sHHMMSS) {
   Report_Time("ERROR: Did not find expected hh:mm:ss.s format in \"" + std::string(Trimmed(sHHMMSS)) + '"');
 }
 
-void Hours_from_Seconds(std::string_view sSeconds, R8& dHours) {
-  R8 dSec = std::numeric_limits<R8>::quiet_NaN();  // stays where a comma stands in place of the number
-  if (!Free_Read(sSeconds, dSec))
-    Report_No_Time(sSeconds);
-  else if (!std::isnan(dSec))
-    dHours = dSec / dHourSec;
-}
-
+/// False where a part cannot be read.
 bool Hours_from_Parts(const ThreeParts& hTime, R8& dHours) {
   I8 iHour = 0;
   I4 iMin = 0;
@@ -82,10 +70,8 @@ void Report_Wide_Time(I4 iHour, I4 iMin, I4 iSec, I4 MSec) {
 
 // ---- Calendar days
 
-bool Recall_Day(const RememberedDate& hLast, std::string_view sDate, I4& iJDay) {
-  if (hLast.sDate.Is_Blank() || !(hLast.sDate == sDate)) return false;
-  iJDay = hLast.iJDay;
-  return true;
+bool Is_Last(const RememberedDate& hLast, std::string_view sDate) {
+  return !hLast.sDate.Is_Blank() && hLast.sDate == sDate;
 }
 
 /// A longer text would be remembered cut, and then stand for others.
@@ -110,33 +96,33 @@ I8 Full_Year(I4 iYear) {
 
 bool Day_of_Text(std::string_view sDate, const DateOrder& hOrder, I4& iJDay) {
   constexpr std::size_t NFirst = 4;  // characters before the first separator that count
-  ThreeParts hPart;
-  if (!Cut_In_Three(sDate, "/-", hPart)) return false;
-  if (hPart.sFirst.size() > NFirst) hPart.sFirst.remove_prefix(hPart.sFirst.size() - NFirst);
+  auto hPart = Cut_In_Three(sDate, "/-");
+  if (!hPart) return false;
+  if (hPart->sFirst.size() > NFirst) hPart->sFirst.remove_prefix(hPart->sFirst.size() - NFirst);
   std::array<I4, 3> iItem{};
-  if (!Free_Read(hPart.sFirst, iItem[0]) || !Free_Read(hPart.sSecond, iItem[1]) || !Free_Read(hPart.sThird, iItem[2]))
+  if (!Free_Read(hPart->sFirst, iItem[0]) || !Free_Read(hPart->sSecond, iItem[1]) ||
+      !Free_Read(hPart->sThird, iItem[2]))
     return false;
-  iJDay = JDay_from_iYYYYMMDD(Held_I4(Full_Year(iItem[hOrder.KYear])), iItem[hOrder.KMonth], iItem[hOrder.KDay]);
+  iJDay = JDay_from_iYYYYMMDD({Held_I4(Full_Year(iItem[hOrder.KYear])), iItem[hOrder.KMonth], iItem[hOrder.KDay]});
   return true;
 }
 
-void Day_from_Text(std::string_view sDate, const DateOrder& hOrder, I4 iDefault, RememberedDate& hLast, I4& iJDay,
-                   I4& IOERR) {
-  IOERR = 0;
-  if (Recall_Day(hLast, sDate, iJDay)) return;
-  iJDay = iDefault;
-  if (Is_Missing(sDate))
-    IOERR = -1;
-  else if (!Day_of_Text(sDate, hOrder, iJDay))
-    IOERR = 1;
-  else
-    Remember_Day(sDate, iJDay, hLast);
+I4 Day_from_Text(std::string_view sDate, const DateOrder& hOrder, I4 iDefault, RememberedDate& hLast, I4& iJDay) {
+  iJDay = Is_Last(hLast, sDate) ? hLast.iJDay : iDefault;
+  if (Is_Last(hLast, sDate)) return 0;
+  if (Is_Missing(sDate)) return -1;
+  if (!Day_of_Text(sDate, hOrder, iJDay)) return 1;
+  Remember_Day(sDate, iJDay, hLast);
+  return 0;
 }
 
 Text<16> Text_of_Day(I4 iJulianDay, const char* sForm, const DateOrder& hOrder) {
   if (iJulianDay < 1) return "*";
   std::array<I4, 3> iItem{};
-  JDay_to_iYYYYMMDD(iJulianDay, iItem[hOrder.KYear], iItem[hOrder.KMonth], iItem[hOrder.KDay]);
+  const CalendarDay hDay = JDay_to_iYYYYMMDD(iJulianDay);
+  iItem[hOrder.KYear] = hDay.iYYYY;
+  iItem[hOrder.KMonth] = hDay.iMM;
+  iItem[hOrder.KDay] = hDay.iDD;
   std::array<char, 48> sText;
   std::snprintf(sText.data(), sText.size(), sForm, iItem[0], iItem[1], iItem[2]);
   return sText.data();
@@ -152,110 +138,101 @@ I4 Leap_Seconds(I4 JDay) {
 }
 
 /// Seconds of the week, which may be negative, as a day and an hour.
-void Day_of_Week_Seconds(I4 iGpsWeek, I8 iSec, I4& JDay, R8& dHour) {
+DayAndHour Day_of_Week_Seconds(I4 iGpsWeek, I8 iSec) {
   const I8 iDayOfWeek = iSec / NDaySec;
-  JDay = Held_I4(iGpsWeek * NWeekDay + iGpsEpoch + iDayOfWeek);
-  dHour = static_cast<R8>(iSec - iDayOfWeek * NDaySec) / dHourSec;
+  return {Held_I4(iGpsWeek * NWeekDay + iGpsEpoch + iDayOfWeek),
+          static_cast<R8>(iSec - iDayOfWeek * NDaySec) / dHourSec};
 }
 
 }  // namespace
 
-void dHours_from_sHHMMSS(std::string_view sHHMMSS, R8 dDefault, R8& dHours, I4& IOERR) {
-  IOERR = 0;
+I4 dHours_from_sHHMMSS(std::string_view sHHMMSS, R8 dDefault, R8& dHours) {
   dHours = dDefault;
-  if (Is_Missing(sHHMMSS)) {
-    IOERR = -1;
-    return;
-  }
+  if (Is_Missing(sHHMMSS)) return -1;
   if (sHHMMSS.find(':') == std::string_view::npos) {
-    Hours_from_Seconds(sHHMMSS, dHours);
-    return;
+    R8 dSec = 0.0;
+    const Outcome iOutcome = List_Read(sHHMMSS, dSec);
+    if (iOutcome == Outcome::Value) dHours = dSec / dHourSec;
+    if (iOutcome == Outcome::Failed) Report_No_Time(sHHMMSS);
+    return 0;
   }
-  ThreeParts hTime;
-  if (!Cut_In_Three(sHHMMSS, ":", hTime)) {
-    IOERR = 1;
-    Report_No_Time(sHHMMSS);
-  } else if (!Hours_from_Parts(hTime, dHours)) {
-    IOERR = 1;
+  const auto hTime = Cut_In_Three(sHHMMSS, ":");
+  if (hTime && Hours_from_Parts(*hTime, dHours)) return 0;
+  if (hTime)
     Report_Time("ERROR reading hh:mm:ss.s value from " + std::string(Trimmed(sHHMMSS)) + '"');
-  }
+  else
+    Report_No_Time(sHHMMSS);
+  return 1;
 }
 
-void dHours_from_iHHMMSS(I4 iSgn, I4 iHour, I4 iMin, R4 fSec, R8& dHours) {
-  const R4 fHours = (fSec / 60.0f + static_cast<R4>(iMin)) / 60.0f + static_cast<R4>(iHour);
-  dHours = static_cast<R8>(fHours * static_cast<R4>(iSgn));
+R8 dHours_from_iHHMMSS(const ClockTime& hTime) {
+  const R4 fHours = (hTime.fSec / 60.0f + static_cast<R4>(hTime.iMin)) / 60.0f + static_cast<R4>(hTime.iHour);
+  return static_cast<R8>(fHours * static_cast<R4>(hTime.iSgn));
 }
 
-void dHours_to_sHHMMSS(R8 dHours, I4 NDec, std::string& sHHMMSS) {
+std::string dHours_to_sHHMMSS(R8 dHours, I4 NDec) {
   constexpr I4 MHour = 999999;  // beyond it the text has no room for the parts
-  sHHMMSS.assign(1, '*');
-  if (!Is_Present(dHours)) return;
-  I4 iSgn = 1;
-  I4 iHour = 0;
-  I4 iMin = 0;
-  R4 fSec = 0.0f;
-  dHours_to_iHHMMSS(dHours, iSgn, iHour, iMin, fSec);
-  const I4 NMilli = Nint(fSec * 1000.0f);
+  if (!Is_Present(dHours)) return "*";
+  ClockTime h = dHours_to_iHHMMSS(dHours);
+  const I4 NMilli = Nint(h.fSec * 1000.0f);
   I4 iSec = NMilli / 1000;
   const I4 MSec = NMilli % 1000;
-  Carry(iSec, iMin);
-  if (iHour <= MHour) Carry(iMin, iHour);
-  if (iHour > MHour) {
-    Report_Wide_Time(iHour, iMin, iSec, MSec);
-    return;
+  Carry(iSec, h.iMin);
+  if (h.iHour <= MHour) Carry(h.iMin, h.iHour);
+  if (h.iHour > MHour) {
+    Report_Wide_Time(h.iHour, h.iMin, iSec, MSec);
+    return "*";
   }
   std::array<char, 64> sText;
-  std::snprintf(sText.data(), sText.size(), "%s%02d:%02d:%02d.%03d", iSgn < 0 ? "-" : "", iHour, iMin, iSec, MSec);
-  sHHMMSS = sText.data();
+  std::snprintf(sText.data(), sText.size(), "%s%02d:%02d:%02d.%03d", h.iSgn < 0 ? "-" : "", h.iHour, h.iMin, iSec,
+                MSec);
+  const std::string sHHMMSS = sText.data();
   const I4 NDropped = NDec <= 0 ? 4 : 3 - std::min(NDec, 3);  // without decimals the point goes too
-  sHHMMSS.resize(sHHMMSS.size() - static_cast<std::size_t>(NDropped));
+  return sHHMMSS.substr(0, sHHMMSS.size() - static_cast<std::size_t>(NDropped));
 }
 
-void dHours_to_iHHMMSS(R8 dHours, I4& iSgn, I4& iHour, I4& iMin, R4& fSec) {
+ClockTime dHours_to_iHHMMSS(R8 dHours) {
   constexpr R8 dMicroSec = 1.6666667E-8;  // minutes, keeps 59.9999999 minutes from rounding badly
-  iSgn = dHours < 0.0 ? -1 : 1;
+  const I4 iSgn = dHours < 0.0 ? -1 : 1;
   const R8 dAbs = std::abs(dHours);
   const R8 dWhole = std::floor(dAbs);
   const R8 dMin = 60.0 * (dAbs - dWhole);
   const R8 dMinute = std::floor(std::fmod(dMin + dMicroSec, 60.0) - dMicroSec);
   // Within a millionth of a second below an hour the minutes come round to that hour.
-  const bool bNextHour = dMinute < 0.0;
-  iHour = Held_I4(bNextHour ? dWhole + 1.0 : dWhole);
-  iMin = bNextHour ? 0 : Held_I4(dMinute);
-  fSec = bNextHour ? 0.0f : static_cast<R4>(60.0 * (dMin - dMinute));
+  if (dMinute < 0.0) return {iSgn, Nint(dWhole + 1.0), 0, 0.0f};
+  return {iSgn, Nint(dWhole), Nint(dMinute), static_cast<R4>(60.0 * (dMin - dMinute))};
 }
 
-void NMEA_dHHMMSS_from_dHours(R8 dHours, R8& dHHMMSS) {
+R8 NMEA_dHHMMSS_from_dHours(R8 dHours) {
   const R8 dHour = std::trunc(dHours);
   const R8 dMin = std::trunc(std::fmod(60.0 * dHours, 60.0));
   const R8 dSec = std::fmod(3600.0 * dHours, 60.0);
-  dHHMMSS = dSec + 100.0 * dMin + 10000.0 * dHour;
+  return dSec + 100.0 * dMin + 10000.0 * dHour;
 }
 
-void NMEA_sHHMMSS_from_dHours(R8 dHours, std::string& sHHMMSS) {
-  R8 dHHMMSS = 0.0;
-  NMEA_dHHMMSS_from_dHours(dHours, dHHMMSS);
-  sHHMMSS.assign(1, '*');
-  if (!(dHHMMSS > -1.0E6 && dHHMMSS < 1.0E7)) return;  // seven places, one of them for the sign
+std::string NMEA_sHHMMSS_from_dHours(R8 dHours) {
+  const R8 dHHMMSS = NMEA_dHHMMSS_from_dHours(dHours);
+  if (!(dHHMMSS > -1.0E6 && dHHMMSS < 1.0E7)) return "*";  // seven places, one of them for the sign
   const R8 dWhole = std::trunc(dHHMMSS);
   std::array<char, 32> sDigits;
   std::array<char, 32> sText;
   std::snprintf(sDigits.data(), sDigits.size(), "%.6d", static_cast<I4>(dWhole));
   std::snprintf(sText.data(), sText.size(), "%7s", sDigits.data());
-  sHHMMSS = sText.data();
+  std::string sHHMMSS = sText.data();
   // A fraction that rounds to a whole second does not carry.
   std::snprintf(sText.data(), sText.size(), "%.2f", std::abs(dHHMMSS - dWhole));
-  sHHMMSS.append(std::string_view(sText.data()).substr(1));
+  return sHHMMSS.append(std::string_view(sText.data()).substr(1));
 }
 
-I4 JDay_from_iYYYYMMDD(I4 iYYYY, I4 iMM, I4 iDD) {
-  const I8 t = (I8{iMM} - 14) / 12;
-  const I8 iYear = I8{iYYYY} + t;
-  return Held_I4(iDD - I8{32075} + 1461 * (iYear + 4800) / 4 + 367 * (I8{iMM} - 2 - 12 * t) / 12 -
+I4 JDay_from_iYYYYMMDD(const CalendarDay& hDay) {
+  const I8 iMM = hDay.iMM;
+  const I8 t = (iMM - 14) / 12;
+  const I8 iYear = hDay.iYYYY + t;
+  return Held_I4(hDay.iDD - I8{32075} + 1461 * (iYear + 4800) / 4 + 367 * (iMM - 2 - 12 * t) / 12 -
                  3 * ((iYear + 4900) / 100) / 4);
 }
 
-void JDay_to_iYYYYMMDD(I4 JDay, I4& iYYYY, I4& iMM, I4& iDD) {
+CalendarDay JDay_to_iYYYYMMDD(I4 JDay) {
   I8 L = I8{JDay} + 68569;
   const I8 N = 4 * L / 146097;
   L -= (146097 * N + 3) / 4;
@@ -263,58 +240,55 @@ void JDay_to_iYYYYMMDD(I4 JDay, I4& iYYYY, I4& iMM, I4& iDD) {
   L = L - 1461 * I / 4 + 31;
   const I8 J = 80 * L / 2447;
   const I8 K = J / 11;
-  iDD = Held_I4(L - 2447 * J / 80);
-  iMM = Held_I4(J + 2 - 12 * K);
-  iYYYY = Held_I4(100 * (N - 49) + I + K);
+  return {Held_I4(100 * (N - 49) + I + K), Held_I4(J + 2 - 12 * K), Held_I4(L - 2447 * J / 80)};
 }
 
-void JDay_from_sMMDDYYYY(std::string_view sMMDDYYYY, I4 iDefault, I4& iJDay, I4& IOERR) {
-  Day_from_Text(sMMDDYYYY, hMonthDayYear, iDefault, hLastMMDDYYYY, iJDay, IOERR);
+I4 JDay_from_sMMDDYYYY(std::string_view sMMDDYYYY, I4 iDefault, I4& iJDay) {
+  return Day_from_Text(sMMDDYYYY, hMonthDayYear, iDefault, hLastMMDDYYYY, iJDay);
 }
 
-void JDay_from_sYYYYMMDD(std::string_view sYYYYMMDD, I4 iDefault, I4& iJDay, I4& IOERR) {
-  Day_from_Text(sYYYYMMDD, hYearMonthDay, iDefault, hLastYYYYMMDD, iJDay, IOERR);
+I4 JDay_from_sYYYYMMDD(std::string_view sYYYYMMDD, I4 iDefault, I4& iJDay) {
+  return Day_from_Text(sYYYYMMDD, hYearMonthDay, iDefault, hLastYYYYMMDD, iJDay);
 }
 
-void Str_to_JulianDay(std::string_view sDate, I4 iDefault, I4& iJDay, I4& IOERR) {
-  IOERR = 0;
-  if (Recall_Day(hLastJulianDay, sDate, iJDay)) return;
-  if (sDate.find('/') == std::string_view::npos)
-    JDay_from_sYYYYMMDD(sDate, iDefault, iJDay, IOERR);
-  else
-    JDay_from_sMMDDYYYY(sDate, iDefault, iJDay, IOERR);
+I4 Str_to_JulianDay(std::string_view sDate, I4 iDefault, I4& iJDay) {
+  if (Is_Last(hLastJulianDay, sDate)) {
+    iJDay = hLastJulianDay.iJDay;
+    return 0;
+  }
+  const bool bSlash = sDate.find('/') != std::string_view::npos;
+  const I4 IOERR = (bSlash ? JDay_from_sMMDDYYYY : JDay_from_sYYYYMMDD)(sDate, iDefault, iJDay);
   if (IOERR == 0) Remember_Day(sDate, iJDay, hLastJulianDay);
+  return IOERR;
 }
 
-void JDay_to_sMMDDYYYY(I4 iJulianDay, Text<16>& sMMDDYYYY) {
-  sMMDDYYYY = Text_of_Day(iJulianDay, "%02d/%02d/%d", hMonthDayYear);
+Text<16> JDay_to_sMMDDYYYY(I4 iJulianDay) {
+  return Text_of_Day(iJulianDay, "%02d/%02d/%d", hMonthDayYear);
 }
 
-void JDay_to_sYYYYMMDD(I4 iJulianDay, Text<16>& sYYYYMMDD) {
-  sYYYYMMDD = Text_of_Day(iJulianDay, "%d-%02d-%02d", hYearMonthDay);
+Text<16> JDay_to_sYYYYMMDD(I4 iJulianDay) {
+  return Text_of_Day(iJulianDay, "%d-%02d-%02d", hYearMonthDay);
 }
 
-void GPS_to_JDaydHour(I4 iGpsWeek, I4 iGpsSec, I4& JDay, R8& dHour) {
-  Day_of_Week_Seconds(iGpsWeek, iGpsSec, JDay, dHour);
+DayAndHour GPS_to_JDaydHour(const GpsTime& hTime) {
+  return Day_of_Week_Seconds(hTime.iGpsWeek, hTime.iGpsSec);
 }
 
-void GPS_to_UTC(I4 iGpsWeek, I4 iGpsSec, I4& JDay, R8& dHour) {
-  GPS_to_JDaydHour(iGpsWeek, iGpsSec, JDay, dHour);
+DayAndHour GPS_to_UTC(const GpsTime& hTime) {
   // One pass: a correction that crosses the start of the week gives a negative hour. Days before the first leap
   // second give the start of their week.
-  const I4 NLeap = Leap_Seconds(JDay);
-  Day_of_Week_Seconds(iGpsWeek, NLeap > 0 ? I8{iGpsSec} - NLeap : 0, JDay, dHour);
+  const I4 NLeap = Leap_Seconds(GPS_to_JDaydHour(hTime).JDay);
+  return Day_of_Week_Seconds(hTime.iGpsWeek, NLeap > 0 ? I8{hTime.iGpsSec} - NLeap : 0);
 }
 
-void GPS_from_UTC(I4 JDay, R8 dHour, I4& iGpsWeek, I4& iGpsSec) {
-  I8 iGpsDay = I8{JDay} - iGpsEpoch;
-  R8 dGpsHour = dHour + Leap_Seconds(JDay) / dHourSec;
+GpsTime GPS_from_UTC(const DayAndHour& hTime) {
+  I8 iGpsDay = I8{hTime.JDay} - iGpsEpoch;
+  R8 dGpsHour = hTime.dHour + Leap_Seconds(hTime.JDay) / dHourSec;
   if (dGpsHour > 24.0) {
     ++iGpsDay;
     dGpsHour -= 24.0;
   }
-  iGpsWeek = Held_I4(iGpsDay / NWeekDay);
-  iGpsSec = Held_I4(iGpsDay % NWeekDay * NDaySec + Nint(dGpsHour * dHourSec));
+  return {Held_I4(iGpsDay / NWeekDay), Held_I4(iGpsDay % NWeekDay * NDaySec + Nint(dGpsHour * dHourSec))};
 }
 
 void Date_Time_Initialize() {

@@ -40,13 +40,8 @@ inline L4 bAutoErr = false;                         // true: errors go to the lo
 inline L4 bQuietErr = false;                        // the user wants no further boxes of the running command
 
 /// Names the files after sFileStem (folder of it, or the working folder; extension dropped), removes what an earlier
-/// run left, and clears the state. IOERR: 0, or 1 when an old file cannot be removed.
-void Log_Initialize(std::string_view sFileStem, I4& IOERR);
-inline I4 Log_Initialize(std::string_view sFileStem) {
-  I4 IOERR = 0;
-  Log_Initialize(sFileStem, IOERR);
-  return IOERR;
-}
+/// run left, and clears the state. Status: 0, or 1 when an old file cannot be removed.
+[[nodiscard]] I4 Log_Initialize(std::string_view sFileStem);
 /// Closes the log file. The next line opens it again.
 void Log_Close();
 
@@ -62,6 +57,10 @@ void LogText_File(std::string_view sText);
 void LogErr(const ErrorLines& sError);
 /// A report for the error file alone, for one bad row of many; after 128 of them there are no more.
 void LogErr_File(const ErrorLines& sError);
-void LogErr_Screen(const ErrorLines& sError);
+
+// Old forms; they go when the last caller has changed.
+inline void Log_Initialize(std::string_view sFileStem, I4& IOERR) {
+  IOERR = Log_Initialize(sFileStem);
+}
 
 }  // namespace quillan

@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <limits>
 
 #include "foundations/log_file.h"
+#include "support/files.h"
 
 namespace quillan {
 namespace {
@@ -17,28 +16,15 @@ constexpr I4 iHighest = std::numeric_limits<I4>::max();
 class DateTime : public ::testing::Test {
  protected:
   DateTime() {
-    I4 IOERR = 0;
-    Log_Initialize("dates", IOERR);
+    EXPECT_EQ(Log_Initialize("dates"), 0);
     bAutoErr = true;
     Date_Time_Initialize();
   }
-
-  static std::string Reported() {
-    std::ifstream in(sErrFile);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
+  static std::string Reported() { return Read_Whole_File(sErrFile); }
 };
 
-std::string Clock(R8 dHours, I4 NDec) {
-  std::string sHHMMSS;
-  dHours_to_sHHMMSS(dHours, NDec, sHHMMSS);
-  return sHHMMSS;
-}
-
 std::string Date(I4 JDay) {
-  Text<16> sDate;
-  JDay_to_sYYYYMMDD(JDay, sDate);
-  return sDate.str();
+  return JDay_to_sYYYYMMDD(JDay).str();
 }
 
 TEST_F(DateTime, ClockTimesBecomeHours) {
@@ -61,12 +47,10 @@ TEST_F(DateTime, ClockTimesBecomeHours) {
       {"1:x:00",       -1.0,     1,  "ERROR reading hh:mm:ss.s value from 1:x:00\"\n"                },
   };
   for (const auto& h : hCase) {
-    I4 IOERR = 9;
-    Log_Initialize("dates", IOERR);
+    ASSERT_EQ(Log_Initialize("dates"), 0);
     R8 dHours = 0.0;
-    dHours_from_sHHMMSS(h.sHHMMSS, -1.0, dHours, IOERR);
+    EXPECT_EQ(dHours_from_sHHMMSS(h.sHHMMSS, -1.0, dHours), h.IOERR) << h.sHHMMSS;
     EXPECT_NEAR(dHours, h.dHours, 1.0E-12) << h.sHHMMSS;
-    EXPECT_EQ(IOERR, h.IOERR) << h.sHHMMSS;
     EXPECT_TRUE(Reported().ends_with(h.sReport)) << Reported();
     EXPECT_EQ(Reported().empty(), h.sReport[0] == '\0') << h.sHHMMSS;
   }
@@ -92,29 +76,23 @@ TEST_F(DateTime, HoursBecomeClockTimes) {
       {999999.5,                       0,  "999999:30:00"},
       {dDummy,                         3,  "*"           },
   };
-  for (const auto& h : hCase) EXPECT_EQ(Clock(h.dHours, h.NDec), h.sText) << h.dHours;
+  for (const auto& h : hCase) EXPECT_EQ(dHours_to_sHHMMSS(h.dHours, h.NDec), h.sText) << h.dHours;
   EXPECT_EQ(Reported(), "");
 }
 
 TEST_F(DateTime, AnHourTooWideIsReported) {
-  EXPECT_EQ(Clock(1234567.5, 0), "*");
+  EXPECT_EQ(dHours_to_sHHMMSS(1234567.5, 0), "*");
   EXPECT_TRUE(Reported().ends_with(
       " dHours_to_sHHMMSS.IOERR =     1\n iHour=1234567, iMin=    30\n iSec=     0, MSec=     0\n"))
       << Reported();
-  EXPECT_EQ(Clock(1.0E300, 0), "*");
+  EXPECT_EQ(dHours_to_sHHMMSS(1.0E300, 0), "*");
 }
 
 TEST_F(DateTime, PartsOfHoursGiveTheHoursBack) {
   for (const R8 dHours : {0.0, 12.51, -0.25, 23.999999, 1.0 / 60.0, 7.99999999999}) {
-    I4 iSgn = 0;
-    I4 iHour = 0;
-    I4 iMin = 0;
-    R4 fSec = 0.0f;
-    R8 dBack = 0.0;
-    dHours_to_iHHMMSS(dHours, iSgn, iHour, iMin, fSec);
-    EXPECT_TRUE(iMin >= 0 && iMin <= 59 && fSec >= 0.0f && fSec <= 60.0f) << dHours;
-    dHours_from_iHHMMSS(iSgn, iHour, iMin, fSec, dBack);
-    EXPECT_NEAR(dBack, dHours, 1.0E-6);
+    const ClockTime h = dHours_to_iHHMMSS(dHours);
+    EXPECT_TRUE(h.iMin >= 0 && h.iMin <= 59 && h.fSec >= 0.0f && h.fSec <= 60.0f) << dHours;
+    EXPECT_NEAR(dHours_from_iHHMMSS(h), dHours, 1.0E-6);
   }
 }
 
@@ -130,24 +108,17 @@ TEST_F(DateTime, NmeaTimes) {
       {1000.0,   10000000.0, "*"         },
   };
   for (const auto& h : hCase) {
-    R8 dHHMMSS = 0.0;
-    std::string sHHMMSS;
-    NMEA_dHHMMSS_from_dHours(h.dHours, dHHMMSS);
-    NMEA_sHHMMSS_from_dHours(h.dHours, sHHMMSS);
-    EXPECT_NEAR(dHHMMSS, h.dHHMMSS, 1.0E-6);
-    EXPECT_EQ(sHHMMSS, h.sText);
+    EXPECT_NEAR(NMEA_dHHMMSS_from_dHours(h.dHours), h.dHHMMSS, 1.0E-6);
+    EXPECT_EQ(NMEA_sHHMMSS_from_dHours(h.dHours), h.sText);
   }
 }
 
 TEST_F(DateTime, EveryDayOfFourCenturiesComesBack) {
-  EXPECT_EQ(JDay_from_iYYYYMMDD(2000, 1, 1), 2451545);
+  EXPECT_EQ(JDay_from_iYYYYMMDD({2000, 1, 1}), 2451545);
   for (I4 JDay = 2415021; JDay <= 2415021 + 146097; ++JDay) {
-    I4 iYYYY = 0;
-    I4 iMM = 0;
-    I4 iDD = 0;
-    JDay_to_iYYYYMMDD(JDay, iYYYY, iMM, iDD);
-    ASSERT_TRUE(iMM >= 1 && iMM <= 12 && iDD >= 1 && iDD <= 31) << JDay;
-    ASSERT_EQ(JDay_from_iYYYYMMDD(iYYYY, iMM, iDD), JDay);
+    const CalendarDay h = JDay_to_iYYYYMMDD(JDay);
+    ASSERT_TRUE(h.iMM >= 1 && h.iMM <= 12 && h.iDD >= 1 && h.iDD <= 31) << JDay;
+    ASSERT_EQ(JDay_from_iYYYYMMDD(h), JDay);
   }
 }
 
@@ -171,119 +142,86 @@ TEST_F(DateTime, DatesAreReadInEitherOrder) {
   };
   for (const auto& h : hCase) {
     I4 JDay = 9;
-    I4 IOERR = 9;
-    Str_to_JulianDay(h.sText, -1, JDay, IOERR);
-    EXPECT_EQ(IOERR, h.IOERR) << h.sText;
+    EXPECT_EQ(Str_to_JulianDay(h.sText, -1, JDay), h.IOERR) << h.sText;
     EXPECT_EQ(Date(JDay), h.sDate) << h.sText;
   }
   I4 JDay = 0;
-  I4 IOERR = 9;
-  Str_to_JulianDay("08-05-2004", -1, JDay, IOERR);
-  EXPECT_EQ(IOERR, 0);
-  EXPECT_EQ(JDay, JDay_from_iYYYYMMDD(2008, 5, 2004)) << "without a slash the year stands first";
+  EXPECT_EQ(Str_to_JulianDay("08-05-2004", -1, JDay), 0);
+  EXPECT_EQ(JDay, JDay_from_iYYYYMMDD({2008, 5, 2004})) << "without a slash the year stands first";
 }
 
 TEST_F(DateTime, DaysAreWrittenInEitherOrder) {
-  Text<16> sDate;
-  JDay_to_sMMDDYYYY(2453223, sDate);
-  EXPECT_EQ(sDate, "08/05/2004");
-  EXPECT_EQ(Date(2453223), "2004-08-05");
-  EXPECT_EQ(Date(0), "*");
-  JDay_to_sMMDDYYYY(iLowest, sDate);
-  EXPECT_EQ(sDate, "*");
+  EXPECT_EQ(JDay_to_sMMDDYYYY(2453223), "08/05/2004");
+  EXPECT_EQ(JDay_to_sYYYYMMDD(2453223), "2004-08-05");
+  EXPECT_EQ(JDay_to_sYYYYMMDD(0), "*");
+  EXPECT_EQ(JDay_to_sMMDDYYYY(iLowest), "*");
 }
 
 TEST_F(DateTime, ARememberedDateStandsForItsOwnTextAlone) {
-  const auto Day = [](const char* sText, I4& IOERR) {
-    I4 JDay = 0;
-    JDay_from_sMMDDYYYY(sText, -1, JDay, IOERR);
-    return JDay;
+  const I4 JDay = JDay_from_iYYYYMMDD({2004, 8, 5});
+  const struct {
+    const char* sText;
+    I4 JDay, IOERR;
+  } hCase[] = {
+      {"8/5/2004",                  JDay,       0 },
+      {"8/5/2004  ",                JDay,       0 },
+      {"8/x/2004",                  -1,         1 },
+      {"8/5/2004",                  JDay,       0 },
+      {"8/5/2004      , 1",         JDay,       0 }, // equal to others in its first 16 characters, as the next two are
+      {"8/00000000000005/2004",     JDay,       0 },
+      {"8/00000000000005/2005",     JDay + 365, 0 },
+      {"                 8/5/2004", JDay,       0 },
+      {"  ",                        -1,         -1},
   };
-  I4 IOERR = 0;
-  const I4 JDay = Day("8/5/2004", IOERR);
-  EXPECT_EQ(Day("8/5/2004  ", IOERR), JDay);
-  EXPECT_EQ(Day("8/x/2004", IOERR), -1);
-  EXPECT_EQ(IOERR, 1);
-  EXPECT_EQ(Day("8/5/2004", IOERR), JDay);
-  EXPECT_EQ(IOERR, 0);
-  // Texts that are equal in their first 16 characters, and a date behind more blanks than that.
-  EXPECT_EQ(Day("8/5/2004      , 1", IOERR), JDay);
-  EXPECT_EQ(Day("8/00000000000005/2004", IOERR), JDay);
-  EXPECT_EQ(Day("8/00000000000005/2005", IOERR), JDay + 365);
-  EXPECT_EQ(Day("                 8/5/2004", IOERR), JDay);
-  EXPECT_EQ(Day("  ", IOERR), -1);
-  EXPECT_EQ(IOERR, -1);
-  I4 JDayOther = 0;
-  JDay_from_sYYYYMMDD("8/5/2004", -1, JDayOther, IOERR);
-  EXPECT_NE(JDayOther, JDay) << "the two orders remember apart";
-}
-
-TEST_F(DateTime, GpsTimeIsCountedFromItsEpoch) {
-  I4 JDay = 0;
-  R8 dHour = 0.0;
-  GPS_to_JDaydHour(0, 0, JDay, dHour);
-  EXPECT_EQ(Date(JDay), "1980-01-06");
-  GPS_to_JDaydHour(1930, 86400 + 5400, JDay, dHour);
-  EXPECT_EQ(Date(JDay), "2017-01-02");
-  EXPECT_DOUBLE_EQ(dHour, 1.5);
+  I4 JFound = 0;
+  for (const auto& h : hCase) {
+    EXPECT_EQ(JDay_from_sMMDDYYYY(h.sText, -1, JFound), h.IOERR) << h.sText;
+    EXPECT_EQ(JFound, h.JDay) << h.sText;
+  }
+  EXPECT_EQ(JDay_from_sYYYYMMDD("8/5/2004", -1, JFound), 0);
+  EXPECT_NE(JFound, JDay) << "the two orders remember apart";
 }
 
 TEST_F(DateTime, UtcLagsGpsByTheKnownLeapSeconds) {
-  I4 iWeek = 0;
-  I4 iSec = 0;
-  I4 JDay = 0;
-  R8 dHour = 0.0;
-  GPS_from_UTC(JDay_from_iYYYYMMDD(2017, 1, 1), 0.0, iWeek, iSec);
-  EXPECT_EQ(iWeek, 1930);
-  EXPECT_EQ(iSec, 17) << "the leap second of 2016 is not known";
-  GPS_to_UTC(iWeek, iSec, JDay, dHour);
-  EXPECT_EQ(Date(JDay), "2017-01-01");
-  EXPECT_DOUBLE_EQ(dHour, 0.0);
+  EXPECT_EQ(Date(GPS_to_JDaydHour({0, 0}).JDay), "1980-01-06");
+  const DayAndHour hGps = GPS_to_JDaydHour({1930, 86400 + 5400});
+  EXPECT_EQ(Date(hGps.JDay), "2017-01-02");
+  EXPECT_DOUBLE_EQ(hGps.dHour, 1.5);
 
-  GPS_from_UTC(JDay_from_iYYYYMMDD(1981, 6, 30), 12.0, iWeek, iSec);
-  EXPECT_EQ(iSec % 60, 0) << "no leap second before the first";
-  GPS_from_UTC(JDay_from_iYYYYMMDD(2017, 1, 7), 23.9999, iWeek, iSec);
-  EXPECT_EQ(iWeek, 1931) << "the leap seconds reach into the next day";
-  EXPECT_EQ(iSec, 17);
+  const GpsTime hNewYear = GPS_from_UTC({JDay_from_iYYYYMMDD({2017, 1, 1}), 0.0});
+  EXPECT_EQ(hNewYear.iGpsWeek, 1930);
+  EXPECT_EQ(hNewYear.iGpsSec, 17) << "the leap second of 2016 is not known";
+  const DayAndHour hBack = GPS_to_UTC(hNewYear);
+  EXPECT_EQ(Date(hBack.JDay), "2017-01-01");
+  EXPECT_DOUBLE_EQ(hBack.dHour, 0.0);
 
-  GPS_to_UTC(1930, 5, JDay, dHour);
-  EXPECT_EQ(Date(JDay), "2017-01-01");
-  EXPECT_DOUBLE_EQ(dHour, -12.0 / 3600.0) << "a correction across the week's start stays negative";
+  EXPECT_EQ(GPS_from_UTC({JDay_from_iYYYYMMDD({1981, 6, 30}), 12.0}).iGpsSec % 60, 0) << "none before the first";
+  const GpsTime hNextDay = GPS_from_UTC({JDay_from_iYYYYMMDD({2017, 1, 7}), 23.9999});
+  EXPECT_EQ(hNextDay.iGpsWeek, 1931) << "the leap seconds reach into the next day";
+  EXPECT_EQ(hNextDay.iGpsSec, 17);
+
+  const DayAndHour hWeekStart = GPS_to_UTC({1930, 5});
+  EXPECT_EQ(Date(hWeekStart.JDay), "2017-01-01");
+  EXPECT_DOUBLE_EQ(hWeekStart.dHour, -12.0 / 3600.0) << "a correction across the week's start stays negative";
 }
 
 TEST_F(DateTime, HostileNumbersStayInRange) {
-  I4 i1 = 0;
-  I4 i2 = 0;
-  I4 i3 = 0;
-  R4 fSec = 0.0f;
-  R8 dHour = 0.0;
-  std::string sText;
   for (const I4 i : {iLowest, iHighest}) {
-    const I4 JDay = JDay_from_iYYYYMMDD(i, i, i);
-    EXPECT_EQ(JDay, i);
-    JDay_to_iYYYYMMDD(i, i1, i2, i3);
-    EXPECT_EQ(i1 > 0, i > 0);
-    GPS_to_JDaydHour(i, i, i1, dHour);
-    EXPECT_EQ(i1, i);
-    GPS_to_UTC(i, i, i1, dHour);
-    EXPECT_EQ(i1, i);
-    GPS_from_UTC(i, 1.0E300, i1, i2);
-    EXPECT_EQ(i2, iHighest);
+    EXPECT_EQ(JDay_from_iYYYYMMDD({i, i, i}), i);
+    EXPECT_EQ(JDay_to_iYYYYMMDD(i).iYYYY > 0, i > 0);
+    EXPECT_EQ(GPS_to_JDaydHour({i, i}).JDay, i);
+    EXPECT_EQ(GPS_to_UTC({i, i}).JDay, i);
+    EXPECT_EQ(GPS_from_UTC({i, 1.0E300}).iGpsSec, iHighest);
   }
   for (const R8 d : {1.0E300, -1.0E300, std::numeric_limits<R8>::infinity(), std::numeric_limits<R8>::quiet_NaN()}) {
-    dHours_to_iHHMMSS(d, i1, i2, i3, fSec);
-    EXPECT_GE(i2, 0);
-    dHours_to_sHHMMSS(d, 3, sText);
-    EXPECT_EQ(sText, "*");
-    NMEA_sHHMMSS_from_dHours(d, sText);
-    EXPECT_EQ(sText, "*");
+    EXPECT_GE(dHours_to_iHHMMSS(d).iHour, 0);
+    EXPECT_EQ(dHours_to_sHHMMSS(d, 3), "*");
+    EXPECT_EQ(NMEA_sHHMMSS_from_dHours(d), "*");
   }
   I4 JDay = 0;
-  I4 IOERR = 0;
-  Str_to_JulianDay("2147483647/1/2147483647", -1, JDay, IOERR);
-  EXPECT_EQ(IOERR, 0);
+  EXPECT_EQ(Str_to_JulianDay("2147483647/1/2147483647", -1, JDay), 0);
   R8 dHours = 0.0;
-  dHours_from_sHHMMSS("-9223372036854775808:2147483647:1e308", -1.0, dHours, IOERR);
+  EXPECT_EQ(dHours_from_sHHMMSS("-9223372036854775808:2147483647:1e308", -1.0, dHours), 0);
   EXPECT_LT(dHours, 0.0);
 }
 
