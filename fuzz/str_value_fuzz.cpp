@@ -6,7 +6,6 @@
 #include <string_view>
 #include <type_traits>
 
-#include "foundations/date_time.h"
 #include "foundations/log_file.h"
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
@@ -46,9 +45,6 @@ void Check_Quiet(std::string_view sField) {
   Check<R8>([](std::string_view sText, R8 d0, R8& d) { return Str_to_R8(sText, d0, d); }, sField);
   Check<R8>(Str_to_R8Time, sField);
   Check<I4>(Str_to_I4Version, sField);
-  Check<I4>(Str_to_JulianDay, sField);
-  Check<I4>(JDay_from_sMMDDYYYY, sField);
-  Check<R8>(dHours_from_sHHMMSS, sField);
   const R4 fAzimuth = Check<R4>(Str_to_R4Azimuth, sField);
   Str_Write_Brg(fAzimuth);
 
@@ -74,7 +70,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t NDa
   Begin_Fuzzing();
   NErr = MErr;  // the reports are made, but none is written to the disk
   bFldReported = true;
-  Date_Time_Initialize();
   const std::string_view sField(reinterpret_cast<const char*>(pData), NData);
   Check_Free_Read<I4>(sField);
   Check_Free_Read<I8>(sField);

@@ -18,15 +18,6 @@ constexpr std::string_view sDigits = "0123456789";
 
 }  // namespace
 
-std::optional<ThreeParts> Cut_In_Three(std::string_view sText, std::string_view sSeparators) {
-  sText = Trimmed(sText);
-  const std::size_t K1 = sText.find_first_of(sSeparators);
-  if (K1 == std::string_view::npos) return {};
-  const std::size_t K2 = sText.find_last_of(sSeparators);
-  if (K1 < 1 || K2 <= K1 + 1 || K2 + 1 >= sText.size()) return {};
-  return ThreeParts{sText.substr(0, K1), sText.substr(K1 + 1, K2 - K1 - 1), sText.substr(K2 + 1)};
-}
-
 bool Is_Missing(std::string_view sField) {
   return Trimmed(sField).empty() || sField.find('*') != std::string_view::npos;
 }
@@ -154,20 +145,32 @@ I4 Str_to_R4Meters(std::string_view sField, I4 iLength, R4 fDefault, R4& fMeters
   return iOutcome == Outcome::Failed ? 1 : 0;
 }
 
-I4 Str_to_R8Time(std::string_view sField, R8 dDefault, R8& dHours) {
+namespace {
+
+/// hh:mm:ss, cut at the first and at the last colon. Returns 0, or 1 where the text has another form.
+I4 Hours_of_Clock(std::string_view sTime, R8& dHours) {
   constexpr std::size_t NHour = 2;  // characters before the colon that are hours
-  dHours = dDefault;
-  if (Is_Missing(sField)) return -1;
-  if (Free_Read(sField, dHours)) return 0;
-  auto hTime = Cut_In_Three(sField, ":");
-  if (!hTime) return 1;
-  if (hTime->sFirst.size() > NHour) hTime->sFirst.remove_prefix(hTime->sFirst.size() - NHour);
+  sTime = Trimmed(sTime);
+  const std::size_t K1 = sTime.find(':');
+  const std::size_t K2 = sTime.rfind(':');
+  if (K1 == std::string_view::npos || K1 < 1 || K2 <= K1 + 1 || K2 + 1 >= sTime.size()) return 1;
+  const std::size_t KHour = K1 > NHour ? K1 - NHour : 0;
   I4 iHour = 0;
   I4 iMin = 0;
   R8 dSec = 0.0;
-  if (!Free_Read(hTime->sFirst, iHour) || !Free_Read(hTime->sSecond, iMin) || !Free_Read(hTime->sThird, dSec)) return 1;
+  if (!Free_Read(sTime.substr(KHour, K1 - KHour), iHour) || !Free_Read(sTime.substr(K1 + 1, K2 - K1 - 1), iMin) ||
+      !Free_Read(sTime.substr(K2 + 1), dSec))
+    return 1;
   dHours = ((dSec / 60.0) + iMin) / 60.0 + iHour;
   return 0;
+}
+
+}  // namespace
+
+I4 Str_to_R8Time(std::string_view sField, R8 dDefault, R8& dHours) {
+  dHours = dDefault;
+  if (Is_Missing(sField)) return -1;
+  return Free_Read(sField, dHours) ? 0 : Hours_of_Clock(sField, dHours);
 }
 
 I4 Str_to_I4Version(std::string_view sField, I4 iDefault, I4& iVersion) {

@@ -7,20 +7,12 @@
 // Numbers are read as a list-directed read reads them (see free_read.h).
 #pragma once
 
-#include <optional>
 #include <string_view>
 
 #include "base/types.h"
 #include "foundations/free_read.h"
 
 namespace quillan {
-
-/// A clock time or a date cut at the first and at the last of its separators.
-struct ThreeParts {
-  std::string_view sFirst, sSecond, sThird;
-};
-/// None unless two separators leave at least one character before, between and after them.
-[[nodiscard]] std::optional<ThreeParts> Cut_In_Three(std::string_view sText, std::string_view sSeparators);
 
 /// Whether a field is blank or holds "*".
 [[nodiscard]] bool Is_Missing(std::string_view sField);

@@ -198,16 +198,6 @@ TEST(StrValue, TimesAreDecimalOrWithColons) {
   });
 }
 
-TEST(StrValue, ThreePartsNeedTextOnBothSidesOfTheSeparators) {
-  const auto h = Cut_In_Three("2004-08-05 ", "/-");
-  ASSERT_TRUE(h);
-  EXPECT_EQ(h->sFirst, "2004");
-  EXPECT_EQ(h->sSecond, "08");
-  EXPECT_EQ(h->sThird, "05");
-  for (const char* sText : {"", "-", "--", "a-b", "-a-b", "a--b", "a-b-", "a-b-  "})
-    EXPECT_FALSE(Cut_In_Three(sText, "/-")) << sText;
-}
-
 // ---- Reporting readers
 
 /// A log of its own for each test; errors go there instead of into boxes.
