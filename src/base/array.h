@@ -2,6 +2,7 @@
 //
 //   Array1<R4, 64> fTWCen;        fTWCen(1) .. fTWCen(64)
 //   Array1<I4, 0, 32> lXYZN;      lXYZN(0) .. lXYZN(32)
+//   Array1<R4, 3> fHPR{0.0f, 90.0f, 0.0f};
 //   Array2<R8, 3, 0, 32> dUTMN;   dUTMN(1, 0) .. dUTMN(3, 32); the first index runs over the coordinates
 //
 // Indices are asserted in debug builds. Arrays are plain values: copied by assignment, no allocation.

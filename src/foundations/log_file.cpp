@@ -107,7 +107,7 @@ void Show_Report(const ErrorLines& sError) {
   std::string sErrText;
   for (const std::string& sLine : First_Lines(sError)) {
     if (!sErrText.empty()) sErrText += '\n';
-    sErrText += Cut_Text(Trimmed(sLine), static_cast<std::size_t>(MErr));
+    sErrText += Cut_Text(Trimmed(sLine), MErrText);
   }
   const AfterReport iAnswer = hUser.Tell(sErrText);
   if (iAnswer == AfterReport::Stop) Stop_Program();

@@ -38,8 +38,7 @@ void InsertSort(I4 NX, std::span<const Item> XA, std::span<I4> JSort) {
 inline constexpr auto InsertSort_R4 = InsertSort<R4>;
 inline constexpr auto InsertSort_R8 = InsertSort<R8>;
 
-/// The same by a heap sort. Equal items come in no particular order, but always in the same one: a table that was
-/// sorted before keeps its place among stations of one number.
+/// The same by a heap sort. Equal items come in no particular order, but always in the same one.
 void HeapSort_R4(I4 NX, std::span<const R4> XA, std::span<I4> JSort);
 
 /// The heap sort on tuples of MKey keys; key K of point j stands at (j - 1) * MKey + K - 1. The first key in which two

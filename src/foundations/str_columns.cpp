@@ -10,8 +10,7 @@ namespace quillan {
 
 namespace {
 
-constexpr std::size_t MReportLine = 128;  // characters of a reported line
-constexpr std::size_t MMissing = 3;       // missing columns that are named
+constexpr std::size_t MMissing = 3;  // missing columns that are named
 
 /// Cuts the labels of a record and begins a match of N variables. Returns the labels in upper case.
 std::vector<std::string> Begin_Match(std::string_view sRecord, std::size_t N, I4 MFC, ColumnMap& hColumn) {
@@ -49,14 +48,14 @@ std::string_view Translated(std::string_view CLabel, std::span<const AliasRow> C
   return CLabel;
 }
 
-/// Reports the variables without a column, three at most; sBefore stands before the name of each. Returns the status: 0
-/// none is missing, 1.
+/// Reports the variables without a column, three at most; sBefore stands before the name of each. Returns 1 when any is
+/// missing, else 0.
 I4 Report_Missing(const ColumnMap& hColumn, std::span<const std::string_view> CID, std::string_view sBefore) {
   ErrorLines sError;
   for (std::size_t j = 0; j < hColumn.KCol.size() && sError.size() < MMissing; ++j) {
     if (hColumn.KCol[j] != 0) continue;
     const std::string sLine = std::string(sBefore).append(Trimmed(CID[j])).append(" column.");
-    sError.emplace_back(Cut_Text(sLine, MReportLine));
+    sError.emplace_back(Cut_Text(sLine, MErrText));
   }
   if (sError.empty()) return 0;
   LogErr(sError);

@@ -82,10 +82,6 @@ void Report_Extra_Columns(I4 MFld) {
   LogErr({"WARNING: more than " + std::to_string(MFld) + " columns in csv file.", "Extra columns will be dropped."});
 }
 
-char Upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 bool Holds(std::string_view sText, std::string_view sPart) {
   return sText.find(sPart) != iNone;
 }
@@ -211,7 +207,7 @@ Text<32> Str_Trim0(std::string_view sText) {
 
 std::string Str_UpCase(std::string_view sText) {
   std::string CText(sText);
-  std::transform(CText.begin(), CText.end(), CText.begin(), Upper);
+  std::transform(CText.begin(), CText.end(), CText.begin(), Upper_Case);
   return CText;
 }
 

@@ -12,7 +12,6 @@ namespace quillan {
 namespace {
 
 constexpr std::size_t NWork = 32;                 // characters of a field that are searched for a real
-constexpr std::size_t MLine = 128;                // characters of a line of a report
 constexpr R4 fMetersPerUnit[] = {1.0f, 0.3048f};  // metres, feet
 constexpr std::string_view sDigits = "0123456789";
 
@@ -202,7 +201,7 @@ I4 Reported(I4 IOERR, const FieldContext& hAt, std::string_view sKind, std::stri
   if (IOERR <= 0) return IOERR;
   std::string sWhat = "ERROR reading ";
   sWhat.append(sKind).append(Trimmed(hAt.sLabel)).append(sFrom).append(Trimmed(sField));
-  const auto Line_of = [](std::string_view sText) { return std::string(Cut_Text(sText, MLine)); };
+  const auto Line_of = [](std::string_view sText) { return std::string(Cut_Text(sText, MErrText)); };
   const ErrorLines sError{Line_of(sWhat), "Record number " + std::to_string(hAt.iRecord), Line_of(hAt.sRecord)};
   if (bFldReported)
     LogErr_File(sError);

@@ -33,7 +33,7 @@ bool RecordReader::Next() {
 }
 
 /// The record that the block's end cuts, or the last one of a file without an end of its own. One byte more than the
-/// longest record is kept: a carriage return may stand there, and only that byte tells whether a cut would split a
+/// longest record is kept: a carriage return may stand there, and only that byte shows whether a cut would split a
 /// character.
 bool RecordReader::Next_Across_Blocks() {
   sLong.clear();

@@ -16,7 +16,7 @@ int Sys_Open_to_Read(const std::string& sPath);
 int Sys_Open_New(const std::string& sPath, I4 iMode);
 bool Sys_Close(int iHandle);
 
-/// What stands behind a handle; neither where the system does not say.
+/// What was opened; neither kind where the system does not say.
 struct HandleStatus {
   bool bRegular = false;
   bool bFolder = false;

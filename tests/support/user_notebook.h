@@ -1,6 +1,8 @@
 // user_notebook.h: a person at the program who notes what is asked and gives prepared answers.
 #pragma once
 
+#include <algorithm>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,7 +13,7 @@ namespace quillan {
 
 /// Takes the place of the user while it lives. Without prepared answers every question counts as cancelled.
 struct UserNotebook {
-  std::vector<std::string> sNote;  // what was told or asked, in turn
+  std::vector<std::string> sNote;  // reports and questions, in turn
 
   AfterReport iAfterReport = AfterReport::GoOn;
   I4 iWord = 0;                          // entry that was meant
