@@ -2,6 +2,7 @@
 //
 //   Array1<R4, 64> fTWCen;        fTWCen(1) .. fTWCen(64)
 //   Array1<I4, 0, 32> lXYZN;      lXYZN(0) .. lXYZN(32)
+//   Array1<R4, 3> fHPR{0.0f, 90.0f, 0.0f};
 //   Array2<R8, 3, 0, 32> dUTMN;   dUTMN(1, 0) .. dUTMN(3, 32); the first index runs over the coordinates
 //
 // Indices are asserted in debug builds. Arrays are plain values: copied by assignment, no allocation.
@@ -10,6 +11,7 @@
 #include <array>
 #include <cassert>
 #include <limits>
+#include <type_traits>
 
 #include "base/types.h"
 
@@ -24,6 +26,14 @@ class Array1 {
   static constexpr I4 iLow = B == iNoBound ? 1 : A;
   static constexpr I4 iHigh = B == iNoBound ? A : B;
   static constexpr I4 NSize = iHigh - iLow + 1;
+
+  Array1() = default;
+  /// Every element in turn: Array1<R4, 3>{1.0f, 2.0f, 3.0f}.
+  template <class... Item>
+    requires(sizeof...(Item) == NSize && (std::is_convertible_v<Item, T> && ...))
+  constexpr Array1(Item... hValue) : hItem{T{hValue}...} {}
+  /// The same where the elements are records in brackets of their own; elements that are left out are 0.
+  constexpr Array1(const std::array<T, static_cast<std::size_t>(NSize)>& hValue) : hItem(hValue) {}
 
   constexpr T& operator()(I4 I) {
     assert(I >= iLow && I <= iHigh);

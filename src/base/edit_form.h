@@ -19,7 +19,7 @@ enum class EditKind { Bad, Fixed, Scientific, General };
 struct EditForm {
   EditKind iKind = EditKind::Bad;
   I4 NWidth = 0;     // characters; 0: the least width (kind F only)
-  I4 NDecimal = 0;   // digits behind the point; significant digits for kind G
+  I4 NDecimal = 0;   // digits after the point; significant digits for kind G
   I4 NExponent = 0;  // digits of the exponent; 0: not given
 
   constexpr EditForm() = default;

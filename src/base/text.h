@@ -14,6 +14,11 @@
 
 namespace quillan {
 
+/// An ASCII letter in upper case; any other character as it is.
+constexpr char Upper_Case(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
 /// Without trailing blanks. Leading blanks stay.
 constexpr std::string_view Trimmed(std::string_view sText) {
   while (!sText.empty() && sText.back() == ' ') sText.remove_suffix(1);
@@ -33,7 +38,7 @@ constexpr std::string_view Cut_Text(std::string_view sText, std::size_t NMax) {
   if (!bContinues(NMax)) return sText.substr(0, NMax);
   std::size_t NCut = NMax;
   while (NCut > 0 && NMax - NCut < 3 && bContinues(NCut)) --NCut;
-  // Only the lead byte of a sequence tells a split character from bytes of another encoding.
+  // Only with the lead byte of a sequence is it a split character, and not bytes of another encoding.
   const bool bLead = static_cast<unsigned char>(sText[NCut]) >= 0xC2U;
   return sText.substr(0, bLead ? NCut : NMax);
 }

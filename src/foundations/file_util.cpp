@@ -1,6 +1,7 @@
 #include "foundations/file_util.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "base/text.h"
 #include "platform/arguments.h"
@@ -38,42 +39,34 @@ std::string_view File_Dir(std::string_view sPath) {
   return sPath.substr(0, static_cast<std::size_t>(Index_FileDir(sPath)));
 }
 
-void Get_Exe_DirPath(std::string& sDirPath, I4& iError) {
-  iError = 0;
-  const std::string sProgram = IOsArgument(0);
-  sDirPath = File_Dir(sProgram);
+std::string Get_Exe_DirPath() {
+  return std::string(File_Dir(IOsArgument(0)));
 }
 
 namespace {
 
-bool Is_Found(std::string_view sDir, std::string_view sFileName, std::string& sFileSpec) {
-  sFileSpec.assign(sDir).append(sFileName);
-  return IOsFileExists(sFileSpec);
-}
-
-bool Is_Found_On_Path(std::string_view sFileName, std::string& sFileSpec) {
+/// The folders that a support file may stand in, each with its last separator, in the order of the search.
+std::vector<std::string> Support_Folders() {
+  std::vector<std::string> sFolder{"", Get_Exe_DirPath()};
   const std::string sPathList = IOsVariable("PATH");
   std::string_view sRest = Trimmed(sPathList);
   while (!sRest.empty()) {
     const std::string_view sEntry = sRest.substr(0, sRest.find(sPathListSeparator));
-    if (Is_Found(std::string(Trimmed(sEntry)) + sSlash, sFileName, sFileSpec)) return true;
+    sFolder.push_back(std::string(Trimmed(sEntry)) + sSlash);
     sRest.remove_prefix(std::min(sEntry.size() + 1, sRest.size()));
   }
-  return false;
+  return sFolder;
 }
 
 }  // namespace
 
-void Find_File(std::string_view sFileName, std::string& sFileSpec, I4& iError) {
-  iError = 0;
-  const std::string sName(Trimmed(sFileName));
-  std::string sProgramDir;
-  Get_Exe_DirPath(sProgramDir, iError);
-  if (!sName.empty() && Is_Found({}, sName, sFileSpec)) return;
-  if (!sName.empty() && Is_Found(sProgramDir, sName, sFileSpec)) return;
-  if (!sName.empty() && Is_Found_On_Path(sName, sFileSpec)) return;
-  sFileSpec.clear();
-  iError = 1;
+std::string Find_File(std::string_view sFileName) {
+  const std::string_view sName = Trimmed(sFileName);
+  if (sName.empty()) return {};
+  for (std::string sPath : Support_Folders()) {
+    if (IOsFileExists(sPath.append(sName))) return sPath;
+  }
+  return {};
 }
 
 }  // namespace quillan

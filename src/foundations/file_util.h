@@ -26,18 +26,15 @@ std::string_view File_Name(std::string_view sPath);  // from Index_FName on
 std::string_view File_Dir(std::string_view sPath);   // up to and with the last separator
 
 /// Folder of the running program with its last separator; blank where it is not known.
-void Get_Exe_DirPath(std::string& sDirPath, I4& iError);
+[[nodiscard]] std::string Get_Exe_DirPath();
 
-/// Path of a support file: by its own name, beside the program, then in the folders of PATH.
-/// iError: 0 found; 1 not found, sFileSpec is blank.
-void Find_File(std::string_view sFileName, std::string& sFileSpec, I4& iError);
+/// Path of a support file: by its own name, beside the program, then in the folders of PATH; blank where it is in none.
+[[nodiscard]] std::string Find_File(std::string_view sFileName);
 
-/// The same, the path returned.
-[[nodiscard]] inline std::string Find_File(std::string_view sName) {
-  std::string sFileSpec;
-  I4 iError = 0;
-  Find_File(sName, sFileSpec, iError);
-  return sFileSpec;
+// Old forms; they go when the last caller has changed.
+inline void Find_File(std::string_view sFile, std::string& sFileSpec, I4& iError) {
+  sFileSpec = Find_File(sFile);
+  iError = sFileSpec.empty() ? 1 : 0;
 }
 
 }  // namespace quillan

@@ -23,29 +23,25 @@ void Stop_Program() {
 
 namespace {
 
-void Remove_Old_File(const std::string& sPath, I4& IOERR) {
+bool Is_Removed(const std::string& sPath) {
   std::error_code hProblem;
-  if (std::filesystem::is_directory(sPath, hProblem)) IOERR = 1;
-  if (IOERR == 0) std::filesystem::remove(sPath, hProblem);
-  if (hProblem && hProblem != std::errc::no_such_file_or_directory) IOERR = 1;
+  if (std::filesystem::is_directory(sPath, hProblem)) return false;
+  std::filesystem::remove(sPath, hProblem);
+  return !hProblem || hProblem == std::errc::no_such_file_or_directory;
 }
 
 }  // namespace
 
-void Log_Initialize(std::string_view sFileStem, I4& IOERR) {
-  IOERR = 0;
+I4 Log_Initialize(std::string_view sFileStem) {
   Log_Close();
   std::string sDir(File_Dir(sFileStem));
-  if (sDir.empty()) {
-    sDir = IOsDirName() + sSlash;
-  }
+  if (sDir.empty()) sDir = IOsDirName() + sSlash;
   const std::string sStem = sDir.append(File_Stem(File_Name(sFileStem)));
   sLogFile = sStem + ".log";
   sErrFile = sStem + ".err";
   NErr = NTextBuffer = 0;
   bQuietErr = false;
-  Remove_Old_File(sLogFile, IOERR);
-  Remove_Old_File(sErrFile, IOERR);
+  return Is_Removed(sLogFile) && Is_Removed(sErrFile) ? 0 : 1;
 }
 
 void Log_Close() {
@@ -72,7 +68,7 @@ void LogText(std::string_view sText) {
 
 namespace {
 
-/// Lines go behind those that are there, so that a log that was closed loses nothing.
+/// Lines go after those that are there, so that a log that was closed loses nothing.
 void Open_Log_File() {
   const bool bNew = !IOsFileExists(sLogFile);
   hLogFile.clear();
@@ -101,21 +97,6 @@ void Write_Report(const ErrorLines& sError) {
   for (const std::string& sLine : First_Lines(sError)) out << ' ' << Trimmed(sLine) << sLineEnd;
 }
 
-}  // namespace
-
-void LogErr(const ErrorLines& sError) {
-  Write_Report(sError);
-  LogErr_Screen(sError);
-}
-
-void LogErr_File(const ErrorLines& sError) {
-  ++NErr;
-  if (NErr < MErr) Write_Report(sError);
-  if (NErr == MErr) Write_Report({"More than 128 error messages, no further messages will be logged."});
-}
-
-namespace {
-
 void Log_Report(const ErrorLines& sError) {
   LogText("");
   for (const std::string& sLine : First_Lines(sError)) LogText(sLine);
@@ -126,7 +107,7 @@ void Show_Report(const ErrorLines& sError) {
   std::string sErrText;
   for (const std::string& sLine : First_Lines(sError)) {
     if (!sErrText.empty()) sErrText += '\n';
-    sErrText += Cut_Text(Trimmed(sLine), static_cast<std::size_t>(MErr));
+    sErrText += Cut_Text(Trimmed(sLine), MErrText);
   }
   const AfterReport iAnswer = hUser.Tell(sErrText);
   if (iAnswer == AfterReport::Stop) Stop_Program();
@@ -135,12 +116,18 @@ void Show_Report(const ErrorLines& sError) {
 
 }  // namespace
 
-void LogErr_Screen(const ErrorLines& sError) {
-  if (bAutoErr) {
+void LogErr(const ErrorLines& sError) {
+  Write_Report(sError);
+  if (bAutoErr)
     Log_Report(sError);
-  } else if (!bQuietErr) {
+  else if (!bQuietErr)
     Show_Report(sError);
-  }
+}
+
+void LogErr_File(const ErrorLines& sError) {
+  ++NErr;
+  if (NErr < MErr) Write_Report(sError);
+  if (NErr == MErr) Write_Report({"More than 128 error messages, no further messages will be logged."});
 }
 
 }  // namespace quillan

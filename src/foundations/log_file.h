@@ -1,8 +1,8 @@
 // log_file.h: the one way in which the program says things.
 //
-// Progress goes to the log file (.log) and to the client area of the main window; errors go to the error file (.err)
-// and to a message box. Both files are made when their first line comes, and a run starts with neither of them. The
-// error file is opened and closed for each report, so that its content survives a crash.
+// Progress goes to the log file (.log) and to the lines that the main window shows; errors go to the error file (.err)
+// and to the person at the program (see user.h). Both files are made when their first line comes, and a run starts with
+// neither of them. The error file is opened and closed for each report, so that its content survives a crash.
 #pragma once
 
 #include <iosfwd>
@@ -16,9 +16,10 @@
 
 namespace quillan {
 
-inline constexpr I4 MError = 5;        // lines in one report
-inline constexpr I4 MErr = 128;        // reports through LogErr_File that are written; width of a line in the box
-inline constexpr I4 MTextBuffer = 48;  // lines on the screen
+inline constexpr I4 MError = 5;               // lines in one report
+inline constexpr I4 MErr = 128;               // in place of this report of LogErr_File stands that there are no more
+inline constexpr std::size_t MErrText = 128;  // characters of a line of a report that the user sees
+inline constexpr I4 MTextBuffer = 48;         // lines on the screen
 
 /// The end of the run: thrown by Stop_Program alone, caught by main alone, so that every destructor runs.
 struct ProgramStop {};
@@ -40,13 +41,8 @@ inline L4 bAutoErr = false;                         // true: errors go to the lo
 inline L4 bQuietErr = false;                        // the user wants no further boxes of the running command
 
 /// Names the files after sFileStem (folder of it, or the working folder; extension dropped), removes what an earlier
-/// run left, and clears the state. IOERR: 0, or 1 when an old file cannot be removed.
-void Log_Initialize(std::string_view sFileStem, I4& IOERR);
-inline I4 Log_Initialize(std::string_view sFileStem) {
-  I4 IOERR = 0;
-  Log_Initialize(sFileStem, IOERR);
-  return IOERR;
-}
+/// run left, and clears the state. Status: 0, or 1 when an old file cannot be removed.
+[[nodiscard]] I4 Log_Initialize(std::string_view sFileStem);
 /// Closes the log file. The next line opens it again.
 void Log_Close();
 
@@ -57,11 +53,16 @@ void LogErr_Begin_Command();
 void LogText_Reset();
 /// A line for the log file and the screen.
 void LogText(std::string_view sText);
+/// A line for the log file alone.
 void LogText_File(std::string_view sText);
-/// A report for the error file and a message box; Cancel in the box ends the run.
+/// A report for the error file and the user, who may end the run.
 void LogErr(const ErrorLines& sError);
-/// A report for the error file alone, for one bad row of many; after 128 of them there are no more.
+/// A report for the error file alone, for one bad row of many; after 127 of them there are no more.
 void LogErr_File(const ErrorLines& sError);
-void LogErr_Screen(const ErrorLines& sError);
+
+// Old forms; they go when the last caller has changed.
+inline void Log_Initialize(std::string_view sFileStem, I4& IOERR) {
+  IOERR = Log_Initialize(sFileStem);
+}
 
 }  // namespace quillan

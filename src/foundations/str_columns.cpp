@@ -1,27 +1,21 @@
-// The column labels of a file matched to the variables of the program, and the values of its rows.
+// The column labels of a file matched to the variables of the program.
 
 #include <algorithm>
 
 #include "foundations/log_file.h"
 #include "foundations/str_parse.h"
-#include "foundations/str_value.h"
 #include "foundations/user.h"
 
 namespace quillan {
 
 namespace {
 
-constexpr std::size_t MReportLine = 128;  // characters of a reported line
-constexpr std::size_t MMissing = 3;       // missing columns that are named
-constexpr I4 NValueWidth = 16;            // characters of a value that are read
-
-using CutFields = void (*)(std::string_view, FieldList&);
+constexpr std::size_t MMissing = 3;  // missing columns that are named
 
 /// Cuts the labels of a record and begins a match of N variables. Returns the labels in upper case.
-std::vector<std::string> Begin_Match(std::string_view sRecord, CutFields Cut, std::size_t N, I4 MFC,
-                                     ColumnMap& hColumn) {
+std::vector<std::string> Begin_Match(std::string_view sRecord, std::size_t N, I4 MFC, ColumnMap& hColumn) {
   FieldList hField(MFC);
-  Cut(sRecord, hField);
+  Str_Parse_Fld(sRecord, hField);
   hColumn.NFC = hField.NFld();
   hColumn.KCol.assign(N, 0);
   hColumn.JCol.assign(static_cast<std::size_t>(std::max(MFC, 0)), 0);
@@ -44,26 +38,6 @@ void Join(std::size_t j, std::size_t k, ColumnMap& hColumn) {
   hColumn.JCol[k] = static_cast<I4>(j + 1);
 }
 
-/// Each variable in turn takes the first column that matches and is free.
-void Match_by_Variable(std::span<const std::string> CLabel, std::span<const std::string_view> CID, bool bExactMatch,
-                       ColumnMap& hColumn) {
-  for (std::size_t j = 0; j < CID.size(); ++j) {
-    for (std::size_t k = 0; k < CLabel.size(); ++k) {
-      if (hColumn.JCol[k] != 0 || !Label_Matches(CLabel[k], CID[j], bExactMatch)) continue;
-      Join(j, k, hColumn);
-      break;
-    }
-  }
-}
-
-/// Column k takes the first variable that is free and for which bMatches(j) holds.
-template <class Question>
-void Match_Column(std::size_t k, Question bMatches, ColumnMap& hColumn) {
-  for (std::size_t j = 0; j < hColumn.KCol.size(); ++j) {
-    if (hColumn.KCol[j] == 0 && bMatches(j)) return Join(j, k, hColumn);
-  }
-}
-
 /// What the label stands for: aliases are ascending, so the walk ends where the label would stand.
 std::string_view Translated(std::string_view CLabel, std::span<const AliasRow> CAlias) {
   for (const AliasRow& hRow : CAlias) {
@@ -74,33 +48,18 @@ std::string_view Translated(std::string_view CLabel, std::span<const AliasRow> C
   return CLabel;
 }
 
-/// A line for each variable without a column, NMax at most.
-template <class Name>
-ErrorLines Missing_Columns(const ColumnMap& hColumn, std::string_view sBefore, std::size_t NMax, Name sName) {
+/// Reports the variables without a column, three at most; sBefore stands before the name of each. Returns 1 when any is
+/// missing, else 0.
+I4 Report_Missing(const ColumnMap& hColumn, std::span<const std::string_view> CID, std::string_view sBefore) {
   ErrorLines sError;
-  for (std::size_t j = 0; j < hColumn.KCol.size() && sError.size() < NMax; ++j) {
+  for (std::size_t j = 0; j < hColumn.KCol.size() && sError.size() < MMissing; ++j) {
     if (hColumn.KCol[j] != 0) continue;
-    const std::string sLine = std::string(sBefore) + std::string(sName(j)) + " column.";
-    sError.emplace_back(Cut_Text(sLine, MReportLine));
+    const std::string sLine = std::string(sBefore).append(Trimmed(CID[j])).append(" column.");
+    sError.emplace_back(Cut_Text(sLine, MErrText));
   }
-  return sError;
-}
-
-void Report_Missing(const ErrorLines& sError, I4& iError) {
-  if (sError.empty()) return;
-  iError = 1;
+  if (sError.empty()) return 0;
   LogErr(sError);
-}
-
-/// Every missing column is named, in as many reports as that takes.
-void Report_All_Missing(std::span<const std::string_view> CID, const ColumnMap& hColumn, I4& iError) {
-  const auto sName = [&](std::size_t j) { return Trimmed(CID[j]); };
-  const ErrorLines sLine = Missing_Columns(hColumn, "ERROR: Could not find ", CID.size(), sName);
-  for (auto it = sLine.begin(); it != sLine.end();) {
-    const auto itEnd = it + std::min<std::ptrdiff_t>(MError, sLine.end() - it);
-    Report_Missing({it, itEnd}, iError);
-    it = itEnd;
-  }
+  return 1;
 }
 
 bool Is_Complete(const ColumnMap& hColumn) {
@@ -149,69 +108,38 @@ std::string Missing_Required(std::span<const std::string_view> CID, std::span<co
   return sList;
 }
 
-template <class Real>
-void Column_Values(std::string_view sRecord, I4 MFC, I4& NFC, std::span<const I4> KCol, Real rMissing,
-                   std::span<Real> rValue) {
-  FieldList hField(MFC, NValueWidth);
-  Str_Parse_Fld(sRecord, hField);
-  NFC = hField.NFld();
-  for (std::size_t j = 0; j < std::min(KCol.size(), rValue.size()); ++j) {
-    const std::string_view sField = hField(KCol[j]);
-    rValue[j] = rMissing;
-    if (sField.empty() || sField.find('*') != std::string_view::npos) continue;
-    Real rRead = rMissing;
-    if (Free_Read(sField, rRead)) rValue[j] = rRead;
-  }
-}
-
 }  // namespace
 
-void Str_Column_Labels(std::string_view sRecord, bool bReportErr, bool bExactMatch,
-                       std::span<const std::string_view> CID, I4 MFC, ColumnMap& hColumn, I4& iError) {
-  iError = 0;
-  const auto CLabel = Begin_Match(sRecord, Str_Parse_Fld, CID.size(), MFC, hColumn);
-  Match_by_Variable(CLabel, CID, bExactMatch, hColumn);
-  if (!bReportErr) return;
-  const auto sName = [&](std::size_t j) { return Trimmed(CID[j]); };
-  Report_Missing(Missing_Columns(hColumn, " ERROR: Could not find ", MMissing, sName), iError);
-}
-
-void Str_Column_Labels_Aliased(std::string_view sRecord, bool bReportErr, bool bExactMatch,
-                               std::span<const std::vector<std::string_view>> CID, I4 MFC, ColumnMap& hColumn,
-                               I4& iError) {
-  iError = 0;
-  const auto CLabel = Begin_Match(sRecord, Str_Parse_Fld, CID.size(), MFC, hColumn);
-  for (std::size_t k = 0; k < CLabel.size(); ++k) {
-    const auto bSpelling = [&](std::string_view CSpelling) { return Label_Matches(CLabel[k], CSpelling, bExactMatch); };
-    Match_Column(
-        k, [&](std::size_t j) { return std::any_of(CID[j].begin(), CID[j].end(), bSpelling); }, hColumn);
+I4 Str_Column_Labels(std::string_view sRecord, bool bReportErr, bool bExactMatch, std::span<const std::string_view> CID,
+                     I4 MFC, ColumnMap& hColumn) {
+  const auto CLabel = Begin_Match(sRecord, CID.size(), MFC, hColumn);
+  for (std::size_t j = 0; j < CID.size(); ++j) {
+    for (std::size_t k = 0; k < CLabel.size() && hColumn.KCol[j] == 0; ++k) {
+      if (hColumn.JCol[k] == 0 && Label_Matches(CLabel[k], CID[j], bExactMatch)) Join(j, k, hColumn);
+    }
   }
-  if (!bReportErr) return;
-  const auto sName = [&](std::size_t j) { return CID[j].empty() ? std::string_view{} : CID[j].front(); };
-  Report_Missing(Missing_Columns(hColumn, " ERROR: Could not find ", MMissing, sName), iError);
+  return bReportErr ? Report_Missing(hColumn, CID, " ERROR: Could not find ") : 0;
 }
 
-void Str_Column_Labels_Alias_List(std::string_view sRecord, bool bReportErr, bool bExactMatch,
-                                  std::span<const AliasRow> CAlias, std::span<const std::string_view> CID, I4 MFC,
-                                  ColumnMap& hColumn, I4& iError) {
-  iError = 0;
-  const auto CLabel = Begin_Match(sRecord, Str_Parse_Fld, CID.size(), MFC, hColumn);
+I4 Str_Column_Labels_Alias_List(std::string_view sRecord, bool bReportErr, bool bExactMatch,
+                                std::span<const AliasRow> CAlias, std::span<const std::string_view> CID, I4 MFC,
+                                ColumnMap& hColumn) {
+  const auto CLabel = Begin_Match(sRecord, CID.size(), MFC, hColumn);
   for (std::size_t k = 0; k < CLabel.size(); ++k) {
     const std::string_view CWork = Translated(CLabel[k], CAlias);
-    Match_Column(
-        k, [&](std::size_t j) { return Label_Matches(CWork, CID[j], bExactMatch); }, hColumn);
+    for (std::size_t j = 0; j < CID.size() && hColumn.JCol[k] == 0; ++j) {
+      if (hColumn.KCol[j] == 0 && Label_Matches(CWork, CID[j], bExactMatch)) Join(j, k, hColumn);
+    }
   }
-  if (!bReportErr) return;
-  const auto sName = [&](std::size_t j) { return Trimmed(CID[j]); };
-  Report_Missing(Missing_Columns(hColumn, "ERROR: Could not find ", MMissing, sName), iError);
+  return bReportErr ? Report_Missing(hColumn, CID, "ERROR: Could not find ") : 0;
 }
 
-void Str_Column_Labels_Dialog(std::string_view sFileName, std::string_view sRecord, bool bExactMatch,
-                              std::span<const AliasRow> CAlias, std::span<const std::string_view> CID,
-                              std::span<const std::string_view> sVariable, std::span<const I4> JCheck, I4 MFC,
-                              ColumnMap& hColumn, I4& iError) {
-  Str_Column_Labels_Alias_List(sRecord, false, bExactMatch, CAlias, CID, MFC, hColumn, iError);
-  if (Is_Complete(hColumn)) return;
+I4 Str_Column_Labels_Dialog(std::string_view sFileName, std::string_view sRecord, bool bExactMatch,
+                            std::span<const AliasRow> CAlias, std::span<const std::string_view> CID,
+                            std::span<const std::string_view> sVariable, std::span<const I4> JCheck, I4 MFC,
+                            ColumnMap& hColumn) {
+  const I4 iError = Str_Column_Labels_Alias_List(sRecord, false, bExactMatch, CAlias, CID, MFC, hColumn);
+  if (Is_Complete(hColumn)) return iError;
 
   const ColumnMap hFound = hColumn;
   const I4 nLabel = Add_None(MFC, hColumn);
@@ -223,30 +151,11 @@ void Str_Column_Labels_Dialog(std::string_view sFileName, std::string_view sReco
     hColumn.KCol = KChoice;
     Take_Columns(nLabel, hColumn);
     const std::string sMissing = Missing_Required(CID, JCheck, hColumn);
-    if (sMissing.empty()) return;
+    if (sMissing.empty()) return 0;
     LogErr({"ERROR: Missing required data-column labels", sMissing + " in", std::string(sRecord)});
   }
   hColumn = hFound;  // "none" is no column that a caller could read
-  iError = 2;
-}
-
-void CSV_Column_Labels(std::string_view sRecord, bool bReportErr, bool bExactMatch,
-                       std::span<const std::string_view> CID, I4 MFC, ColumnMap& hColumn, I4& iError) {
-  iError = 0;
-  LogText("Parsing column labels on line:");
-  LogText(Cut_Text(Trimmed(sRecord), MReportLine));
-  const auto CLabel = Begin_Match(sRecord, CSV_to_Fld, CID.size(), MFC, hColumn);
-  Match_by_Variable(CLabel, CID, bExactMatch, hColumn);
-  if (bReportErr) Report_All_Missing(CID, hColumn, iError);
-  hColumn.NFC = hColumn.KCol.empty() ? 0 : *std::max_element(hColumn.KCol.begin(), hColumn.KCol.end());
-}
-
-void Str_Column_R4Values(std::string_view sRecord, I4 MFC, I4& NFC, std::span<const I4> KCol, std::span<R4> fValue) {
-  Column_Values(sRecord, MFC, NFC, KCol, fDummy, fValue);
-}
-
-void Str_Column_R8Values(std::string_view sRecord, I4 MFC, I4& NFC, std::span<const I4> KCol, std::span<R8> dValue) {
-  Column_Values(sRecord, MFC, NFC, KCol, dDummy, dValue);
+  return 2;
 }
 
 }  // namespace quillan

@@ -55,8 +55,8 @@ Token Token_at(std::string_view sRecord, std::size_t iBeg) {
   return hToken;
 }
 
-/// Blanks in front of commas stand behind them, and tabs are blanks. Between fields this changes nothing, but inside
-/// quotes it shows: a quoted "a ,b" has always been read as "a, b".
+/// Commas go before the blanks that stand in front of them, and tabs are blanks. Between fields this changes nothing,
+/// but inside quotes it shows: a quoted "a ,b" has always been read as "a, b".
 std::string Commas_First(std::string_view sToken) {
   std::string sText(sToken);
   std::replace(sText.begin(), sText.end(), '\t', ' ');
@@ -80,14 +80,6 @@ void Add_Token(const Token& hToken, FieldList& hField) {
 
 void Report_Extra_Columns(I4 MFld) {
   LogErr({"WARNING: more than " + std::to_string(MFld) + " columns in csv file.", "Extra columns will be dropped."});
-}
-
-char Upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 bool Holds(std::string_view sText, std::string_view sPart) {
@@ -153,10 +145,6 @@ void Str_Parse_Fld(std::string_view sRecord, FieldList& hField) {
   }
 }
 
-void CSV_to_Fld(std::string_view sRecord, FieldList& hField) {
-  Str_to_Fld(sRecord, ",", hField);
-}
-
 void Str_to_Fld(std::string_view sRecord, std::string_view sSeparators, FieldList& hField) {
   hField.Clear();
   sRecord = Trimmed(sRecord);
@@ -174,49 +162,28 @@ void Str_to_Fld(std::string_view sRecord, std::string_view sSeparators, FieldLis
   }
 }
 
-void Str_to_iEnumeration(std::string_view sField, std::string_view sKeyword,
-                         std::span<const std::string_view> CEnumeration, I4& iEnumeration, I4& IOERR) {
-  IOERR = -1;
-  if (Trimmed(sField).empty() || Holds(sField, "*")) return;
+I4 Str_to_iEnumeration(std::string_view sField, std::string_view sKeyword,
+                       std::span<const std::string_view> CEnumeration, I4& iEnumeration) {
+  if (Trimmed(sField).empty() || Holds(sField, "*")) return -1;
   const std::string CField = Str_UpCase(Trimmed(Left_Adjusted(sField)));
   I4 iFound = First_Entry(CEnumeration, [&](std::string_view CEntry) { return Trimmed(CEntry) == CField; });
   // The order of the table matters here: a short word early in it swallows a longer one below.
   if (iFound == 0) {
     iFound = First_Entry(CEnumeration, [&](std::string_view CEntry) { return Holds(CField, Trimmed(CEntry)); });
   }
-  if (iFound == 0) return Str_to_iEnumeration_Dialog(CField, sKeyword, CEnumeration, iEnumeration, IOERR);
+  if (iFound == 0) return Str_to_iEnumeration_Dialog(CField, sKeyword, CEnumeration, iEnumeration);
   iEnumeration = iFound;
-  IOERR = 0;
+  return 0;
 }
 
-void Str_to_iEnumeration_Dialog(std::string_view CField, std::string_view sKeyword,
-                                std::span<const std::string_view> CEnumeration, I4& iEnumeration, I4& IOERR) {
+I4 Str_to_iEnumeration_Dialog(std::string_view CField, std::string_view sKeyword,
+                              std::span<const std::string_view> CEnumeration, I4& iEnumeration) {
   const I4 N = static_cast<I4>(CEnumeration.size());
   std::vector<std::string> sEntry;
   for (const std::string_view CEntry : CEnumeration) sEntry.emplace_back(Trimmed(CEntry));
   const I4 iMeant = hUser.Which_Word({CField, Trimmed(sKeyword), sEntry, std::max(1, std::min(iEnumeration, N))});
-  IOERR = iMeant == 0 ? 2 : 0;
   if (iMeant >= 1 && iMeant <= N) iEnumeration = iMeant;
-}
-
-I4 iStr_Fuzzy_Match(std::string_view str1, std::string_view str2) {
-  const std::string C1 = Str_UpCase(Trimmed(str1));
-  const std::string C2 = Str_UpCase(Trimmed(str2));
-  // Distances of the first i characters of C1 to the first j of C2: three rows, i the last.
-  std::vector<I4> iRow2(C2.size() + 1), iRow1(C2.size() + 1), iRow(C2.size() + 1);
-  for (std::size_t j = 0; j <= C2.size(); ++j) iRow[j] = static_cast<I4>(j);
-  for (std::size_t i = 1; i <= C1.size(); ++i) {
-    iRow2.swap(iRow1);
-    iRow1.swap(iRow);
-    iRow[0] = static_cast<I4>(i);
-    for (std::size_t j = 1; j <= C2.size(); ++j) {
-      const I4 iCost = C1[i - 1] == C2[j - 1] ? 0 : 1;
-      iRow[j] = std::min({iRow1[j] + 1, iRow[j - 1] + 1, iRow1[j - 1] + iCost});
-      const bool bSwapped = i > 1 && j > 1 && C1[i - 1] == C2[j - 2] && C1[i - 2] == C2[j - 1];
-      if (bSwapped) iRow[j] = std::min(iRow[j], iRow2[j - 2] + iCost);
-    }
-  }
-  return iRow[C2.size()];
+  return iMeant == 0 ? 2 : 0;
 }
 
 std::string Str_Strip_Quotes(std::string_view sText) {
@@ -224,12 +191,6 @@ std::string Str_Strip_Quotes(std::string_view sText) {
   std::replace_if(
       sPlain.begin(), sPlain.end(), [](char c) { return c == '\t' || c == '"'; }, ' ');
   return std::string(Trimmed(Left_Adjusted(sPlain)));
-}
-
-std::string_view Str_Trim_Null_Bytes(std::string_view sText) {
-  const auto bEnds = [](char c) { return c == 0 || static_cast<unsigned char>(c) > 127; };
-  const auto it = std::find_if(sText.begin(), sText.end(), bEnds);
-  return sText.substr(0, static_cast<std::size_t>(it - sText.begin()));
 }
 
 Text<32> Str_Trim0(std::string_view sText) {
@@ -246,31 +207,14 @@ Text<32> Str_Trim0(std::string_view sText) {
 
 std::string Str_UpCase(std::string_view sText) {
   std::string CText(sText);
-  std::transform(CText.begin(), CText.end(), CText.begin(), Upper);
+  std::transform(CText.begin(), CText.end(), CText.begin(), Upper_Case);
   return CText;
-}
-
-std::string Str_DownCase(std::string_view sText) {
-  std::string sLower(sText);
-  std::transform(sLower.begin(), sLower.end(), sLower.begin(), Lower);
-  return sLower;
 }
 
 std::string Str_Squish(std::string_view sText) {
   std::string sPacked(sText);
   std::erase_if(sPacked, Is_Blank_or_Tab);
   return sPacked;
-}
-
-std::string Str_Map(std::string_view sMapFrom, std::string_view sMapTo, std::string_view sStrIn) {
-  const std::size_t N = std::min(sMapFrom.size(), sMapTo.size());
-  if (N == 0) return {};
-  std::string sMapped(Trimmed(sStrIn));
-  for (char& c : sMapped) {
-    const std::size_t i = sMapFrom.substr(0, N).find(c);
-    if (i != iNone) c = sMapTo[i];
-  }
-  return sMapped;
 }
 
 }  // namespace quillan

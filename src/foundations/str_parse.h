@@ -55,12 +55,9 @@ class FieldList {
 /// quote that never closes loses its field. Fields beyond the list's capacity are dropped in silence.
 void Str_Parse_Fld(std::string_view sRecord, FieldList& hField);
 
-/// Fields separated by commas alone. A record that ends in a comma yields no empty last field, and the comma stays at
-/// the end of the last field ("a,b," gives "a" and "b,"), which readers upstream of ours rely on. Too many fields
-/// are reported and dropped.
-void CSV_to_Fld(std::string_view sRecord, FieldList& hField);
-
-/// The same with any of the characters of sSeparators in place of the comma.
+/// Fields separated by any of the characters of sSeparators alone. A record that ends in a separator yields no empty
+/// last field, and the separator stays at the end of the last field ("a,b," gives "a" and "b,"), which readers upstream
+/// of ours rely on. Too many fields are reported and dropped.
 void Str_to_Fld(std::string_view sRecord, std::string_view sSeparators, FieldList& hField);
 
 /// A spelling and the label that replaces it; tables are ascending by the spelling.
@@ -79,74 +76,54 @@ struct ColumnMap {
 
 /// Matches the labels of a record to variables; CID holds the variables' texts in upper case. bExactMatch: the whole
 /// label must be equal, else it is enough that it holds the text. bReportErr: unmatched variables are logged.
-/// The earliest variable chooses its column. iError: 0; 1 a variable was not found (only with bReportErr).
-void Str_Column_Labels(std::string_view sRecord, bool bReportErr, bool bExactMatch,
-                       std::span<const std::string_view> CID, I4 MFC, ColumnMap& hColumn, I4& iError);
-/// The same with several spellings for each variable: CID holds one list a variable. The earliest column chooses.
-void Str_Column_Labels_Aliased(std::string_view sRecord, bool bReportErr, bool bExactMatch,
-                               std::span<const std::vector<std::string_view>> CID, I4 MFC, ColumnMap& hColumn,
-                               I4& iError);
+/// The earliest variable chooses its column. Status: 0; 1 a variable was not found (only with bReportErr).
+[[nodiscard]] I4 Str_Column_Labels(std::string_view sRecord, bool bReportErr, bool bExactMatch,
+                                   std::span<const std::string_view> CID, I4 MFC, ColumnMap& hColumn);
 /// The same, labels first translated through an alias table. The earliest column chooses.
-void Str_Column_Labels_Alias_List(std::string_view sRecord, bool bReportErr, bool bExactMatch,
-                                  std::span<const AliasRow> CAlias, std::span<const std::string_view> CID, I4 MFC,
-                                  ColumnMap& hColumn, I4& iError);
-/// Str_Column_Labels_Alias_List, then the user completes the match in dialog 113. sVariable: descriptions for the
-/// user; JCheck: the variables (from 1) that are required. The record's last column cannot be chosen where it is
-/// column MFC, for "none" takes its place in the list. iError: 0, 2 the user cancelled; the match is then the
-/// automatic one.
-void Str_Column_Labels_Dialog(std::string_view sFileName, std::string_view sRecord, bool bExactMatch,
-                              std::span<const AliasRow> CAlias, std::span<const std::string_view> CID,
-                              std::span<const std::string_view> sVariable, std::span<const I4> JCheck, I4 MFC,
-                              ColumnMap& hColumn, I4& iError);
-/// Str_Column_Labels on a comma-delimited record; NFC is then the number of columns that a data record must supply.
-void CSV_Column_Labels(std::string_view sRecord, bool bReportErr, bool bExactMatch,
-                       std::span<const std::string_view> CID, I4 MFC, ColumnMap& hColumn, I4& iError);
-
-/// The values of a data record by column number; variable J takes column KCol(J). A column that is absent, holds "*" or
-/// cannot be read gives the missing value. NFC: fields found.
-void Str_Column_R4Values(std::string_view sRecord, I4 MFC, I4& NFC, std::span<const I4> KCol, std::span<R4> fValue);
-void Str_Column_R8Values(std::string_view sRecord, I4 MFC, I4& NFC, std::span<const I4> KCol, std::span<R8> dValue);
+[[nodiscard]] I4 Str_Column_Labels_Alias_List(std::string_view sRecord, bool bReportErr, bool bExactMatch,
+                                              std::span<const AliasRow> CAlias, std::span<const std::string_view> CID,
+                                              I4 MFC, ColumnMap& hColumn);
+/// Str_Column_Labels_Alias_List, then the user completes the match. sVariable: descriptions for the user; JCheck: the
+/// variables (from 1) that are required. The record's last column cannot be chosen where it is column MFC, for "none"
+/// takes its place in the list. Status: 0; 2 the user cancelled, and the match is the automatic one.
+[[nodiscard]] I4 Str_Column_Labels_Dialog(std::string_view sFileName, std::string_view sRecord, bool bExactMatch,
+                                          std::span<const AliasRow> CAlias, std::span<const std::string_view> CID,
+                                          std::span<const std::string_view> sVariable, std::span<const I4> JCheck,
+                                          I4 MFC, ColumnMap& hColumn);
 
 /// The 1-based place of a word in an enumeration given in upper case: an equal entry, else the first entry that occurs
-/// in the word, else the user is asked. IOERR: 0 found; -1 blank or "*", unchanged; 2 the user cancelled, unchanged;
+/// in the word, else the user is asked. Status: 0 found; -1 blank or "*", unchanged; 2 the user cancelled, unchanged.
 /// sKeyword names the value to the user.
-void Str_to_iEnumeration(std::string_view sField, std::string_view sKeyword,
-                         std::span<const std::string_view> CEnumeration, I4& iEnumeration, I4& IOERR);
-void Str_to_iEnumeration_Dialog(std::string_view CField, std::string_view sKeyword,
-                                std::span<const std::string_view> CEnumeration, I4& iEnumeration, I4& IOERR);
-
-/// Edit distance of two texts (restricted Damerau-Levenshtein) without regard to the case of ASCII letters.
-I4 iStr_Fuzzy_Match(std::string_view str1, std::string_view str2);
+[[nodiscard]] I4 Str_to_iEnumeration(std::string_view sField, std::string_view sKeyword,
+                                     std::span<const std::string_view> CEnumeration, I4& iEnumeration);
+[[nodiscard]] I4 Str_to_iEnumeration_Dialog(std::string_view CField, std::string_view sKeyword,
+                                            std::span<const std::string_view> CEnumeration, I4& iEnumeration);
 
 /// Tabs and double quotes become blanks, leading and trailing blanks go.
 std::string Str_Strip_Quotes(std::string_view sText);
-/// What stands before the first character of code 0 or above 127.
-std::string_view Str_Trim_Null_Bytes(std::string_view sText);
 /// A plain decimal number without its trailing zeros: "12.500" is "12.5", "12.000" is "12", ".000" is "0". A text with
 /// an exponent or without a point stays as it is, left-adjusted.
 Text<32> Str_Trim0(std::string_view sText);
-/// ASCII letters in upper, in lower case.
+/// ASCII letters in upper case.
 std::string Str_UpCase(std::string_view sText);
-std::string Str_DownCase(std::string_view sText);
 /// Without any blank or tab.
 std::string Str_Squish(std::string_view sText);
-/// Each character of sStrIn that stands in sMapFrom becomes the one at the same place of sMapTo.
-std::string Str_Map(std::string_view sMapFrom, std::string_view sMapTo, std::string_view sStrIn);
 
-// The same, the status returned.
-[[nodiscard]] inline I4 Str_to_iEnumeration(std::string_view sField, std::string_view sKeyword,
-                                            std::span<const std::string_view> CEnumeration, I4& iEnumeration) {
-  I4 IOERR = 0;
-  Str_to_iEnumeration(sField, sKeyword, CEnumeration, iEnumeration, IOERR);
-  return IOERR;
+// Old forms; they go when the last caller has changed.
+inline void Str_to_iEnumeration(std::string_view sField, std::string_view sKeyword,
+                                std::span<const std::string_view> CEnumeration, I4& iEnumeration, I4& IOERR) {
+  IOERR = Str_to_iEnumeration(sField, sKeyword, CEnumeration, iEnumeration);
 }
-[[nodiscard]] inline I4 Str_Column_Labels_Alias_List(std::string_view sRecord, bool bReportErr, bool bExactMatch,
-                                                     std::span<const AliasRow> CAlias,
-                                                     std::span<const std::string_view> CID, I4 MFC,
-                                                     ColumnMap& hColumn) {
-  I4 iError = 0;
-  Str_Column_Labels_Alias_List(sRecord, bReportErr, bExactMatch, CAlias, CID, MFC, hColumn, iError);
-  return iError;
+inline void Str_Column_Labels_Alias_List(std::string_view sRecord, bool bReportErr, bool bExactMatch,
+                                         std::span<const AliasRow> CAlias, std::span<const std::string_view> CID,
+                                         I4 MFC, ColumnMap& hColumn, I4& iError) {
+  iError = Str_Column_Labels_Alias_List(sRecord, bReportErr, bExactMatch, CAlias, CID, MFC, hColumn);
+}
+inline void Str_Column_Labels_Dialog(std::string_view sFile, std::string_view sRecord, bool bExactMatch,
+                                     std::span<const AliasRow> CAlias, std::span<const std::string_view> CID,
+                                     std::span<const std::string_view> sVariable, std::span<const I4> JCheck, I4 MFC,
+                                     ColumnMap& hColumn, I4& iError) {
+  iError = Str_Column_Labels_Dialog(sFile, sRecord, bExactMatch, CAlias, CID, sVariable, JCheck, MFC, hColumn);
 }
 
 }  // namespace quillan

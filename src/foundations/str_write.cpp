@@ -11,12 +11,11 @@
 namespace quillan {
 namespace {
 
-constexpr I4 iDummyLimit = -2147483645;            // an integer below it has no value
-constexpr I8 iDummyLimit8 = -9223372036854775806;  // at or below it
-constexpr std::size_t NField = 16;                 // characters of a written field
-constexpr R4 fXYZFixed = 1.0E8f;                   // below it a coordinate has three decimals
-constexpr R4 fXYZGeneral = 1.0E15f;                // below it a coordinate is written by form G
-constexpr R4 fNearest = 0.5f;                      // degrees, how far a word still stands for a bearing or a pitch
+constexpr I4 iDummyLimit = -2147483645;  // an integer below it has no value
+constexpr std::size_t NField = 16;       // characters of a written field
+constexpr R8 dXYZFixed = R8{1.0E8f};     // below it a coordinate has three decimals
+constexpr R8 dXYZGeneral = R8{1.0E15f};  // below it, rounded to 32 bits, a coordinate is written by form G
+constexpr R4 fNearest = 0.5f;            // degrees, how far a word still stands for a bearing
 
 using DigitBuffer = std::array<char, 2 * MFormText>;  // mantissa and exponent at their longest
 
@@ -147,27 +146,6 @@ Text<16> Write_Tidy(Real x, const EditForm& form) {
   return Tidy(Trimmed(Left_Adjusted(sForm)));
 }
 
-template <class Integer>
-Text<16> Write_Integer(Integer iValue) {
-  std::array<char, 24> sOut;  // holds every integer
-  const auto hEnd = std::to_chars(sOut.data(), sOut.data() + sOut.size(), iValue);
-  const std::string_view sText(sOut.data(), static_cast<std::size_t>(hEnd.ptr - sOut.data()));
-  return sText.size() > NField ? "*" : sText;
-}
-
-template <class Real>
-const EditForm& Form_of_XYZ(Real x) {
-  static constexpr EditForm formFixed("(F0.3)"), formGeneral("(1P,G15.7)"), formScientific("(ES9.1)");
-  const Real fMag = std::abs(x);
-  return fMag < static_cast<Real>(fXYZFixed)     ? formFixed
-         : fMag < static_cast<Real>(fXYZGeneral) ? formGeneral
-                                                 : formScientific;
-}
-
-Text<16> Write_Rounded(R4 fDegrees) {
-  return Str_Write_I4(Nint(fDegrees));
-}
-
 }  // namespace
 
 std::string_view Write_Form(R8 dValue, const EditForm& form, char* sOut) {
@@ -179,21 +157,13 @@ std::string_view Write_Form(R4 fValue, const EditForm& form, char* sOut) {
 }
 
 Text<16> Str_Write_I4(I4 iValue) {
-  return iValue < iDummyLimit ? Text<16>("*") : Write_Integer(iValue);
+  return iValue < iDummyLimit ? "*" : std::to_string(iValue);
 }
 
 Text<16> Str_Write_I4F22(I4 iValue) {
   if (iValue < 0 || iValue > 9) return Str_Write_I4(iValue);
   const std::array<char, 2> sDigit{'0', static_cast<char>('0' + iValue)};
   return std::string_view(sDigit.data(), sDigit.size());
-}
-
-Text<16> Str_Write_I8(I8 iValue) {
-  return iValue <= iDummyLimit8 ? Text<16>("*") : Write_Integer(iValue);
-}
-
-Text<16> Str_Write_L4(L4 bValue) {
-  return bValue ? "Yes" : "No";
 }
 
 Text<16> Str_Write_R4(R4 fValue, const EditForm& form) {
@@ -204,12 +174,10 @@ Text<16> Str_Write_R8(R8 dValue, const EditForm& form) {
   return Write_Tidy(dValue, form);
 }
 
-Text<16> Str_Write_XYZR4(R4 fValue) {
-  return Write_Tidy(fValue, Form_of_XYZ(fValue));
-}
-
 Text<16> Str_Write_XYZR8(R8 dValue) {
-  return Write_Tidy(dValue, Form_of_XYZ(dValue));
+  static constexpr EditForm formFixed("(F0.3)"), formGeneral("(1P,G15.7)"), formScientific("(ES9.1)");
+  const R8 dMag = std::abs(dValue);
+  return Write_Tidy(dValue, dMag < dXYZFixed ? formFixed : dMag < dXYZGeneral ? formGeneral : formScientific);
 }
 
 Text<16> Str_Write_Brg(R4 fAzimuth) {
@@ -227,34 +195,13 @@ Text<16> Str_Write_Brg(R4 fAzimuth) {
   if (!Is_Present(fAzimuth) || std::isinf(fAzimuth)) return "*";
   const R4 fTurn = std::fmod(360.0f + fAzimuth, 360.0f);
   const R4 fQuadrant = std::floor(fAzimuth / 90.0f);
-  if (fQuadrant < 0.0f || fQuadrant > 3.0f) return Write_Rounded(fTurn);
+  if (fQuadrant < 0.0f || fQuadrant > 3.0f) return Str_Write_I4(Nint(fTurn));
 
   const Quadrant& h = hQuadrant[static_cast<I4>(fQuadrant)];
   // One-sided on purpose: 90.2 is east, 89.8 is N90E.
   if (fAzimuth - 90.0f * fQuadrant < fNearest) return h.sCardinal;
-  const Text<16> sDegrees = Write_Rounded(h.fSense * (fTurn - h.fOrigin));
+  const Text<16> sDegrees = Str_Write_I4(Nint(h.fSense * (fTurn - h.fOrigin)));
   return std::string(h.sFrom).append(sDegrees.trimmed()).append(h.sTo);
-}
-
-Text<16> Str_Write_Pitch(R4 fPitch) {
-  if (!Is_Present(fPitch) || std::isinf(fPitch)) return "*";
-  if (std::abs(std::fmod(fPitch, 90.0f)) >= fNearest) return Write_Rounded(fPitch);
-  switch (Nint(fPitch / 90.0f)) {
-    case -1: return "Down";
-    case 0: return "Hrz";
-    case 1: return "Up";
-    default: return Write_Rounded(fPitch);
-  }
-}
-
-Text<16> Str_Write_NMEA_R8Deg(R8 dDegrees) {
-  static constexpr EditForm form("(F9.6)");
-  if (!(std::abs(dDegrees) <= 360.0)) return "*";
-  const R8 dWhole = std::trunc(dDegrees);
-  std::array<char, MFormText> sOut;
-  std::string sMinutes(Write_Form(60.0 * std::abs(dDegrees - dWhole), form, sOut.data()));
-  std::replace(sMinutes.begin(), sMinutes.end(), ' ', '0');
-  return Str_Write_I4(static_cast<I4>(dWhole)).str() + sMinutes;
 }
 
 I4 NReqDecR8(R8 dValue) {

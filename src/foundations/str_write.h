@@ -24,24 +24,16 @@ std::string_view Write_Form(R4 fValue, const EditForm& form, char* sOut);
 /// Integers of the least width.
 Text<16> Str_Write_I4(I4 iValue);
 Text<16> Str_Write_I4F22(I4 iValue);  // at least two digits from -9 to 99: "05", "-9"
-Text<16> Str_Write_I8(I8 iValue);
-Text<16> Str_Write_L4(L4 bValue);  // "Yes" or "No"
 
 /// By a form, then tidied: a zero before the point, no trailing zeros unless an exponent is there.
 Text<16> Str_Write_R4(R4 fValue, const EditForm& form);
 Text<16> Str_Write_R8(R8 dValue, const EditForm& form);
 
 /// A coordinate or length: 3 decimals below 1.0E8, then fewer digits.
-Text<16> Str_Write_XYZR4(R4 fValue);
 Text<16> Str_Write_XYZR8(R8 dValue);
 
 /// Degrees clockwise from north as a bearing: "N45E"; a cardinal letter up to half a degree above it.
 Text<16> Str_Write_Brg(R4 fAzimuth);
-/// Degrees up: "Up", "Hrz", "Down" within half a degree of them, else a whole number.
-Text<16> Str_Write_Pitch(R4 fPitch);
-/// Degrees as dddmm.mmmmmm: "11505.123000"; "*" outside -360 to 360.
-Text<16> Str_Write_NMEA_R8Deg(R8 dDegrees);
-
 /// How many decimals (1 to 3) a station number needs. It looks at the first two decimals alone: a value with only a
 /// third decimal gets 1, which every written label of the program relies on.
 I4 NReqDecR8(R8 dValue);

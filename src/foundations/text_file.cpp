@@ -1,12 +1,6 @@
 #include "foundations/text_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 
 #include "base/text.h"
 
@@ -17,43 +11,15 @@ namespace {
 constexpr std::size_t MBlock = 1 << 18;  // bytes; what is read stays in the cache until it is used
 constexpr std::string_view sByteOrderMark = "\xEF\xBB\xBF";
 
-/// A handle for reading, -1 where there is no regular file. Not to wait keeps a pipe without a writer from holding
-/// up the program.
-int Open_Regular_File(std::string_view sPath) {
-  if (sPath.find('\0') != std::string_view::npos) return -1;
-  const int iHandle = ::open(std::string(sPath).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-  if (iHandle < 0) return -1;
-  struct stat hStatus {};
-  if (::fstat(iHandle, &hStatus) == 0 && S_ISREG(hStatus.st_mode)) return iHandle;
-  ::close(iHandle);
-  return -1;
-}
-
-/// Bytes read, 0 at the end of the file, -1 after an error.
-ssize_t Read_Some(int iHandle, char* sBytes, std::size_t NBytes) {
-  ssize_t NRead = 0;
-  do NRead = ::read(iHandle, sBytes, NBytes);
-  while (NRead < 0 && errno == EINTR);
-  return NRead;
-}
-
 }  // namespace
 
 RecordReader::RecordReader(std::string_view sPath, I4 MRecord)
-    : MKept(static_cast<std::size_t>(std::max(MRecord, 0))), iHandle(Open_Regular_File(sPath)) {
+    : hFile(sPath), MKept(static_cast<std::size_t>(std::max(MRecord, 0))) {
   bAtEnd = !Is_Open();
   if (bAtEnd) return;
   hBlock = std::make_unique_for_overwrite<char[]>(MBlock);
   Fill();
   if (std::string_view(hBlock.get(), NBlock).starts_with(sByteOrderMark)) iBlock = sByteOrderMark.size();
-}
-
-RecordReader::~RecordReader() {
-  if (Is_Open()) ::close(iHandle);
-}
-
-bool RecordReader::Is_Open() const {
-  return iHandle >= 0;
 }
 
 bool RecordReader::Next() {
@@ -67,7 +33,7 @@ bool RecordReader::Next() {
 }
 
 /// The record that the block's end cuts, or the last one of a file without an end of its own. One byte more than the
-/// longest record is kept: a carriage return may stand there, and only that byte tells whether a cut would split a
+/// longest record is kept: a carriage return may stand there, and only that byte shows whether a cut would split a
 /// character.
 bool RecordReader::Next_Across_Blocks() {
   sLong.clear();
@@ -98,7 +64,7 @@ void RecordReader::Take(std::string_view sLine, bool bCarriageReturn) {
 bool RecordReader::Fill() {
   NBlock = iBlock = 0;
   while (!bAtEnd && NBlock < MBlock) {
-    const ssize_t NRead = Read_Some(iHandle, hBlock.get() + NBlock, MBlock - NBlock);
+    const I8 NRead = hFile.Read(hBlock.get() + NBlock, MBlock - NBlock);
     bFailed = NRead < 0;
     bAtEnd = NRead <= 0;
     if (NRead > 0) NBlock += static_cast<std::size_t>(NRead);

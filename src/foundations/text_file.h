@@ -11,6 +11,7 @@
 
 #include "base/types.h"
 #include "platform/file_names.h"
+#include "platform/input_file.h"
 #include "platform/safe_file.h"
 
 namespace quillan {
@@ -20,12 +21,9 @@ class RecordReader {
  public:
   /// MRecord: the most characters that a record of this format has; the rest of a line is passed over.
   RecordReader(std::string_view sPath, I4 MRecord);
-  ~RecordReader();
-  RecordReader(const RecordReader&) = delete;
-  RecordReader& operator=(const RecordReader&) = delete;
 
   /// False when there is no such file, it is no regular file, or it may not be read.
-  bool Is_Open() const;
+  bool Is_Open() const { return hFile.Is_Open(); }
 
   /// Takes the next record; false at the end of the file or after a read error.
   bool Next();
@@ -41,6 +39,7 @@ class RecordReader {
   bool Next_Across_Blocks();
   void Take(std::string_view sLine, bool bCarriageReturn);
 
+  InputFile hFile;
   std::unique_ptr<char[]> hBlock;
   std::size_t NBlock = 0;  // bytes in the block
   std::size_t iBlock = 0;  // of which taken
@@ -48,7 +47,6 @@ class RecordReader {
   std::string_view sRecord;
   std::size_t MKept;  // bytes of a record
   I4 iLine = 0;
-  int iHandle = -1;
   bool bAtEnd = false;
   bool bFailed = false;
 };
@@ -68,7 +66,7 @@ class TextWriter {
     sBuffer += sText;
     if (sBuffer.size() >= NFlush) Flush();
   }
-  /// Text with the platform's line end behind it.
+  /// Text with the platform's line end after it.
   void Line(std::string_view sText) {
     sBuffer += sText;
     sBuffer += sLineEnd;

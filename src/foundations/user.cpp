@@ -15,7 +15,7 @@ User No_User() {
   h.Choose_File = [](std::string_view, std::string_view) { return std::string(); };
   h.Says_Yes = [](std::string_view, std::string_view) { return false; };
   h.Show_Line = [](std::string_view) {};
-  h.Look = [] { return 0; };
+  h.Look = [] {};
   h.Leave = [] {};
   return h;
 }

@@ -1,4 +1,4 @@
-// user.h: the person at the program, as the core sees them: somebody who can be told, asked and looked at.
+// user.h: the person at the program, as the core sees them: somebody who reads reports and answers questions.
 //
 // The shell fills the record with windows and dialogs, a test with a notebook. Until then nobody is there: reports go
 // to standard error, every question counts as cancelled, and nobody wants to stop.
@@ -46,9 +46,9 @@ struct User {
   std::function<bool(std::string_view sQuestion, std::string_view sTitle)> Says_Yes;
   /// A line of progress, which stands last in sTextBuffer.
   std::function<void(std::string_view sLine)> Show_Line;
-  /// Looks whether the user wants something, for long loops: 0 nothing, 1 the window was drawn again, 2 a file was
-  /// dropped. Does not return when the user ends the program.
-  std::function<I4()> Look;
+  /// Looks whether the user wants something, so that long loops keep the window alive. Does not return when the user
+  /// ends the program.
+  std::function<void()> Look;
   /// The run ends: takes the window away.
   std::function<void()> Leave;
 };

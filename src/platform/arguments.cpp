@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The full path where the system tells it, else the name that the program was called by.
+/// The full path where the system gives it, else the name that the program was called by.
 std::string Program_Path() {
   std::error_code hProblem;
   const fs::path hPath = fs::read_symlink("/proc/self/exe", hProblem);

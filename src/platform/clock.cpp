@@ -22,9 +22,9 @@ bool Fixed_Date(Date& hDate) {
   const auto hRead = std::from_chars(sSeconds.data(), sEnd, NSeconds);
   if (sSeconds.empty() || hRead.ec != std::errc{} || hRead.ptr != sEnd) return false;
   const std::time_t hSeconds = NSeconds;
-  std::tm hTime{};
-  if (::gmtime_r(&hSeconds, &hTime) == nullptr) return false;
-  hDate = Day_of(hTime);
+  const std::tm* hTime = std::gmtime(&hSeconds);
+  if (hTime == nullptr) return false;
+  hDate = Day_of(*hTime);
   return true;
 }
 
@@ -34,9 +34,7 @@ Date IOsDate() {
   Date hDate{};
   if (Fixed_Date(hDate)) return hDate;
   const std::time_t hNow = std::time(nullptr);
-  std::tm hTime{};
-  ::localtime_r(&hNow, &hTime);
-  return Day_of(hTime);
+  return Day_of(*std::localtime(&hNow));
 }
 
 }  // namespace quillan

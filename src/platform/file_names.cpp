@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "base/text.h"
+
 namespace quillan {
 
 namespace fs = std::filesystem;
@@ -16,8 +18,7 @@ bool IOsFileExists(std::string_view sPath) {
 namespace {
 
 bool Differs_in_Case_Only(std::string_view s1, std::string_view s2) {
-  const auto CLetter = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
-  return std::ranges::equal(s1, s2, {}, CLetter, CLetter);
+  return std::ranges::equal(s1, s2, {}, Upper_Case, Upper_Case);
 }
 
 }  // namespace

@@ -54,37 +54,25 @@ class FindFile : public testing::Test {
     ::setenv("PATH", sOldPath.c_str(), 1);
     fs::remove_all("find");
   }
-  std::string Found(std::string_view sName) {
-    std::string sFileSpec = "left over";
-    I4 iError = -1;
-    Find_File(sName, sFileSpec, iError);
-    EXPECT_EQ(iError, sFileSpec.empty() ? 1 : 0) << sName;
-    return sFileSpec;
-  }
   std::string sOldPath;
 };
 
 TEST_F(FindFile, LooksHereThenBesideTheProgramThenAlongThePath) {
-  std::string sProgramDir;
-  I4 iError = -1;
-  Get_Exe_DirPath(sProgramDir, iError);
-  EXPECT_EQ(iError, 0);
+  const std::string sProgramDir = Get_Exe_DirPath();
   ASSERT_TRUE(sProgramDir.ends_with(sSlash)) << sProgramDir;
-  EXPECT_TRUE(fs::equivalent(Found("foundations_test"), sProgramDir + "foundations_test"));
+  EXPECT_TRUE(fs::equivalent(Find_File("foundations_test"), sProgramDir + "foundations_test"));
 
-  EXPECT_EQ(Found("find/b/x.clr"), "find/b/x.clr");
-  EXPECT_EQ(Found("x.clr"), "find/a/x.clr");
-  EXPECT_EQ(Found("y.clr  "), "find/b/y.clr");
-  EXPECT_EQ(Found("folder.clr"), "find/b/folder.clr") << "a folder of that name is not the file";
-}
+  EXPECT_EQ(Find_File("find/b/x.clr"), "find/b/x.clr");
+  EXPECT_EQ(Find_File("x.clr"), "find/a/x.clr");
+  EXPECT_EQ(Find_File("y.clr  "), "find/b/y.clr");
+  EXPECT_EQ(Find_File("folder.clr"), "find/b/folder.clr") << "a folder of that name is not the file";
 
-TEST_F(FindFile, SaysWhenThereIsNone) {
-  EXPECT_EQ(Found("missing.clr"), "");
-  EXPECT_EQ(Found(" "), "");
+  EXPECT_EQ(Find_File("missing.clr"), "");
+  EXPECT_EQ(Find_File(" "), "");
   ::setenv("PATH", "", 1);
-  EXPECT_EQ(Found("x.clr"), "");
+  EXPECT_EQ(Find_File("x.clr"), "");
   ::unsetenv("PATH");
-  EXPECT_EQ(Found("x.clr"), "");
+  EXPECT_EQ(Find_File("x.clr"), "");
 }
 
 }  // namespace

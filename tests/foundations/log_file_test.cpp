@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "support/files.h"
+#include "support/user_notebook.h"
 
 namespace quillan {
 namespace {
@@ -17,9 +18,7 @@ class LogFile : public testing::Test {
  protected:
   void SetUp() override {
     bAutoErr = true;
-    I4 IOERR = -1;
-    Log_Initialize("run.x", IOERR);
-    ASSERT_EQ(IOERR, 0);
+    ASSERT_EQ(Log_Initialize("run.x"), 0);
   }
   void TearDown() override {
     Log_Close();
@@ -32,16 +31,13 @@ TEST_F(LogFile, NamesItsFilesAfterTheStemAndRemovesThoseOfAnEarlierRun) {
   LogText("old");
   LogErr({"old"});
   EXPECT_TRUE(fs::exists("run.log") && fs::exists("run.err"));
-  I4 IOERR = -1;
-  Log_Initialize("run", IOERR);
-  EXPECT_EQ(IOERR, 0);
+  EXPECT_EQ(Log_Initialize("run"), 0);
   EXPECT_FALSE(fs::exists("run.log") || fs::exists("run.err"));
   EXPECT_EQ(sLogFile, (fs::current_path() / "run.log").string());
   EXPECT_EQ(NTextBuffer, 0);
 
   fs::create_directories("a.b/stuck.log");
-  Log_Initialize("a.b/stuck", IOERR);
-  EXPECT_EQ(IOERR, 1) << "what stands in the way cannot be removed";
+  EXPECT_EQ(Log_Initialize("a.b/stuck"), 1) << "what stands in the way cannot be removed";
   EXPECT_EQ(sErrFile, "a.b/stuck.err") << "the point of a folder is not that of the name";
   fs::remove_all("a.b");
 }
@@ -77,27 +73,31 @@ TEST_F(LogFile, LeavesOffAfter127ReportsOfBadRows) {
   const std::string sErr = Read_Whole_File(sErrFile);
   const std::string sEnd = "\n \n row 127\n \n More than 128 error messages, no further messages will be logged.\n";
   EXPECT_TRUE(sErr.ends_with(sEnd)) << sErr;
-  LogErr({"still told"});
-  EXPECT_TRUE(Read_Whole_File(sErrFile).ends_with(" still told\n"));
+  LogErr({"still written"});
+  EXPECT_TRUE(Read_Whole_File(sErrFile).ends_with(" still written\n"));
   EXPECT_FALSE(Read_Whole_File(sLogFile).find("row") != std::string::npos) << "bad rows go to the error file alone";
 }
 
-TEST_F(LogFile, SaysOnStandardErrorWhatNoWindowCanShow) {
+TEST_F(LogFile, SaysOnStandardErrorWhatNobodyIsThereToRead) {
   bAutoErr = false;
   testing::internal::CaptureStderr();
   LogErr({"AVG_Read.ERROR:", "no data  "});
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "AVG_Read.ERROR:\nno data\n");
 }
 
-TEST_F(LogFile, AQuietCommandIsQuietUntilTheNext) {
+TEST_F(LogFile, AfterAReportTheUserGoesOnWantsNoFurtherOrEndsTheRun) {
   bAutoErr = false;
-  bQuietErr = true;
-  testing::internal::CaptureStderr();
-  LogErr({"first"});
-  LogErr_Begin_Command();
+  UserNotebook hBook;
+  LogErr({"first  ", std::string(200, 'x')});
+  hBook.iAfterReport = AfterReport::Quiet;
   LogErr({"second"});
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "second\n");
-  EXPECT_NE(Read_Whole_File(sErrFile).find(" first\n"), std::string::npos);
+  LogErr({"third"});
+  LogErr_Begin_Command();
+  hBook.iAfterReport = AfterReport::Stop;
+  EXPECT_THROW(LogErr({"fourth"}), ProgramStop);
+  const std::string sFirst = "first\n" + std::string(128, 'x');
+  EXPECT_EQ(hBook.sNote, (std::vector<std::string>{sFirst, "second", "fourth", "left"}));
+  EXPECT_NE(Read_Whole_File(sErrFile).find(" third\n"), std::string::npos) << "quiet is for the boxes alone";
 }
 
 }  // namespace

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <fstream>
-#include <iterator>
 
 #include "foundations/log_file.h"
+#include "support/files.h"
+#include "support/user_notebook.h"
 
 namespace quillan {
 namespace {
@@ -37,19 +37,12 @@ class StrParse : public testing::Test {
  protected:
   void SetUp() override {
     bAutoErr = true;
-    I4 IOERR = 0;
-    Log_Initialize("quillan", IOERR);
-    ASSERT_EQ(IOERR, 0);
+    ASSERT_EQ(Log_Initialize("quillan"), 0);
   }
-
-  static std::string Errors() {
-    std::ifstream in(sErrFile);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
+  static std::string Errors() { return Read_Whole_File(sErrFile); }
   static I4 Lines_with(std::string_view sWords) {
-    std::ifstream in(sErrFile);
     I4 N = 0;
-    for (std::string sLine; std::getline(in, sLine);) N += sLine.find(sWords) != std::string::npos;
+    for (const std::string& sLine : Read_Lines(sErrFile)) N += sLine.find(sWords) != std::string::npos;
     return N;
   }
 };
@@ -68,8 +61,8 @@ TEST(StrParseFld, WhatSeparatesFields) {
       {"a,,b",              {"a", "", "b"},          "an empty field between commas"                },
       {"a , , b",           {"a", "", "b"},          "a blank field between commas"                 },
       {",a",                {"", "a"},               "a leading comma gives a blank field"          },
-      {"  , a",             {"", "a"},               "so it does behind blanks"                     },
-      {"\t,a",              {"", "a"},               "and behind a tab"                             },
+      {"  , a",             {"", "a"},               "so it does after blanks"                      },
+      {"\t,a",              {"", "a"},               "and after a tab"                              },
       {"a,",                {"a"},                   "a trailing comma adds nothing"                },
       {"a,, ",              {"a", ""},               "of two trailing commas one does"              },
       {",",                 {""},                    "a lone comma"                                 },
@@ -95,7 +88,7 @@ TEST(StrParseFld, QuotesProtectAndGo) {
       {"\"\",a",       {"", "a"},        "empty quotes are a blank field"                              },
       {"\"  \" a",     {"", "a"},        "so are quoted blanks"                                        },
       {"\" a \",b",    {"a", "b"},       "blanks at the ends of a quoted text go"                      },
-      {"\"a ,b\" , c", {"a, b", "c"},    "a blank in front of a quoted comma moves behind it"          },
+      {"\"a ,b\" , c", {"a, b", "c"},    "a blank in front of a quoted comma moves after it"           },
       {"\"a\t,  ,b\"", {"a,,   b"},      "a run of quoted blanks, tabs and commas has its commas first"},
       {"\"a\tb\"",     {"a b"},          "a quoted tab is a blank"                                     },
       {"a \"b c",      {"a"},            "a quote that never closes loses its field"                   },
@@ -162,7 +155,7 @@ TEST(StrToFld, OnlyTheSeparatorsSeparate) {
       {"a b, c",            ",",  {"a b", "c"},       "blanks do not separate"                  },
       {"a,\"b,c\",d",       ",",  {"a", "b,c", "d"},  "quotes protect a comma"                  },
       {"a,b,",              ",",  {"a", "b,"},        "the comma that ends the record stays"    },
-      {"a,,",               ",",  {"a", ","},         "also behind a comma"                     },
+      {"a,,",               ",",  {"a", ","},         "also after a comma"                      },
       {",",                 ",",  {","},              "also alone"                              },
       {",a",                ",",  {"", "a"},          "a leading comma gives a blank field"     },
       {"a,,b",              ",",  {"a", "", "b"},     "an empty field"                          },
@@ -179,43 +172,24 @@ TEST(StrToFld, OnlyTheSeparatorsSeparate) {
 
 TEST_F(StrParse, TooManyCommaFieldsAreReportedOnce) {
   FieldList hField(2);
-  CSV_to_Fld("a,b,c,d", hField);
+  Str_to_Fld("a,b,c,d", ",", hField);
   EXPECT_EQ(All(hField), (Fields{"a", "b"}));
   EXPECT_EQ(Lines_with("WARNING: more than 2 columns in csv file."), 1);
   EXPECT_EQ(Lines_with("Extra columns will be dropped."), 1);
-  CSV_to_Fld("a,b", hField);
+  Str_to_Fld("a,b", ",", hField);
   EXPECT_EQ(Lines_with("WARNING"), 1) << "as many as the list holds are not too many";
 }
 
 TEST(ColumnLabels, TheEarliestVariableChoosesItsColumn) {
   ColumnMap hColumn;
-  I4 iError = 9;
-  Str_Column_Labels("Rx.Stn,Tx.Stn Stn other", false, false, Labels{"STN", "TX.STN", "STN", "NONE"}, 9, hColumn,
-                    iError);
-  EXPECT_EQ(iError, 0);
+  const Labels CID{"STN", "TX.STN", "STN", "NONE"};
+  EXPECT_EQ(Str_Column_Labels("Rx.Stn,Tx.Stn Stn other", false, false, CID, 9, hColumn), 0);
   EXPECT_EQ(hColumn.NFC, 4);
   EXPECT_EQ(hColumn.KCol, (std::vector<I4>{1, 2, 3, 0})) << "the first column that holds the text and is free";
   EXPECT_EQ(hColumn.JCol, (std::vector<I4>{1, 2, 3, 0, 0, 0, 0, 0, 0}));
   EXPECT_EQ(hColumn.sLabel, (Fields{"Rx.Stn", "Tx.Stn", "Stn", "other"})) << "labels keep their case";
-}
-
-TEST(ColumnLabels, AnExactMatchComparesWholeLabels) {
-  ColumnMap hColumn;
-  I4 iError = 9;
-  Str_Column_Labels("STN.X stn", false, true, Labels{"STN  "}, 9, hColumn, iError);
-  EXPECT_EQ(hColumn.KCol, (std::vector<I4>{2}));
-}
-
-TEST(ColumnLabels, AnyOfSeveralSpellingsMatches) {
-  const std::vector<Labels> CID{
-      {"EAST",  "UTMX"},
-      {"NORTH", "UTMY"}
-  };
-  ColumnMap hColumn;
-  I4 iError = 9;
-  Str_Column_Labels_Aliased("utmy,EAST,north", false, true, CID, 9, hColumn, iError);
-  EXPECT_EQ(hColumn.KCol, (std::vector<I4>{2, 1}));
-  EXPECT_EQ(hColumn.JCol[2], 0) << "a variable that has its column takes no other";
+  EXPECT_EQ(Str_Column_Labels("STN.X stn", false, true, Labels{"STN  "}, 9, hColumn), 0);
+  EXPECT_EQ(hColumn.KCol, (std::vector<I4>{2})) << "an exact match compares whole labels";
 }
 
 TEST(ColumnLabels, AliasesAreWholeLabels) {
@@ -224,100 +198,74 @@ TEST(ColumnLabels, AliasesAreWholeLabels) {
       {"N", "NORTHING" },
       {"Z", "ELEVATION"}
   };
+  const Labels CID{"EASTING", "NORTHING", "ELEVATION"};
   ColumnMap hColumn;
-  I4 iError = 9;
-  Str_Column_Labels_Alias_List("n,e,ez,Elevation", false, true, CAlias, Labels{"EASTING", "NORTHING", "ELEVATION"}, 9,
-                               hColumn, iError);
+  EXPECT_EQ(Str_Column_Labels_Alias_List("n,e,ez,Elevation,E", false, true, CAlias, CID, 9, hColumn), 0);
   EXPECT_EQ(hColumn.KCol, (std::vector<I4>{2, 1, 4}));
+  EXPECT_EQ(hColumn.JCol[4], 0) << "a variable that has its column takes no other";
   EXPECT_EQ(hColumn.sLabel[0], "n");
 }
 
 TEST_F(StrParse, AtMostThreeMissingColumnsAreNamed) {
   const Labels CID{"A ", "B", "C", "D"};
   ColumnMap hColumn;
-  I4 iError = 9;
-  Str_Column_Labels("x", true, true, CID, 9, hColumn, iError);
-  EXPECT_EQ(iError, 1);
+  EXPECT_EQ(Str_Column_Labels("x", true, true, CID, 9, hColumn), 1);
   EXPECT_NE(Errors().find("  ERROR: Could not find A column.\n"), std::string::npos);  // one blank from the file
   EXPECT_EQ(Lines_with("Could not find"), 3);
-  Str_Column_Labels_Alias_List("d,b,c", true, true, {}, CID, 9, hColumn, iError);
-  EXPECT_EQ(iError, 1);
+  EXPECT_EQ(Str_Column_Labels_Alias_List("d,b,c", true, true, {}, CID, 9, hColumn), 1);
   EXPECT_NE(Errors().find("\n ERROR: Could not find A column.\n"), std::string::npos);
-  Str_Column_Labels("a,b,c,d", true, true, CID, 9, hColumn, iError);
-  EXPECT_EQ(iError, 0);
+  EXPECT_EQ(Str_Column_Labels("a,b,c,d", true, true, CID, 9, hColumn), 0);
   EXPECT_EQ(Lines_with("Could not find"), 4);
 }
 
-TEST_F(StrParse, ACommaDelimitedHeaderNamesEveryMissingColumnAndCountsTheNeededOnes) {
-  const Labels CID{"STN", "UTMX", "UTMY", "ELEV", "TIME", "SWP", "GAIN"};
+TEST_F(StrParse, TheUserIsAskedForColumnsUntilEveryRequiredOneIsThere) {
+  UserNotebook hBook;
+  const auto Match = [](std::string_view sRecord, ColumnMap& hColumn) {
+    const I4 JCheck[] = {1};
+    return Str_Column_Labels_Dialog("f.stn ", sRecord, true, {}, Labels{"A", "B"}, Labels{"first", "second"}, JCheck, 9,
+                                    hColumn);
+  };
   ColumnMap hColumn;
-  I4 iError = 9;
-  CSV_Column_Labels("line no,my stn,other", true, false, CID, 9, hColumn, iError);
-  EXPECT_EQ(iError, 1);
-  EXPECT_EQ(Lines_with("ERROR: Could not find"), 6);
-  EXPECT_EQ(hColumn.KCol[0], 2);
-  EXPECT_EQ(hColumn.NFC, 2) << "a data record need not reach the last label";
-  CSV_Column_Labels("nothing", false, true, CID, 9, hColumn, iError);
-  EXPECT_EQ(iError, 0);
-  EXPECT_EQ(hColumn.NFC, 0);
-}
-
-TEST(ColumnValues, WhatCannotBeReadIsMissing) {
-  const std::vector<I4> KCol{3, 1, 0, 2, 4, 5, 7};
-  std::vector<R4> fValue(KCol.size(), 0.0f);
-  I4 NFC = 0;
-  Str_Column_R4Values("1.5,*,-2E1,abc,12345678901234567890", 6, NFC, KCol, fValue);
-  EXPECT_EQ(NFC, 5);
-  EXPECT_EQ(fValue, (std::vector<R4>{-20.0f, 1.5f, fDummy, fDummy, fDummy, 1234567890123456.0f, fDummy}))
-      << "the last but one is cut to 16 characters, the last lies beyond the record";
-  std::vector<R8> dValue(2, 0.0);
-  Str_Column_R8Values("0.1,,7", 6, NFC, std::vector<I4>{1, 2}, dValue);
-  EXPECT_EQ(dValue, (std::vector<R8>{0.1, dDummy}));
+  EXPECT_EQ(Match("a,b", hColumn), 0);
+  EXPECT_TRUE(hBook.sNote.empty()) << "a complete match asks nobody";
+  hBook.KChoice = {
+      {3, 2},
+      {1, 2}
+  };
+  EXPECT_EQ(Match("x,b", hColumn), 0);
+  EXPECT_EQ(hColumn.KCol, (std::vector<I4>{1, 2}));
+  EXPECT_EQ(hBook.sNote, Fields(2, "f.stn: first second: REQUIRED Optional: x b none"));
+  EXPECT_TRUE(Errors().ends_with(" ERROR: Missing required data-column labels\n A in\n x,b\n"));
+  EXPECT_EQ(Match("x,b", hColumn), 2);
+  EXPECT_EQ(hColumn.KCol, (std::vector<I4>{0, 2})) << "cancelled, the match is the automatic one";
 }
 
 TEST(Enumeration, AWordIsFoundWholeThenAsAPart) {
   const Labels CTable{"EAST", "NORTH", "SOUTH", "NORTH-SOUTH"};
   const struct {
     const char* sField;
-    I4 iExpected, IOERR;
+    I4 iMeant, iExpected, IOERR;
     const char* sWhy;
   } hCase[] = {
-      {" south ",            3, 0,  "without regard to case and blanks"},
-      {"north-south",        4, 0,  "a whole word goes first"          },
-      {"to the north-south", 2, 0,  "of parts the first in the table"  },
-      {"",                   7, -1, "blank"                            },
-      {"north*",             7, -1, "a star anywhere is missing"       },
-      {"up",                 7, 2,  "there is no one to ask"           },
+      {" south ",            0,  3, 0,  "without regard to case and blanks"},
+      {"north-south",        0,  4, 0,  "a whole word goes first"          },
+      {"to the north-south", 0,  2, 0,  "of parts the first in the table"  },
+      {"",                   0,  7, -1, "blank"                            },
+      {"north*",             0,  7, -1, "a star anywhere is missing"       },
+      {"up",                 0,  7, 2,  "the question is cancelled"        },
+      {"up",                 1,  1, 0,  "the user's choice"                },
+      {"up",                 -1, 7, 0,  "a choice that cannot be used"     },
+      {"up",                 5,  7, 0,  "a choice that is not in the table"},
   };
+  UserNotebook hBook;
   for (const auto& h : hCase) {
-    I4 iFound = 7, IOERR = 9;
-    Str_to_iEnumeration(h.sField, "LINE.DIRECTION", CTable, iFound, IOERR);
+    hBook.iWord = h.iMeant;
+    I4 iFound = 7;
+    EXPECT_EQ(Str_to_iEnumeration(h.sField, "LINE.DIRECTION ", CTable, iFound), h.IOERR) << h.sWhy;
     EXPECT_EQ(iFound, h.iExpected) << h.sWhy;
-    EXPECT_EQ(IOERR, h.IOERR) << h.sWhy;
   }
-}
-
-TEST(FuzzyMatch, CountsEditsAndSwaps) {
-  const struct {
-    const char *str1, *str2;
-    I4 iDistance;
-  } hCase[] = {
-      {"ab",     "ba",      1},
-      {"abc",    "acb",     1},
-      {"CAT",    "cat",     0},
-      {"cat  ",  "cat",     0},
-      {"",       "abc",     3},
-      {"abc",    "",        3},
-      {"",       "",        0},
-      {"abc",    "abd",     1},
-      {"abc",    "abcd",    1},
-      {"bcd",    "abcd",    1},
-      {"ca",     "abc",     3},
-      {"kitten", "sitting", 3},
-      {"aabb",   "bbaa",    3},
-      {"abcdef", "badcfe",  3},
-  };
-  for (const auto& h : hCase) EXPECT_EQ(iStr_Fuzzy_Match(h.str1, h.str2), h.iDistance) << h.str1 << " " << h.str2;
+  const std::string sQuestion = "UP of LINE.DIRECTION: EAST NORTH SOUTH NORTH-SOUTH at NORTH-SOUTH";
+  EXPECT_EQ(hBook.sNote, Fields(4, sQuestion)) << "the question begins within the table";
 }
 
 TEST(StrTrim0, TakesTrailingZerosFromPlainDecimals) {
@@ -345,15 +293,8 @@ TEST(StrTrim0, TakesTrailingZerosFromPlainDecimals) {
 
 TEST(StrTexts, AreTidied) {
   EXPECT_EQ(Str_Strip_Quotes("\t\"a\" b\" "), "a  b");
-  EXPECT_EQ(Str_Trim_Null_Bytes(std::string_view("ab\0cd", 5)), "ab");
-  EXPECT_EQ(Str_Trim_Null_Bytes("ab\x80"), "ab");
-  EXPECT_EQ(Str_Trim_Null_Bytes("ab\x7F"), "ab\x7F");
   EXPECT_EQ(Str_UpCase("aZ\xC3\xA9{1"), "AZ\xC3\xA9{1") << "ASCII letters alone";
-  EXPECT_EQ(Str_DownCase("aZ\xC3\x89[1"), "az\xC3\x89[1");
   EXPECT_EQ(Str_Squish(" a\tb  c "), "abc");
-  EXPECT_EQ(Str_Map("abcd", "xy", "abcab"), "xycxy") << "the shorter map counts";
-  EXPECT_EQ(Str_Map("aa", "xy", "a"), "x");
-  EXPECT_EQ(Str_Map("", "xy", "a"), "");
 }
 
 }  // namespace

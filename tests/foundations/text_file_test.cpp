@@ -99,7 +99,7 @@ TEST(RecordReader, CutsALongRecordBetweenCharacters) {
   EXPECT_EQ(Records_of("a\nb\n", 0), (Names{"", ""}));
 }
 
-// Wherever a block ends, within a line, before its end, within its end, behind it, nothing is lost or doubled.
+// Wherever a block ends, within a line, before its end, within its end, after it, nothing is lost or doubled.
 TEST(RecordReader, ReadsAcrossTheEndsOfBlocks) {
   for (const std::string_view sEnd : {"\n", "\r\n"}) {
     for (std::size_t NFirst = NMegabyte - 5; NFirst <= NMegabyte + 2; ++NFirst) {

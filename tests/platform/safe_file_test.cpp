@@ -14,7 +14,6 @@
 #include "platform/file_names.h"
 #include "platform/safe_file.h"
 #include "support/files.h"
-#include "toolkit/draw/last_error.h"
 
 namespace quillan {
 namespace {

@@ -1,0 +1,34 @@
+#include "platform/input_file.h"
+
+#include <cerrno>
+#include <string>
+#include <utility>
+
+#include "platform/system_calls.h"
+
+namespace quillan {
+
+InputFile::InputFile(std::string_view sPath) {
+  iOSError = ENOENT;
+  if (sPath.find('\0') != std::string_view::npos) return;
+  iHandle = Sys_Open_to_Read(std::string(sPath));
+  iOSError = iHandle < 0 ? errno : 0;
+  if (iHandle < 0) return;
+  const HandleStatus hStatus = Sys_Status(iHandle);
+  iMode = hStatus.iMode;
+  if (hStatus.bRegular) return;
+  iOSError = hStatus.bFolder ? EISDIR : EINVAL;
+  Sys_Close(std::exchange(iHandle, -1));
+}
+
+InputFile::~InputFile() {
+  if (Is_Open()) Sys_Close(iHandle);
+}
+
+I8 InputFile::Read(char* sBytes, std::size_t NBytes) {
+  const I8 NRead = Sys_Read(iHandle, sBytes, NBytes);
+  if (NRead < 0) iOSError = errno;
+  return NRead;
+}
+
+}  // namespace quillan

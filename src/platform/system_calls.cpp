@@ -1,0 +1,137 @@
+#include "platform/system_calls.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+
+namespace quillan {
+
+namespace {
+
+/// Makes a call again for as long as signals interrupt it.
+template <class Call>
+auto Uninterrupted(Call Make) {
+  auto iResult = Make();
+  while (iResult < 0 && errno == EINTR) iResult = Make();
+  return iResult;
+}
+
+}  // namespace
+
+bool Sys_Close(int iHandle) {
+  return ::close(iHandle) == 0 || errno == EINTR;
+}
+
+#ifdef _WIN32
+
+namespace {
+
+constexpr std::size_t MOnce = 1 << 30;  // bytes that one call takes
+
+}  // namespace
+
+int Sys_Open_to_Read(const std::string& sPath) {
+  return ::_open(sPath.c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT);
+}
+
+int Sys_Open_New(const std::string& sPath, I4 iMode) {
+  return ::_open(sPath.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, iMode & _S_IWRITE);
+}
+
+HandleStatus Sys_Status(int iHandle) {
+  struct _stat64 h {};
+  if (::_fstat64(iHandle, &h) != 0) return {};
+  return {(h.st_mode & _S_IFMT) == _S_IFREG, (h.st_mode & _S_IFMT) == _S_IFDIR, h.st_mode & 0777};
+}
+
+I8 Sys_Read(int iHandle, char* sBytes, std::size_t NBytes) {
+  return ::_read(iHandle, sBytes, static_cast<unsigned>(std::min(NBytes, MOnce)));
+}
+
+I8 Sys_Write(int iHandle, const char* sBytes, std::size_t NBytes) {
+  return ::_write(iHandle, sBytes, static_cast<unsigned>(std::min(NBytes, MOnce)));
+}
+
+bool Sys_Flush(int iHandle) {
+  return Uninterrupted([&] { return ::_commit(iHandle); }) == 0;
+}
+
+void Sys_Set_Mode(int, I4) {}
+
+bool Sys_May_Write(const std::string& sPath) {
+  constexpr int iToWrite = 2;
+  return ::_access(sPath.c_str(), iToWrite) == 0;
+}
+
+bool Sys_Replace(const std::string& sFrom, const std::string& sTo) {
+  std::error_code hProblem;
+  std::filesystem::rename(sFrom, sTo, hProblem);
+  if (hProblem) errno = hProblem.default_error_condition().value();
+  return !hProblem;
+}
+
+#else
+
+int Sys_Open_to_Read(const std::string& sPath) {
+  return ::open(sPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+}
+
+int Sys_Open_New(const std::string& sPath, I4 iMode) {
+  return ::open(sPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, static_cast<mode_t>(iMode));
+}
+
+HandleStatus Sys_Status(int iHandle) {
+  struct stat h {};
+  if (::fstat(iHandle, &h) != 0) return {};
+  return {S_ISREG(h.st_mode), S_ISDIR(h.st_mode), static_cast<I4>(h.st_mode & 0777U)};
+}
+
+I8 Sys_Read(int iHandle, char* sBytes, std::size_t NBytes) {
+  return Uninterrupted([&] { return ::read(iHandle, sBytes, NBytes); });
+}
+
+I8 Sys_Write(int iHandle, const char* sBytes, std::size_t NBytes) {
+  return Uninterrupted([&] { return ::write(iHandle, sBytes, NBytes); });
+}
+
+bool Sys_Flush(int iHandle) {
+  return Uninterrupted([&] { return ::fsync(iHandle); }) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+void Sys_Set_Mode(int iHandle, I4 iMode) {
+  static_cast<void>(::fchmod(iHandle, static_cast<mode_t>(iMode)));  // see the header
+}
+
+bool Sys_May_Write(const std::string& sPath) {
+  return ::faccessat(AT_FDCWD, sPath.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+namespace {
+
+/// Makes the new name of a file last. A folder that may be written but not read cannot be flushed.
+bool Is_Folder_Flushed(const std::string& sFolder) {
+  const int iFolder = ::open(sFolder.c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY);
+  if (iFolder < 0) return errno == EACCES;
+  const bool bFlushed = Sys_Flush(iFolder);
+  const int iProblem = errno;
+  ::close(iFolder);
+  errno = iProblem;
+  return bFlushed;
+}
+
+}  // namespace
+
+bool Sys_Replace(const std::string& sFrom, const std::string& sTo) {
+  if (::rename(sFrom.c_str(), sTo.c_str()) != 0) return false;
+  const std::string sFolder = std::filesystem::path(sTo).parent_path().string();
+  return Is_Folder_Flushed(sFolder.empty() ? "." : sFolder);
+}
+
+#endif
+
+}  // namespace quillan

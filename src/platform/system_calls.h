@@ -1,0 +1,39 @@
+// system_calls.h: calls that each system names or makes in its own way. Only platform/ includes it: a port to another
+// system is a port of its source file.
+//
+// A call that fails returns false or -1 and leaves the reason in errno. What a signal interrupts is done again.
+#pragma once
+
+#include <string>
+
+#include "base/types.h"
+
+namespace quillan {
+
+/// A handle for reading, -1 where there is none. It never waits: a pipe without a writer holds nobody up.
+int Sys_Open_to_Read(const std::string& sPath);
+/// A handle for writing a file that must not be there yet (else EEXIST). iMode: permissions, before the user's mask.
+int Sys_Open_New(const std::string& sPath, I4 iMode);
+bool Sys_Close(int iHandle);
+
+/// What was opened; neither kind where the system does not say.
+struct HandleStatus {
+  bool bRegular = false;
+  bool bFolder = false;
+  I4 iMode = 0;  // permissions
+};
+HandleStatus Sys_Status(int iHandle);
+/// Bytes read, 0 at the end of the file.
+I8 Sys_Read(int iHandle, char* sBytes, std::size_t NBytes);
+/// Bytes written, fewer than NBytes where the disk has room for no more.
+I8 Sys_Write(int iHandle, const char* sBytes, std::size_t NBytes);
+/// Brings what was written to the disk. File systems that cannot flush count as done: no more can be had there.
+bool Sys_Flush(int iHandle);
+
+/// Where the file system keeps no modes nothing changes; the mode is then none that lets more users in.
+void Sys_Set_Mode(int iHandle, I4 iMode);
+bool Sys_May_Write(const std::string& sPath);
+/// Renames a file over another one in one step, and makes the new name last.
+bool Sys_Replace(const std::string& sFrom, const std::string& sTo);
+
+}  // namespace quillan

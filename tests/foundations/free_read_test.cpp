@@ -1,0 +1,78 @@
+#include "foundations/free_read.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <fstream>
+#include <string>
+
+namespace quillan {
+namespace {
+
+/// A row of reads.txt, such as: r4 40400000 "2*3" refused: a repeat count is a missing value to us
+struct ReadRow {
+  std::string sKind, sResult, sText;
+  bool bOnPurpose = false;  // the row ends in the reason of the refusal
+
+  bool Is_Refused() const { return sResult == "fails" || sResult == "beyond" || bOnPurpose; }
+};
+
+bool Next_Row(std::istream& in, ReadRow& hRow) {
+  std::string sRest;
+  if (!(in >> hRow.sKind >> hRow.sResult) || !std::getline(in, sRest)) return false;
+  const std::size_t KEnd = sRest.rfind('"');
+  hRow.sText = sRest.substr(2, KEnd - 2);
+  hRow.bOnPurpose = KEnd + 1 < sRest.size();
+  return true;
+}
+
+template <class Integer>
+std::string Written(Integer iValue) {
+  return std::to_string(iValue);
+}
+
+std::string Written(R8 dValue) {
+  char sBits[20];
+  std::snprintf(sBits, sizeof sBits, "%016llX", static_cast<unsigned long long>(std::bit_cast<std::uint64_t>(dValue)));
+  return sBits;
+}
+
+std::string Written(R4 fValue) {
+  char sBits[20];
+  std::snprintf(sBits, sizeof sBits, "%08X", std::bit_cast<std::uint32_t>(fValue));
+  return sBits;
+}
+
+template <class Number>
+std::string Result_of(const std::string& sText) {
+  constexpr Number xBefore = Number{-7};
+  Number x = xBefore;
+  if (!Free_Read(sText, x)) return x == xBefore ? "fails" : "fails, but changes the target";
+  return x == xBefore ? "null" : Written(x);
+}
+
+// reads.txt is what a Fortran program reads (reads.f90 makes it): the files that users bring were made for such
+// programs.
+TEST(FreeRead, EveryTokenReadsAsAListDirectedRead) {
+  std::ifstream in(QUILLAN_SOURCE_DIR "/tests/foundations/reads.txt");
+  ReadRow hRow;
+  I4 NRow = 0;
+  for (; Next_Row(in, hRow); ++NRow) {
+    const std::string sResult = hRow.sKind == "i4"   ? Result_of<I4>(hRow.sText)
+                                : hRow.sKind == "i8" ? Result_of<I8>(hRow.sText)
+                                : hRow.sKind == "r4" ? Result_of<R4>(hRow.sText)
+                                                     : Result_of<R8>(hRow.sText);
+    EXPECT_EQ(sResult, hRow.Is_Refused() ? "fails" : hRow.sResult) << hRow.sKind << " \"" << hRow.sText << '"';
+  }
+  EXPECT_GT(NRow, 250);
+}
+
+TEST(FreeRead, ATokenEndsWhereItsTextEnds) {
+  const std::string_view sRecord = "12.53";
+  R4 fValue = 0.0f;
+  EXPECT_TRUE(Free_Read(sRecord.substr(0, 4), fValue));
+  EXPECT_EQ(fValue, 12.5f) << "the characters after the view are another field's";
+}
+
+}  // namespace
+}  // namespace quillan
