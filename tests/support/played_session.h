@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "toolkit/draw/draw.h"
+#include "toolkit/draw/last_error.h"
 #include "toolkit/script/script.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/messages.h"
@@ -18,11 +19,19 @@
 
 namespace quillan {
 
-/// A message that came, as a test looks at it.
-struct Came {
-  MessageType iType;
+// Old form; it goes when the last caller has changed.
+struct Came : Message {
   Message hMessage;
 };
+
+/// Opens a window in which nothing plays.
+inline void Open_Window(I4 NXP, I4 NYP, I4 iMenu = iNoMenu) {
+  static char sProgram[] = "quillan";
+  static char* hArgument[] = {sProgram, nullptr};
+  WInitialise(1, hArgument);
+  WindowOpen2(0, 0, NXP, NYP, iMenu, "QUILLAN test");
+  InfoError();
+}
 
 /// Opens a window of 900 x 600 pixels with the main menu, in which steps.txt plays, and closes it at the end. What goes
 /// to standard error is kept.
@@ -30,12 +39,13 @@ class PlayedSession {
  public:
   explicit PlayedSession(std::string_view sSteps) : hKept(std::cerr.rdbuf(sErrors.rdbuf())) {
     std::ofstream("steps.txt") << sSteps;
-    WInitialise(1, hArgument, "steps.txt");
-    WindowOpen2(0, 0, 900, 600, iMenuMain, "QUILLAN test");
+    Script_Load("steps.txt");
+    Open_Window(900, 600, iMenuMain);
     IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
   }
   ~PlayedSession() {
     WindowClose();
+    Script_Load({});
     std::cerr.rdbuf(hKept);
   }
   PlayedSession(const PlayedSession&) = delete;
@@ -43,22 +53,19 @@ class PlayedSession {
 
   /// The next message that is neither an exposure nor a change of size.
   Came Next() {
-    Came hCame;
-    do WMessage(hCame.iType, hCame.hMessage);
-    while (hCame.iType == MessageType::Expose || hCame.iType == MessageType::Resize);
-    return hCame;
+    Message hMessage = WMessage();
+    while (hMessage.iType == MessageType::Expose || hMessage.iType == MessageType::Resize) hMessage = WMessage();
+    return {hMessage, hMessage};
   }
   /// All messages until the close request that ends the script.
-  std::vector<Came> Rest() {
-    std::vector<Came> hAll;
-    for (Came hCame = Next(); hCame.iType != MessageType::Close; hCame = Next()) hAll.push_back(hCame);
+  std::vector<Message> Rest() {
+    std::vector<Message> hAll;
+    for (Message hNext = Next(); hNext.iType != MessageType::Close; hNext = Next()) hAll.push_back(hNext);
     return hAll;
   }
   std::string Errors() const { return sErrors.str(); }
 
  private:
-  inline static char sProgram[] = "quillan";
-  inline static char* hArgument[] = {sProgram, nullptr};
   std::ostringstream sErrors;
   std::streambuf* hKept;
 };

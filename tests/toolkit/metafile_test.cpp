@@ -9,11 +9,9 @@
 #include <numeric>
 
 #include "support/files.h"
-#include "toolkit/draw/draw.h"
+#include "support/played_session.h"
 #include "toolkit/draw/hardcopy.h"
-#include "toolkit/draw/last_error.h"
-#include "toolkit/window/private.h"
-#include "toolkit/window/window.h"
+#include "toolkit/draw/private_draw.h"
 
 namespace quillan {
 namespace {
@@ -63,30 +61,22 @@ std::vector<Record> Records(const Words& hFile) {
 class Hardcopy : public testing::Test {
  protected:
   void SetUp() override {
-    static char sProgram[] = "quillan";
-    static char* hArguments[] = {sProgram, nullptr};
-    WInitialise(1, hArguments, "");
-    WindowOpen2(0, 0, 900, 600, iNoMenu, "Quillan");
+    Open_Window(900, 600);
     IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
-    InfoError();
   }
   void TearDown() override { WindowClose(); }
 
   /// Draws into a file; the units of a metafile are centimetres: 24 by 17.8.
   static bool Drawn(HardCopyDriver iDriver, const std::string& sPath, const std::function<void()>& draw) {
     IGrHardCopySelect(iDriver);
-    if (iDriver == HardCopyDriver::Png)
-      IGrHardCopySize(3780, 2803);
-    else
-      IGrHardCopySize(2880, 2136);
+    const bool bPng = iDriver == HardCopyDriver::Png;
+    IGrHardCopySize(bPng ? 3780 : 2880, bPng ? 2803 : 2136);
     IGrHardCopy(sPath);
     IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
     IGrUnits(0.0f, 0.0f, 24.0f, 17.8f);
     IGrColour("BLACK");
     draw();
-    bool bDone = false;
-    IGrHardCopyEnd(bDone);
-    return bDone;
+    return IGrHardCopyEnd();
   }
   static Words Metafile_of(const std::function<void()>& draw) {
     EXPECT_TRUE(Drawn(HardCopyDriver::Metafile, "a.wmf", draw));
@@ -167,14 +157,10 @@ TEST_F(Hardcopy, ALongProfileIsCutIntoPolylinesThatMeet) {
     for (I4 I = 1; I <= 20000; ++I) IGrLineTo(24.0f * static_cast<R4>(I) / 20000.0f, I % 2 == 0 ? 5.0f : 6.0f);
   });
   ASSERT_GT(hLine.size(), 1u);
-  I4 NPoint = 1;
-  for (std::size_t K = 0; K < hLine.size(); ++K) {
-    ASSERT_EQ(hLine[K].size(), 2 * static_cast<std::size_t>(hLine[K][0]) + 1);
+  I4 NPoint = hLine[0][0];
+  for (std::size_t K = 1; K < hLine.size(); ++K) {
     NPoint += hLine[K][0] - 1;
-    if (K > 0) {
-      EXPECT_EQ(hLine[K][1], hLine[K - 1].end()[-2]);
-      EXPECT_EQ(hLine[K][2], hLine[K - 1].end()[-1]);
-    }
+    EXPECT_EQ(Words(hLine[K].begin() + 1, hLine[K].begin() + 3), Words(hLine[K - 1].end() - 2, hLine[K - 1].end()));
   }
   EXPECT_EQ(NPoint, 20001);
 }
@@ -192,14 +178,11 @@ TEST_F(Hardcopy, PensHaveTheirColourAndOnePixelIsAnInchBy96) {
   ASSERT_EQ(hPen.size(), 2u) << "a pen is made once";
   EXPECT_EQ(hPen[0], (Words{0, 3, 0, 0, 0}));
   EXPECT_EQ(hPen[1], (Words{0, 6, 0, 0x2233, 0x11}));
-}
-
-TEST_F(Hardcopy, DashesAreLinesOfTheirOwn) {
-  const auto hLine = Of_Kind(iPolyline, [] {
+  const auto hDash = Of_Kind(iPolyline, [] {
     IGrLineType(LineType::Dashed);
     IGrSegment(2.0f, 5.0f, 12.0f, 5.0f);
   });
-  EXPECT_NEAR(static_cast<R8>(hLine.size()), 1200.0 / (9.0 * 3.175), 1.0) << "a dash of 5 and a gap of 4 pixels";
+  EXPECT_NEAR(static_cast<R8>(hDash.size()), 1200.0 / (9.0 * 3.175), 1.0) << "a dash of 5 and a gap of 4 pixels";
 }
 
 TEST_F(Hardcopy, MarkersAreEllipsesAndThoseOutsideAreLeftOut) {
@@ -325,16 +308,9 @@ TEST_F(Hardcopy, TheScreenAndItsStateStayAsTheyAre) {
 TEST_F(Hardcopy, AFailureLeavesTheEarlierFileWhole) {
   Write_File("earlier.wmf", "earlier");
   fs::create_directory("folder.wmf");
-  struct Case {
-    const char* sPath;
-    const char* sWhat;
-  };
-  for (const Case& h : {
-           Case{"missing/a.wmf", "no such folder"},
-           Case{"folder.wmf",    "a folder"      }
-  }) {
-    EXPECT_FALSE(Drawn(HardCopyDriver::Metafile, h.sPath, Small_Plot)) << h.sWhat;
-    EXPECT_EQ(InfoError(), iErrFile) << h.sWhat;
+  for (const char* sPath : {"missing/a.wmf", "folder.wmf"}) {
+    EXPECT_FALSE(Drawn(HardCopyDriver::Metafile, sPath, Small_Plot)) << sPath;
+    EXPECT_EQ(InfoError(), iErrFile) << sPath;
   }
   IGrHardCopy("earlier.wmf");
   Small_Plot();
@@ -345,9 +321,7 @@ TEST_F(Hardcopy, AFailureLeavesTheEarlierFileWhole) {
 }
 
 TEST_F(Hardcopy, CallsThatMakeNoSenseAreRefused) {
-  bool bDone = true;
-  IGrHardCopyEnd(bDone);
-  EXPECT_FALSE(bDone);
+  EXPECT_FALSE(IGrHardCopyEnd());
   EXPECT_EQ(InfoError(), iErrBadArgument) << "nothing is open";
   for (const auto& [NWidth, NHeight] : {
            std::pair{0,     100},
@@ -361,8 +335,7 @@ TEST_F(Hardcopy, CallsThatMakeNoSenseAreRefused) {
   IGrHardCopy("none.wmf");
   EXPECT_EQ(InfoError(), iErrNoWindow);
   Small_Plot();
-  IGrHardCopyEnd(bDone);
-  EXPECT_FALSE(bDone || fs::exists("none.wmf"));
+  EXPECT_FALSE(IGrHardCopyEnd() || fs::exists("none.wmf"));
 }
 
 }  // namespace

@@ -91,39 +91,32 @@ void Begin_Plot(Scaling iX, Scaling iY, R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax) 
 TEST(PlotUnits, LieWhereTheScaleOfTheAxisPutsThem) {
   PlayedSession hSession("");
   Begin_Plot(Scaling::Logarithmic, Scaling::Linear, 0.01f, -3.0f, 100.0f, 7.0f);
-  R4 fX = 0.0f, fY = 0.0f;
-  IPgUnitsToGrUnits(0.01f, -3.0f, fX, fY);
-  EXPECT_FLOAT_EQ(fX, 1.0f);
-  EXPECT_FLOAT_EQ(fY, 2.0f);
-  IPgUnitsToGrUnits(100.0f, 7.0f, fX, fY);
-  EXPECT_FLOAT_EQ(fX, 9.0f);
-  EXPECT_FLOAT_EQ(fY, 8.0f);
-  IPgUnitsToGrUnits(0.1f, -1.0f, fX, fY);
-  EXPECT_FLOAT_EQ(fX, 3.0f);
-  EXPECT_FLOAT_EQ(fY, 3.2f);
-  IPgUnitsFromGrUnits(3.0f, 3.2f, fX, fY);
-  EXPECT_NEAR(fX, 0.1f, 1.0E-6f);
-  EXPECT_NEAR(fY, -1.0f, 1.0E-6f);
-
-  IPgUnitsToGrUnits(0.0f, 1.0E30f, fX, fY);
-  EXPECT_TRUE(std::isnan(fX)) << "no place on a logarithmic axis";
-  EXPECT_GT(fY, 1.0E28f);
-  IPgUnitsToGrUnits(-5.0f, -fInf, fX, fY);
-  EXPECT_TRUE(std::isnan(fX));
-  EXPECT_TRUE(std::isfinite(fY)) << "far out, but a place to draw to";
+  const struct {
+    GrPoint hPg, hGr;
+  } hCases[] = {
+      {{0.01f, -3.0f}, {1.0f, 2.0f}},
+      {{100.0f, 7.0f}, {9.0f, 8.0f}},
+      {{0.1f, -1.0f},  {3.0f, 3.2f}},
+  };
+  for (const auto& [hPg, hGr] : hCases) {
+    EXPECT_FLOAT_EQ(IPgUnitsToGrUnits(hPg.fX, hPg.fY).fX, hGr.fX);
+    EXPECT_FLOAT_EQ(IPgUnitsToGrUnits(hPg.fX, hPg.fY).fY, hGr.fY);
+    EXPECT_NEAR(IPgUnitsFromGrUnits(hGr.fX, hGr.fY).fX, hPg.fX, 1.0E-4f * hPg.fX);
+    EXPECT_NEAR(IPgUnitsFromGrUnits(hGr.fX, hGr.fY).fY, hPg.fY, 1.0E-5f);
+  }
+  EXPECT_TRUE(std::isnan(IPgUnitsToGrUnits(0.0f, 1.0f).fX)) << "no place on a logarithmic axis";
+  EXPECT_GT(IPgUnitsToGrUnits(0.0f, 1.0E30f).fY, 1.0E28f);
+  EXPECT_TRUE(std::isfinite(IPgUnitsToGrUnits(1.0f, -fInf).fY)) << "far out, but a place to draw to";
 }
 
 TEST(PlotUnits, TheEndsOfTheRangeLieExactlyOnTheEdges) {
   PlayedSession hSession("");
   for (const R4 fEnd : {0.3f, 7.7f, 12345.678f, 1.0E30f}) {
     Begin_Plot(Scaling::Linear, Scaling::Linear, -0.1f, 1.0E-3f, fEnd, fEnd);
-    R4 fX1 = 0.0f, fY1 = 0.0f, fX2 = 0.0f, fY2 = 0.0f;
-    IPgUnitsToGrUnits(-0.1f, 1.0E-3f, fX1, fY1);
-    IPgUnitsToGrUnits(fEnd, fEnd, fX2, fY2);
-    EXPECT_EQ(fX1, 0.1f * 10.0f);
-    EXPECT_EQ(fY1, 0.2f * 10.0f);
-    EXPECT_EQ(fX2, 0.9f * 10.0f);
-    EXPECT_EQ(fY2, 0.8f * 10.0f);
+    EXPECT_EQ(IPgUnitsToGrUnits(-0.1f, 1.0E-3f).fX, 0.1f * 10.0f);
+    EXPECT_EQ(IPgUnitsToGrUnits(-0.1f, 1.0E-3f).fY, 0.2f * 10.0f);
+    EXPECT_EQ(IPgUnitsToGrUnits(fEnd, fEnd).fX, 0.9f * 10.0f);
+    EXPECT_EQ(IPgUnitsToGrUnits(fEnd, fEnd).fY, 0.8f * 10.0f);
   }
 }
 
@@ -137,16 +130,6 @@ TEST(PlotUnits, ARangeThatNoAxisCanHaveBecomesOneThatItCan) {
   Begin_Plot(Scaling::Linear, Scaling::Logarithmic, std::nanf(""), 8.0f, fInf, 8.0f);
   EXPECT_TRUE(std::isfinite(InfoPgReal(iPlotXMin)) && std::isfinite(InfoPgReal(iPlotXMax)));
   EXPECT_FLOAT_EQ(InfoPgReal(iPlotYMax), 8.0f * std::sqrt(10.0f));
-}
-
-TEST(PlotUnits, AreInForceUntilForgotten) {
-  PlayedSession hSession("");
-  IPgForget();
-  EXPECT_FALSE(IPg_Is_Plotting());
-  Begin_Plot(Scaling::Linear, Scaling::Linear, 0.0f, 0.0f, 1.0f, 1.0f);
-  EXPECT_TRUE(IPg_Is_Plotting());
-  IPgForget();
-  EXPECT_FALSE(IPg_Is_Plotting());
 }
 
 /// A text of a metafile: the place of its first letter and its end, in device units, x to the right and y downward.
@@ -163,9 +146,7 @@ void With_Picture(Draw iDraw, Look iLook) {
   IGrHardCopy("axes.wmf");
   iDraw();
   iLook();
-  bool bDone = false;
-  IGrHardCopyEnd(bDone);
-  EXPECT_TRUE(bDone);
+  EXPECT_TRUE(IGrHardCopyEnd());
 }
 
 /// The texts that iDraw puts into the picture. The file tells where they begin; how long they are is measured with the

@@ -1,10 +1,8 @@
 // mouse.cpp: the routines of messages.h that follow the pointer.
-#include <utility>
 #include <vector>
 
 #include "toolkit/draw/draw.h"
-#include "toolkit/window/messages.h"
-#include "toolkit/window/private.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan {
 
@@ -55,44 +53,36 @@ class PutAside {
  public:
   PutAside() = default;
   ~PutAside() {
-    for (; !hAside.empty(); hAside.pop_back()) WMessagePutBack(hAside.back().first, hAside.back().second);
+    for (; !hAside.empty(); hAside.pop_back()) WMessagePutBack(hAside.back());
   }
   PutAside(const PutAside&) = delete;
   PutAside& operator=(const PutAside&) = delete;
 
-  void Take(MessageType iType, const Message& hMessage) { hAside.emplace_back(iType, hMessage); }
+  void Take(const Message& hMessage) { hAside.push_back(hMessage); }
 
  private:
-  std::vector<std::pair<MessageType, Message>> hAside;
+  std::vector<Message> hAside;
 };
 
 }  // namespace
 
-void WGrInputBox(const Message& hPress, R4& fX2, R4& fY2, MessageType& iType) {
+InputBox WGrInputBox(const Message& hPress) {
   RubberBand hBand(hPress.GX, hPress.GY);
   const MovesWanted hMoves;
   PutAside hAside;
-  fX2 = hPress.GX;
-  fY2 = hPress.GY;
-  iType = MessageType::None;
-  while (iType == MessageType::None) {
-    MessageType iNext = MessageType::None;
-    Message hMessage;
-    WMessage(iNext, hMessage);
-    switch (iNext) {
-      case MessageType::MouseMove: hBand.Follow(fX2 = hMessage.GX, fY2 = hMessage.GY); break;
-      case MessageType::MouseUp:
-        fX2 = hMessage.GX;
-        fY2 = hMessage.GY;
-        iType = iNext;
-        break;
+  InputBox hBox{hPress.GX, hPress.GY, false};
+  for (;;) {
+    const Message hMessage = WMessage();
+    switch (hMessage.iType) {
+      case MessageType::MouseMove: hBand.Follow(hBox.fX2 = hMessage.GX, hBox.fY2 = hMessage.GY); break;
+      case MessageType::MouseUp: return {hMessage.GX, hMessage.GY, true};
       case MessageType::Key:
-        if (hMessage.VALUE1 == iKeyEsc) iType = iNext;
+        if (hMessage.VALUE1 == iKeyEsc) return hBox;
         break;
-      case MessageType::Close: iType = MessageType::Key; [[fallthrough]];
+      case MessageType::Close: hAside.Take(hMessage); return hBox;
       case MessageType::Expose:
       case MessageType::Resize:
-      case MessageType::Field: hAside.Take(iNext, hMessage); break;
+      case MessageType::Field: hAside.Take(hMessage); break;
       default: break;  // other buttons, the wheel, the menu: not while a button is held
     }
   }
