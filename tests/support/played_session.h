@@ -33,6 +33,21 @@ inline void Open_Window(I4 NXP, I4 NYP, I4 iMenu = iNoMenu) {
   InfoError();
 }
 
+inline constexpr I4 iTestMenu = 1;
+inline constexpr MenuRow hTestRow[] = {
+    {0, 0,     "&File",    "", ""            },
+    {1, 40005, "&Open",    "", "Ctrl+O"      },
+    {1, 40009, "&Save",    "", "Ctrl+S"      },
+    {1, 40010, "Save &As", "", "Ctrl+Shift+S"},
+    {0, 40016, "Skip",     "", ""            },
+    {0, 40011, "E&xit",    "", ""            },
+};
+/// Puts a bar with a few entries in the place of the one on show.
+inline void Show_Test_Menu() {
+  WMenuDefine(iTestMenu, hTestRow);
+  WMenu(iTestMenu);
+}
+
 /// Opens a window of 900 x 600 pixels with the main menu, in which steps.txt plays, and closes it at the end. What goes
 /// to standard error is kept.
 class PlayedSession {

@@ -144,19 +144,12 @@ TEST(Messages, NeverTwoExposuresOrChangesOfSizeWaitAndLookingPlaysNoStep) {
   EXPECT_EQ(hSession.Next().iType, MessageType::Key);
 }
 
-TEST(Messages, ACloseRequestLeavesTheWindowToTheProgram) {
-  PlayedSession hSession("close\nkey a\n");
-  EXPECT_EQ(hSession.Next().iType, MessageType::Close);
-  EXPECT_EQ(WInfoWindow(iWindowDrawable), 1);
-  EXPECT_EQ(hSession.Next().iType, MessageType::Key);
-}
-
 TEST(Messages, ADataFileIsTakenWhileTheMainMenuIsUsable) {
   std::ofstream("Line 7.AVG") << "x";
   const std::pair<const char*, std::function<void()>> hNotNow[] = {
-      {"a greyed menu", [] { WMenuBarState(0); }   },
-      {"a review",      [] { WMenu(iMenuSection); }},
-      {"no menu",       [] { WMenu(iNoMenu); }     },
+      {"a greyed menu", [] { WMenuBarState(0); }},
+      {"another menu",  Show_Test_Menu          },
+      {"no menu",       [] { WMenu(iNoMenu); }  },
   };
   for (const auto& [sWhat, Change] : hNotNow) {
     PlayedSession hSession("drop \"Line 7.AVG\"\nkey a\ndrop \"Line 7.AVG\"\n");
@@ -169,38 +162,24 @@ TEST(Messages, ADataFileIsTakenWhileTheMainMenuIsUsable) {
   }
 }
 
-TEST(Menus, EveryEntryOfTheMainMenuGivesItsCommandOrIsGreyed) {
-  for (const MenuRow& hRow : Menu_Rows(iMenuMain)) {
-    if (hRow.iCommand == 0) continue;
-    SCOPED_TRACE(hRow.sText);
-    PlayedSession hSession("menu " + std::to_string(hRow.iCommand) + "\n");
-    const bool bThere =
-        hRow.iCommand != iCmdAverageRepeats && hRow.iCommand != iCmdMerge && hRow.iCommand != iCmdReadStn;
-    WMenuSetState(hRow.iCommand, 1);
-    const std::vector<Message> hAll = hSession.Rest();
-    ASSERT_EQ(hAll.size(), bThere ? 1u : 0u);
-    EXPECT_EQ(Script_Exit_Status(), bThere ? 0 : 3) << "a command that is not there stays grey";
-    if (!bThere) continue;
-    EXPECT_EQ(hAll[0].VALUE1, hRow.iCommand);
-  }
-}
-
 TEST(Menus, GreyingTheBarKeepsTheStateOfEachEntry) {
   PlayedSession hSession("menu 40011\nmenu 40016\nmenu 40009\n");
+  Show_Test_Menu();
   WMenuBarState(0);
-  WMenuSetState(iCmdSave, 0);
+  WMenuSetState(40009, 0);
   WMenuBarState(1);
-  EXPECT_EQ(hSession.Next().VALUE1, iCmdExit);
-  EXPECT_EQ(hSession.Next().VALUE1, iCmdAutoSkip);
+  EXPECT_EQ(hSession.Next().VALUE1, 40011);
+  EXPECT_EQ(hSession.Next().VALUE1, 40016);
   EXPECT_EQ(hSession.Next().iType, MessageType::Close);
   EXPECT_EQ(hSession.Errors(), "steps.txt:3: command 40009 is greyed\n");
 }
 
 TEST(Menus, KeysChooseTheEntriesOfTheBarOnShow) {
   PlayedSession hSession("key Ctrl+S\nkey Ctrl+Shift+S\nkey Alt+x\nkey Alt+F\nkey Down\nkey Enter\nkey Ctrl+O\n");
-  for (const I4 iCommand : {iCmdSave, iCmdSaveAs, iCmdExit, iCmdOpen}) EXPECT_EQ(hSession.Next().VALUE1, iCommand);
-  WMenu(iMenuSection);
-  EXPECT_EQ(hSession.Next().iType, MessageType::Close) << "the keys of another bar do nothing";
+  Show_Test_Menu();
+  for (const I4 iCommand : {40009, 40010, 40011, 40005}) EXPECT_EQ(hSession.Next().VALUE1, iCommand);
+  WMenu(iNoMenu);
+  EXPECT_EQ(hSession.Next().iType, MessageType::Close) << "the keys of a bar that is gone do nothing";
   EXPECT_EQ(Script_Exit_Status(), 0);
 }
 
@@ -217,8 +196,8 @@ TEST(Toolkit, WithoutAWindowEveryCallIsHarmless) {
       [] { WindowOutStatusBar(2, "text"); },
       [] { WindowBusy(true); },
       [] { WCursorShape(iCursorPick); },
-      [] { WMenu(iMenuMain); },
-      [] { WMenuSetState(iCmdSave, 0); },
+      [] { WMenu(iTestMenu); },
+      [] { WMenuSetState(40009, 0); },
       [] { WindowClear(); },
       [] { WGrTextString(0.0f, 0.0f, "text"); },
       [] { IGrSegment(1.0f, 1.0f, 5.0f, 5.0f); },

@@ -122,17 +122,15 @@ TEST_F(Hardcopy, HeadersOfAMetafileAgreeWithItsRecords) {
   for (const Record& h : hAll) {
     NLargest = std::max(NLargest, h.hParameter.size() + 3);
     if (h.iFunction == iCreatePen || h.iFunction == iCreateFont || h.iFunction == iCreateBrush) ++NObject;
-    if (h.iFunction == iSelect) {
-      EXPECT_LT(h.hParameter[0], NObject) << "what is selected is there";
-    }
+    EXPECT_FALSE(h.iFunction == iSelect && h.hParameter[0] >= NObject) << "what is selected is there";
   }
-  const std::size_t I = NPlaceable;
-  EXPECT_EQ(hFile[I], 1);
-  EXPECT_EQ(hFile[I + 1], 9) << "words of the header";
-  EXPECT_EQ(hFile[I + 2], 0x0300);
-  EXPECT_EQ(Long(hFile, I + 3), hFile.size() - NPlaceable);
-  EXPECT_EQ(hFile[I + 5], NObject);
-  EXPECT_EQ(Long(hFile, I + 6), NLargest);
+  const Words hHeader(hFile.begin() + NPlaceable, hFile.begin() + NPlaceable + NHeader);
+  EXPECT_EQ(hHeader[0], 1);
+  EXPECT_EQ(hHeader[1], 9) << "words of the header";
+  EXPECT_EQ(hHeader[2], 0x0300);
+  EXPECT_EQ(Long(hHeader, 3), hFile.size() - NPlaceable);
+  EXPECT_EQ(hHeader[5], NObject);
+  EXPECT_EQ(Long(hHeader, 6), NLargest);
   EXPECT_EQ(hAll.back().iFunction, 0) << "the end";
 }
 

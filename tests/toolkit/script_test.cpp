@@ -72,6 +72,7 @@ TEST(Script, AStepThatDoesNotFitTheScreenEndsTheRunWithItsReason) {
 
 TEST(Script, APointIsInThePlotsOwnUnits) {
   PlayedSession hSession("point 5 100\npoint 5 1000 right\nmenu 40016\npoint 5 100\n");
+  Show_Test_Menu();
   IPgArea(0.1f, 0.1f, 0.9f, 0.9f);
   IPgScaling(Scaling::Linear, Scaling::Logarithmic);
   IPgUnits(0.0f, 10.0f, 10.0f, 1000.0f);
@@ -85,7 +86,7 @@ TEST(Script, APointIsInThePlotsOwnUnits) {
   EXPECT_NEAR(hRight.GY, 9.0f, 1e-4f);
   EXPECT_EQ(hSession.Next().iType, MessageType::MouseUp);
   EXPECT_EQ(hSession.Next().iType, MessageType::Menu);
-  WMenu(iMenuMain);
+  WMenu(iTestMenu);
   EXPECT_EQ(hSession.Next().iType, MessageType::Close);
   EXPECT_EQ(hSession.Errors(), "steps.txt:4: there are no plot axes\n") << "the plot is gone with its menu";
 }

@@ -16,6 +16,7 @@ constexpr I4 iTrackbar115 = 1081, iTrackbar118 = 1109, iNoiseFloor = 1111;
 class ToolSession : public PlayedSession {
  public:
   ToolSession(I4 iDialog, std::string_view sSteps, I4 NBeyond = 0) : PlayedSession(sSteps) {
+    Show_Test_Menu();
     WMessageEnable(MessageType::Field, true);
     WDialogLoad(iDialog);
     WDialogRangeTrackbar(iDialog == 115 ? iTrackbar115 : iTrackbar118, 1, 20, 4);
@@ -54,11 +55,6 @@ TEST(ToolWindow, LeavesTheKeyboardToThePlot) {
     EXPECT_EQ(hSession.All(), "n <27> <13> <9> <259> 1084! 5 1090 P") << "no key closes it or pushes a button";
     EXPECT_EQ(Script_Exit_Status(), 0) << "a tool window does not wait for an answer";
   }
-}
-
-TEST(ToolWindow, DoesNotStandInTheWayOfMenuAndMouse) {
-  ToolSession hSession(115, "menu 40016\nclick 9.9 9.9\nkey Ctrl+S\nwheel 1 9.9 9.9\n");
-  EXPECT_EQ(hSession.All(), "m40016 d1 u1 m40009 d5");
 }
 
 TEST(ToolWindow, ATextFieldKeepsTheKeysOfItsNumber) {

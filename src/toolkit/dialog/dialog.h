@@ -41,23 +41,20 @@ inline constexpr I4 iCentred = -1;  // for the position in x or y
 void WDialogLoad(I4 iDialog);
 void WDialogSelect(I4 iDialog);  // 0: none is current
 /// Shows the current dialog at pixels iX, iY of the main window, iCentred for the middle of it. Modal: returns when a
-/// push button is pressed. Semi-modeless: returns at once, and its buttons and
-/// fields arrive as messages. Esc and the title bar's close button push Cancel; Enter pushes Continue.
+/// push button is pressed, and which. Semi-modeless: returns 0 at once, and its buttons and fields arrive as messages.
+/// Esc and the title bar's close button push Cancel; Enter pushes Continue.
 /// A tool window (iShowTool) is semi-modeless, but the keyboard stays with the plot: keys that none of its text fields
 /// wants arrive as Key messages, Esc among them. iX, iY are pixels of the drawing area; where the user has moved it, it
 /// is shown there for the rest of the run. Its close button pushes the button that its designer file marks with the
 /// property "leaves", else Cancel.
-/// Returns the button that ended a modal dialog, 0 where it does not wait.
 I4 WDialogShow(I4 iX, I4 iY, I4 iMode);
 void WDialogHide();
 void WDialogUnload();
 void WDialogTitle(std::string_view sTitle);
 
 // Selectors of WInfoDialog.
-inline constexpr I4 iExitButton = 1;        // control that ended the last modal dialog
-inline constexpr I4 iCurrentDialog = 3;     // 0: none
-inline constexpr I4 iExitButtonCommon = 4;  // answer of the last message box or file dialog
-inline constexpr I4 iDialogWidth = 8;       // pixels
+inline constexpr I4 iCurrentDialog = 3;  // 0: none
+inline constexpr I4 iDialogWidth = 8;    // pixels
 I4 WInfoDialog(I4 iSelect);
 
 // The reads below give what the field holds; nothing where it is empty or bad, which is no error of the program, or
@@ -72,7 +69,7 @@ void WDialogPutInteger(I4 iField, I4 iValue);
 [[nodiscard]] std::optional<I4> WDialogGetInteger(I4 iField);
 void WDialogRangeInteger(I4 iField, I4 iLow, I4 iHigh);
 
-/// The screen shows no point behind a number without decimals, and the scientific form where a number is wider than
+/// The screen shows no point after a number without decimals, and the scientific form where a number is wider than
 /// the form.
 void WDialogPutReal(I4 iField, R4 fValue, const EditForm& form);
 [[nodiscard]] std::optional<R4> WDialogGetReal(I4 iField);
@@ -102,6 +99,8 @@ void WDialogFieldState(I4 iField, I4 iState);
 void WDialogPutNote(I4 iField, std::string_view sNote);
 
 // Old forms; they go when the last caller has changed.
+inline constexpr I4 iExitButton = 1;        // of WInfoDialog: what the last modal WDialogShow returned
+inline constexpr I4 iExitButtonCommon = 4;  // iAnswerYes or iAnswerNo to the last WMessageBox or WSelectFile2
 template <class Value>
 void Take_Read(const std::optional<Value>& hRead, Value& hValue) {
   if (hRead)

@@ -45,7 +45,7 @@ QString Range_Words(const NumberRule& rule);
 
 // ---- Controls (fields.cpp)
 
-/// A control of a dialog. Its text tells whether the user has changed it: as long as it is the one that was shown for
+/// A control of a dialog. Its text shows whether the user has changed it: as long as it is the one that was shown for
 /// the put value, that value is given back, digit for digit and byte for byte.
 struct Field {
   I4 iField = 0;
@@ -106,8 +106,8 @@ DialogRecord* Current_Record();
 Field* Find_Field(I4 iField);
 /// The same for a question that is no fault of the program: the error status stays as it is.
 Field* Known_Field(I4 iField);
-/// The dialog that is current and shown, null where there is none. isModal tells one that waits for an answer from a
-/// tool window. Its reject() is Cancel.
+/// The dialog that is current and shown, null where there is none. isModal is true for one that waits for an
+/// answer, false for a tool window. Its reject() is Cancel.
 QDialog* Current_Dialog();
 /// Moves a dialog to pixels iX, iY of hUnder, the whole of it on the screen of the main window.
 void Place(QDialog& hWindow, const QRect& hUnder, I4 iX, I4 iY);

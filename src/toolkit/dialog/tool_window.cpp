@@ -98,7 +98,7 @@ class ToolWatch : public QObject {
   }
 
   DialogRecord& hDialog;
-  const QObject* const hWindow;  // only told apart by: events come while it is being deleted, too
+  const QObject* const hWindow;  // only compared: events come while it is being deleted, too
   QElapsedTimer hSinceShown;
   bool bEntered = false;  // a field has just got the focus
 };

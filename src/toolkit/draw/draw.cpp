@@ -29,10 +29,7 @@ constexpr NamedColour hNamedColour[] = {
     {"BLACK",   0xFF000000},
     {"RED",     0xFFFF0000},
     {"MAGENTA", 0xFFFF00FF},
-    {"BLUE",    0xFF0000FF},
-    {"GREEN",   0xFF008000},
     {"GREY",    0xFF808080},
-    {"WHITE",   0xFFFFFFFF},
 };
 
 }  // namespace

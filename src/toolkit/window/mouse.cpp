@@ -10,79 +10,59 @@ using namespace toolkit;
 
 namespace {
 
-/// A rubber band from a corner to the pointer. It is gone when it is no longer needed, whichever way that ends.
-class RubberBand {
+/// A box being drawn: a rubber band from a corner to the pointer, whose moves are wanted. Whichever way it ends, the
+/// band is gone, and the messages put aside are given back to the caller's loop.
+class DrawnBox {
  public:
-  RubberBand(R4 fX, R4 fY) : fX1(fX), fY1(fY), fX2(fX), fY2(fY) {}
-  ~RubberBand() { Follow(fX1, fY1); }
-  RubberBand(const RubberBand&) = delete;
-  RubberBand& operator=(const RubberBand&) = delete;
+  explicit DrawnBox(const Message& hPress) : hBox{hPress.GX, hPress.GY, false}, fX1(hPress.GX), fY1(hPress.GY) {
+    WMessageEnable(MessageType::MouseMove, true);
+  }
+  ~DrawnBox() {
+    for (; !hAside.empty(); hAside.pop_back()) WMessagePutBack(hAside.back());
+    WMessageEnable(MessageType::MouseMove, bMovesBefore);
+    Draw();
+  }
+  DrawnBox(const DrawnBox&) = delete;
+  DrawnBox& operator=(const DrawnBox&) = delete;
 
-  void Follow(R4 fX, R4 fY) {
+  void Follow(const Message& hMove) {
     Draw();  // the same once more takes it away
-    fX2 = fX;
-    fY2 = fY;
+    hBox.fX2 = hMove.GX;
+    hBox.fY2 = hMove.GY;
     Draw();
   }
 
+  InputBox hBox;
+  std::vector<Message> hAside;
+
  private:
   void Draw() const {
-    if (fX1 == fX2 && fY1 == fY2) return;
+    if (fX1 == hBox.fX2 && fY1 == hBox.fY2) return;
     const GraphicsKeeper hKeeper;
     IGrPlotMode1("E");
-    IGrRectangle(fX1, fY1, fX2, fY2);
+    IGrRectangle(fX1, fY1, hBox.fX2, hBox.fY2);
   }
 
-  R4 fX1, fY1, fX2, fY2;
-};
-
-/// Mouse moves are wanted as long as it lives.
-class MovesWanted {
- public:
-  MovesWanted() { WMessageEnable(MessageType::MouseMove, true); }
-  ~MovesWanted() { WMessageEnable(MessageType::MouseMove, bBefore); }
-  MovesWanted(const MovesWanted&) = delete;
-  MovesWanted& operator=(const MovesWanted&) = delete;
-
- private:
-  bool bBefore = Is_Wanted(MessageType::MouseMove);
-};
-
-/// Messages that the caller's loop must answer, given back to it when it waits again.
-class PutAside {
- public:
-  PutAside() = default;
-  ~PutAside() {
-    for (; !hAside.empty(); hAside.pop_back()) WMessagePutBack(hAside.back());
-  }
-  PutAside(const PutAside&) = delete;
-  PutAside& operator=(const PutAside&) = delete;
-
-  void Take(const Message& hMessage) { hAside.push_back(hMessage); }
-
- private:
-  std::vector<Message> hAside;
+  R4 fX1, fY1;
+  bool bMovesBefore = Is_Wanted(MessageType::MouseMove);
 };
 
 }  // namespace
 
 InputBox WGrInputBox(const Message& hPress) {
-  RubberBand hBand(hPress.GX, hPress.GY);
-  const MovesWanted hMoves;
-  PutAside hAside;
-  InputBox hBox{hPress.GX, hPress.GY, false};
+  DrawnBox hDrawn(hPress);
   for (;;) {
     const Message hMessage = WMessage();
     switch (hMessage.iType) {
-      case MessageType::MouseMove: hBand.Follow(hBox.fX2 = hMessage.GX, hBox.fY2 = hMessage.GY); break;
+      case MessageType::MouseMove: hDrawn.Follow(hMessage); break;
       case MessageType::MouseUp: return {hMessage.GX, hMessage.GY, true};
       case MessageType::Key:
-        if (hMessage.VALUE1 == iKeyEsc) return hBox;
+        if (hMessage.VALUE1 == iKeyEsc) return hDrawn.hBox;
         break;
-      case MessageType::Close: hAside.Take(hMessage); return hBox;
+      case MessageType::Close: hDrawn.hAside.push_back(hMessage); return hDrawn.hBox;
       case MessageType::Expose:
       case MessageType::Resize:
-      case MessageType::Field: hAside.Take(hMessage); break;
+      case MessageType::Field: hDrawn.hAside.push_back(hMessage); break;
       default: break;  // other buttons, the wheel, the menu: not while a button is held
     }
   }
