@@ -172,7 +172,7 @@ std::string Play_Cell(Arguments sArgument) {
     return "the grid has " + std::to_string(hGrid->rowCount()) + " rows and " + std::to_string(hGrid->columnCount()) +
            " columns";
   if (auto* hDropDown = qobject_cast<QComboBox*>(hGrid->cellWidget(iRow - 1, iColumn - 1)))
-    return Choose_Entry(hDropDown, Whole(sArgument[3]));
+    return Choose_Entry(hDropDown, To_QString(sArgument[3]).toInt());
   return Edit_Cell(hGrid, iRow, iColumn, sArgument[3]);
 }
 

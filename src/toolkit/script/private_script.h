@@ -19,8 +19,8 @@ std::string Script_Carry_Out(const ScriptStep& hStep);
 /// (dialog_steps.cpp).
 QDialog* Waits_First();
 std::string What_Waits();
-/// A text in double quotes. Line ends and runs of blanks count as one blank, and the places where a long path may be
-/// broken do not count.
+/// A text as the user reads it, and the same in double quotes: line ends and runs of blanks are one blank, and the
+/// places where a long path may be broken are none.
 QString As_Read(QString sText);
 std::string Quoted(const QString& sText);
 
