@@ -183,19 +183,6 @@ TEST_F(Dialogs, EnterCompletesTheFieldAndContinues) {
   EXPECT_EQ(WDialogGetInteger(1002), 11);
 }
 
-TEST_F(Dialogs, APutLeavesTheFieldThatIsBeingEdited) {
-  WDialogLoad(101);
-  WDialogPutInteger(1002, 1);
-  Play("key 9\nresize 1000 800\nkey Enter");
-  WDialogShow(iCentred, iCentred, iShowSemiModeless);
-  while (WMessage().iType != MessageType::Resize) {
-  }
-  WDialogPutInteger(1002, 5);
-  while (WMessage().iType != MessageType::Button) {
-  }
-  EXPECT_EQ(WDialogGetInteger(1002), 9);
-}
-
 TEST_F(Dialogs, AModalDialogEndsWithItsButton) {
   WDialogLoad(104);
   WDialogPutNote(1059, "line1.avg");

@@ -370,12 +370,6 @@ TEST_F(Draw, PixelsAreMeasuredInUnitsThatMayFall) {
 TEST_F(Draw, WhatIsCollectedGoesWithTheWindow) {
   IGrSegment(1.0f, 1.0f, 5.0f, 5.0f);
   WindowClose();
-  for (const char* sMode : {"E", "N"}) {
-    IGrPlotMode1(sMode);
-    IGrLineTo(2.0f, 2.0f);
-    IGrRectangle(0.0f, 0.0f, 1.0f, 1.0f);
-    IGrMarker(0.5f, 0.5f, iMarkerDisc);
-  }
   IGrFlush();
   EXPECT_EQ(WGrTextLength("text") + InfoGraphics(iCharHeight), 0.0f);
   Open();
