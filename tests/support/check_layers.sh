@@ -15,7 +15,7 @@ while IFS=: read -r file line text; do
   if [ -z "$included" ] || [ -z "${rank[$included]:-}" ]; then
     echo "$file:$line: include by folder and name: $text"
     failed=1
-  elif [ "${rank[$included]}" -gt "${rank[$folder]}" ] && [ "${folder%%/*}" != toolkit -o "${included%%/*}" != toolkit ]; then
+  elif [ "${rank[$included]}" -gt "${rank[$folder]}" ]; then
     echo "$file:$line: $folder may not include $included, which stands above it"
     failed=1
   fi

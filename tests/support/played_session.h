@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "toolkit/draw/draw.h"
+#include "toolkit/draw/last_error.h"
 #include "toolkit/script/script.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/messages.h"
@@ -18,13 +19,12 @@
 
 namespace quillan {
 
-/// A message that came, as a test looks at it.
-struct Came {
-  MessageType iType;
+// Old form; it goes when the last caller has changed.
+struct Came : Message {
   Message hMessage;
 };
 
-/// A bar in the place of the main menu, so that the toolkit is tested without the commands.
+/// A bar in the place of the menus that the shell and the reviews define.
 inline constexpr MenuRow hTestBar[] = {
     {0, 0, "&File", "", ""},
     {1, iCmdOpen, "&Open", "Open.", "Ctrl+O"},
@@ -38,19 +38,36 @@ inline constexpr MenuRow hTestBar[] = {
     {0, iCmdExit, "E&xit", "Exit.", ""},
 };
 
-/// Opens a window of 900 x 600 pixels with that bar, in which steps.txt plays, and closes it at the end. What goes
+/// Opens a window in which nothing plays.
+inline void Open_Window(I4 NXP, I4 NYP, I4 iMenu = iNoMenu) {
+  static char sProgram[] = "quillan";
+  static char* hArgument[] = {sProgram, nullptr};
+  WInitialise(1, hArgument);
+  WindowOpen2(0, 0, NXP, NYP, iMenu, "QUILLAN test");
+  InfoError();
+}
+
+inline constexpr I4 iTestMenu = 1;
+/// Puts that bar under another number in the place of the one on show.
+inline void Show_Test_Menu() {
+  WMenuDefine(iTestMenu, hTestBar);
+  WMenu(iTestMenu);
+}
+
+/// Opens a window of 900 x 600 pixels with the main menu, in which steps.txt plays, and closes it at the end. What goes
 /// to standard error is kept.
 class PlayedSession {
  public:
   explicit PlayedSession(std::string_view sSteps) : hKept(std::cerr.rdbuf(sErrors.rdbuf())) {
     std::ofstream("steps.txt") << sSteps;
-    WInitialise(1, hArgument, "steps.txt");
+    Script_Load("steps.txt");
     WMenuDefine(iMenuMain, hTestBar);
-    WindowOpen2(0, 0, 900, 600, iMenuMain, "QUILLAN test");
+    Open_Window(900, 600, iMenuMain);
     IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
   }
   ~PlayedSession() {
     WindowClose();
+    Script_Load({});
     std::cerr.rdbuf(hKept);
   }
   PlayedSession(const PlayedSession&) = delete;
@@ -58,22 +75,19 @@ class PlayedSession {
 
   /// The next message that is neither an exposure nor a change of size.
   Came Next() {
-    Came hCame;
-    do WMessage(hCame.iType, hCame.hMessage);
-    while (hCame.iType == MessageType::Expose || hCame.iType == MessageType::Resize);
-    return hCame;
+    Message hMessage = WMessage();
+    while (hMessage.iType == MessageType::Expose || hMessage.iType == MessageType::Resize) hMessage = WMessage();
+    return {hMessage, hMessage};
   }
   /// All messages until the close request that ends the script.
-  std::vector<Came> Rest() {
-    std::vector<Came> hAll;
-    for (Came hCame = Next(); hCame.iType != MessageType::Close; hCame = Next()) hAll.push_back(hCame);
+  std::vector<Message> Rest() {
+    std::vector<Message> hAll;
+    for (Message hNext = Next(); hNext.iType != MessageType::Close; hNext = Next()) hAll.push_back(hNext);
     return hAll;
   }
   std::string Errors() const { return sErrors.str(); }
 
  private:
-  inline static char sProgram[] = "quillan";
-  inline static char* hArgument[] = {sProgram, nullptr};
   std::ostringstream sErrors;
   std::streambuf* hKept;
 };

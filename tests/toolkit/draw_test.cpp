@@ -7,9 +7,8 @@
 #include <cmath>
 #include <functional>
 
-#include "toolkit/draw/last_error.h"
-#include "toolkit/window/private.h"
-#include "toolkit/window/window.h"
+#include "support/played_session.h"
+#include "toolkit/draw/private_draw.h"
 
 namespace quillan {
 namespace {
@@ -27,15 +26,11 @@ class Draw : public testing::Test {
   void TearDown() override { WindowClose(); }
 
   static void Open() {
-    static char sProgram[] = "quillan";
-    static char* hArguments[] = {sProgram, nullptr};
-    WInitialise(1, hArguments, "");
-    WindowOpen2(0, 0, 400, 300, iNoMenu, "Quillan");
+    Open_Window(400, 300);
     ASSERT_EQ(Drawing_Area()->size(), QSize(400, 300));
     IGrUnits(0.0f, 0.0f, 400.0f, 300.0f);
     IGrColour("BLACK");
     WindowClear();
-    InfoError();
   }
   /// The image after a drawing on white.
   static QImage Drawn(const std::function<void()>& draw) {
@@ -46,46 +41,43 @@ class Draw : public testing::Test {
   static QImage On_Screen() { return Drawing_Area()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
 };
 
-/// The darkness of all pixels: 1 for each that is black.
-R8 Ink(const QImage& hImage) {
-  R8 dInk = 0.0;
+template <class Look>
+void For_Each_Pixel(const QImage& hImage, Look look) {
   for (int iRow = 0; iRow < hImage.height(); ++iRow)
-    for (int I = 0; I < hImage.width(); ++I) dInk += 1.0 - qGray(hImage.pixel(I, iRow)) / 255.0;
+    for (int I = 0; I < hImage.width(); ++I) look(I, iRow);
+}
+
+/// The darkness of all pixels: 1 for each that is black.
+R8 Ink(const QImage& h) {
+  R8 dInk = 0.0;
+  For_Each_Pixel(h, [&](int I, int iRow) { dInk += 1.0 - qGray(h.pixel(I, iRow)) / 255.0; });
   return dInk;
 }
 
 /// The smallest rectangle that holds all pixels that are not white.
-QRect Drawn_Box(const QImage& hImage) {
+QRect Drawn_Box(const QImage& h) {
   QRect hBox;
-  for (int iRow = 0; iRow < hImage.height(); ++iRow)
-    for (int I = 0; I < hImage.width(); ++I)
-      if (hImage.pixel(I, iRow) != iWhite) hBox |= QRect(I, iRow, 1, 1);
+  For_Each_Pixel(h, [&](int I, int iRow) {
+    if (h.pixel(I, iRow) != iWhite) hBox |= QRect(I, iRow, 1, 1);
+  });
   return hBox;
 }
 
 int Largest_Difference(const QImage& h1, const QImage& h2) {
   int NLargest = 0;
-  for (int iRow = 0; iRow < h1.height(); ++iRow)
-    for (int I = 0; I < h1.width(); ++I)
-      NLargest = std::max(NLargest, std::abs(qGray(h1.pixel(I, iRow)) - qGray(h2.pixel(I, iRow))));
+  For_Each_Pixel(h1, [&](int I, int iRow) {
+    NLargest = std::max(NLargest, std::abs(qGray(h1.pixel(I, iRow)) - qGray(h2.pixel(I, iRow))));
+  });
   return NLargest;
 }
 
 TEST_F(Draw, LevelAndUprightLinesAreSharp) {
-  const QImage hImage = Drawn([] {
-    IGrSegment(100.0f, 150.0f, 200.0f, 150.0f);
-    IGrSegment(300.3f, 20.7f, 300.3f, 80.2f);
-  });
-  for (int I = 101; I < 200; ++I) {
-    ASSERT_EQ(hImage.pixel(I, 150), iBlack) << I;
-    ASSERT_EQ(hImage.pixel(I, 149), iWhite) << I;
-    ASSERT_EQ(hImage.pixel(I, 151), iWhite) << I;
-  }
-  for (int iRow = 220; iRow < 279; ++iRow) {
-    ASSERT_EQ(hImage.pixel(300, iRow), iBlack) << iRow;
-    ASSERT_EQ(hImage.pixel(299, iRow), iWhite) << iRow;
-    ASSERT_EQ(hImage.pixel(301, iRow), iWhite) << iRow;
-  }
+  const QImage hLevel = Drawn([] { IGrSegment(100.0f, 150.0f, 200.0f, 150.0f); });
+  const QImage hUpright = Drawn([] { IGrSegment(300.3f, 20.7f, 300.3f, 80.2f); });
+  for (int I = 101; I < 200; ++I) ASSERT_EQ(hLevel.pixel(I, 150), iBlack) << I;
+  for (int iRow = 220; iRow < 279; ++iRow) ASSERT_EQ(hUpright.pixel(300, iRow), iBlack) << iRow;
+  EXPECT_EQ(Drawn_Box(hLevel).height(), 1) << "nothing above or below";
+  EXPECT_EQ(Drawn_Box(hUpright).width(), 1);
 }
 
 TEST_F(Draw, AFineScreenHasFineLinesOfTwoPixels) {
@@ -104,10 +96,9 @@ TEST_F(Draw, AFineScreenHasFineLinesOfTwoPixels) {
     EXPECT_EQ(hImage.pixel(300, iRow), iColour) << iRow;
 }
 
-TEST_F(Draw, TheBorderOfTheWholeAreaIsInside) {
-  const QImage hImage = Drawn(IGrBorder);
-  for (const QPoint& h : {QPoint(0, 0), QPoint(399, 0), QPoint(0, 299), QPoint(399, 299), QPoint(200, 0),
-                          QPoint(200, 299), QPoint(0, 100), QPoint(399, 100)})
+TEST_F(Draw, TheOutlineOfTheWholeAreaIsInside) {
+  const QImage hImage = Drawn([] { IGrRectangle(0.0f, 0.0f, 400.0f, 300.0f); });
+  for (const QPoint& h : {QPoint(0, 0), QPoint(399, 0), QPoint(0, 299), QPoint(399, 299)})
     EXPECT_EQ(hImage.pixel(h), iBlack) << h.x() << ' ' << h.y();
   EXPECT_NEAR(Ink(hImage), 2.0 * 400 + 2.0 * 298, 0.01);
 }
@@ -163,64 +154,51 @@ TEST_F(Draw, ALineInManyPiecesLooksLikeOne) {
     });
     EXPECT_LT(Largest_Difference(hOne, hMany), 12);
   }
-  const R8 dSolid = Ink(Drawn([] {
-    IGrLineType(LineType::Solid);
-    IGrSegment(20.0f, 20.0f, 360.0f, 190.0f);
-  }));
-  const R8 dDashed = Ink(Drawn([] {
-    IGrLineType(LineType::Dashed);
-    IGrSegment(20.0f, 20.0f, 360.0f, 190.0f);
-  }));
-  EXPECT_GT(dDashed, 0.45 * dSolid) << "a dashed line has gaps";
-  EXPECT_LT(dDashed, 0.80 * dSolid);
+  const auto dInk_of = [](LineType iType) {
+    IGrLineType(iType);
+    return Ink(Drawn([] { IGrSegment(20.0f, 20.0f, 360.0f, 190.0f); }));
+  };
+  const R8 dPart = dInk_of(LineType::Dashed) / dInk_of(LineType::Solid);
+  EXPECT_GT(dPart, 0.45) << "a dashed line has gaps";
+  EXPECT_LT(dPart, 0.80);
 }
 
 TEST_F(Draw, WhatIsDrawnLaterLiesAbove) {
-  const auto black = [] {
-    IGrColour("BLACK");
-    IGrSegment(100.0f, 150.0f, 200.0f, 150.0f);
+  WGrTextFont(0.02f, 0.1f);
+  const std::function<void()> hShape[] = {
+      [] { IGrSegment(100.0f, 150.0f, 200.0f, 150.0f); },
+      [] { IGrSegment(150.0f, 100.0f, 150.0f, 200.0f); },
+      [] { IGrMarker(150.0f, 150.0f, iMarkerDisc); },
   };
-  const auto red = [] {
-    IGrColourN(255);
-    IGrSegment(150.0f, 100.0f, 150.0f, 200.0f);
-  };
-  EXPECT_EQ(Drawn([&] { black(), red(); }).pixel(150, 150), iRed);
-  EXPECT_EQ(Drawn([&] { red(), black(); }).pixel(150, 150), iBlack);
-  const QImage hMarkers = Drawn([&] {
-    WGrTextFont(0.02f, 0.1f);
-    black();
-    IGrColour("RED");
-    IGrMarker(150.0f, 150.0f, iMarkerDisc);
-    IGrColour("BLACK");
-    IGrMarker(180.0f, 150.0f, iMarkerDisc);
-    IGrColour("RED");
-    IGrSegment(170.0f, 150.0f, 190.0f, 150.0f);
-  });
-  EXPECT_EQ(hMarkers.pixel(150, 150), iRed) << "a marker on an earlier line of another colour";
-  EXPECT_EQ(hMarkers.pixel(180, 150), iRed) << "a line on an earlier marker";
-  EXPECT_EQ(hMarkers.pixel(180, 154), iBlack);
+  for (const auto& Below : hShape) {
+    for (const auto& Above : hShape) {
+      const QImage hImage = Drawn([&] {
+        IGrColour("BLACK");
+        Below();
+        IGrColourN(255);
+        Above();
+      });
+      EXPECT_EQ(hImage.pixel(150, 150), iRed) << &Above - hShape << " on " << &Below - hShape;
+    }
+  }
 }
 
-TEST_F(Draw, TheMarkerIsADiscOfHalfTheCharacterHeight) {
+TEST_F(Draw, MarkersAreDiscsOfHalfTheCharacterHeightAndNoneIsLost) {
   WGrTextFont(0.02f, 0.1f);  // letters of 30 pixels
-  const QImage hImage = Drawn([] { IGrMarker(200.0f, 150.0f, iMarkerDisc); });
-  EXPECT_NEAR(Ink(hImage), 3.14159 * 7.5 * 7.5, 3.0);
-  EXPECT_LE(std::abs(Drawn_Box(hImage).center().x() - 200), 1);
-  EXPECT_LE(std::abs(Drawn_Box(hImage).center().y() - 150), 1);
-
+  const QImage hOne = Drawn([] { IGrMarker(200.0f, 150.0f, iMarkerDisc); });
+  EXPECT_NEAR(Ink(hOne), 3.14159 * 7.5 * 7.5, 3.0);
+  EXPECT_LE((Drawn_Box(hOne).center() - QPoint(200, 150)).manhattanLength(), 2);
   IGrMarker(200.0f, 150.0f, 3);
   EXPECT_EQ(InfoError(), iErrBadArgument) << "there is no other marker";
-}
 
-TEST_F(Draw, MarkersThatLieFarApartAreAllDrawn) {
-  const QImage hImage = Drawn([] {
+  const QImage hMany = Drawn([] {  // far apart, in two colours by turns
     for (int I = 0; I < 100; ++I) {
       IGrColour(I % 2 == 0 ? "BLACK" : "GREY");
       IGrMarker(static_cast<R4>(I % 10) * 40.0f + 20.0f, static_cast<R4>(I * 7 % 10) * 30.0f + 15.0f, iMarkerDisc);
       IGrMarker(399.0f - static_cast<R4>(I), 299.0f, iMarkerDisc);
     }
   });
-  for (int I = 0; I < 100; ++I) ASSERT_NE(hImage.pixel(I % 10 * 40 + 20, 285 - I * 7 % 10 * 30), iWhite) << I;
+  for (int I = 0; I < 100; ++I) ASSERT_NE(hMany.pixel(I % 10 * 40 + 20, 285 - I * 7 % 10 * 30), iWhite) << I;
 }
 
 TEST_F(Draw, TheClipEndsLinesAndLeavesMarkersAndLettersOutsideOut) {
@@ -262,17 +240,6 @@ TEST_F(Draw, TheAreaInUseAlwaysClips) {
   });
   EXPECT_GE(Drawn_Box(hImage).left(), 199);
   EXPECT_EQ(hImage.pixel(300, 75), iBlack);
-
-  const QImage hCleared = Drawn([] {
-    IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
-    IGrUnits(0.0f, 0.0f, 4.0f, 3.0f);
-    IGrSegment(0.0f, 1.0f, 4.0f, 1.0f);
-    IGrArea(0.25f, 0.0f, 0.75f, 1.0f);
-    IGrAreaClear();
-  });
-  EXPECT_EQ(hCleared.pixel(50, 200), iBlack);
-  EXPECT_EQ(hCleared.pixel(200, 200), iWhite);
-  EXPECT_EQ(hCleared.pixel(350, 200), iBlack);
 }
 
 TEST_F(Draw, TextStandsWhereItsOrientationPutsIt) {
@@ -391,40 +358,20 @@ TEST_F(Draw, WhatMakesNoSenseIsRefusedAndLeavesTheStateAsItWas) {
   EXPECT_EQ(Drawn(draw), hBefore);
 }
 
-TEST_F(Draw, PixelsAndUnitsAgree) {
+TEST_F(Draw, PixelsAreMeasuredInUnitsThatMayFall) {
   IGrArea(0.25f, 0.5f, 0.75f, 1.0f);
-  IGrUnits(0.0f, 0.0f, 100.0f, -2.0f);  // units may fall
-  I4 iX = 0, iY = 0;
-  IGrUnitsToPixels(50.0f, -1.0f, iX, iY);
-  EXPECT_EQ(iX, 200);
-  EXPECT_EQ(iY, 75);
-  IGrUnitsToPixels(fFar, fNone, iX, iY);  // no trap
-  EXPECT_EQ(iX, std::numeric_limits<I4>::max());
-  R4 fDX = 0.0f, fDY = 0.0f;
-  IGrPixelSize(fDX, fDY);
-  EXPECT_NEAR(fDX, 0.5f, 1e-6f);
-  EXPECT_NEAR(fDY, 2.0f / 150.0f, 1e-6f);
+  IGrUnits(0.0f, 0.0f, 100.0f, -2.0f);
+  EXPECT_EQ(Units_to_Pixels(QPointF(50.0, -1.0)), QPointF(200.0, 75.0));
+  EXPECT_EQ(Pixels_to_Units(QPointF(200.0, 75.0)), QPointF(50.0, -1.0));
+  EXPECT_NEAR(IGrPixelSize().fX, 0.5f, 1e-6f);
+  EXPECT_NEAR(IGrPixelSize().fY, 2.0f / 150.0f, 1e-6f);
 }
 
-TEST_F(Draw, WithoutAWindowNothingHappens) {
-  IGrSegment(1.0f, 1.0f, 5.0f, 5.0f);  // still collected when the window goes
-  WindowClose();
-  InfoError();
+TEST_F(Draw, WhatIsCollectedGoesWithTheWindow) {
   IGrSegment(1.0f, 1.0f, 5.0f, 5.0f);
-  EXPECT_EQ(InfoError(), iErrNoWindow);
-  IGrLineTo(2.0f, 2.0f);
-  IGrRectangle(0.0f, 0.0f, 1.0f, 1.0f);
-  IGrBorder();
-  IGrMarker(0.5f, 0.5f, iMarkerDisc);
-  IGrPlotMode1("E");
-  IGrRectangle(0.0f, 0.0f, 1.0f, 1.0f);
-  IGrPlotMode1("N");
-  WGrTextString(0.5f, 0.5f, "text");
-  WindowClear();
-  IGrAreaClear();
+  WindowClose();
   IGrFlush();
-  EXPECT_EQ(WGrTextLength("text"), 0.0f);
-  EXPECT_EQ(InfoGraphics(iCharHeight), 0.0f);
+  EXPECT_EQ(WGrTextLength("text") + InfoGraphics(iCharHeight), 0.0f);
   Open();
   EXPECT_EQ(Ink(Backing_Image()), 0.0);
 }

@@ -9,11 +9,9 @@
 #include <numeric>
 
 #include "support/files.h"
-#include "toolkit/draw/draw.h"
+#include "support/played_session.h"
 #include "toolkit/draw/hardcopy.h"
-#include "toolkit/draw/last_error.h"
-#include "toolkit/window/private.h"
-#include "toolkit/window/window.h"
+#include "toolkit/draw/private_draw.h"
 
 namespace quillan {
 namespace {
@@ -28,8 +26,8 @@ struct Record {
   Words hParameter;
 };
 
-constexpr I4 iPolyline = 0x0325, iPolygon = 0x0324, iEllipse = 0x0418, iTextOut = 0x0521, iCreatePen = 0x02FA,
-             iCreateFont = 0x02FB, iCreateBrush = 0x02FC, iSelect = 0x012D, iTextColour = 0x0209;
+constexpr I4 iPolyline = 0x0325, iEllipse = 0x0418, iTextOut = 0x0521, iCreatePen = 0x02FA, iCreateFont = 0x02FB,
+             iCreateBrush = 0x02FC, iSelect = 0x012D;
 constexpr std::size_t NPlaceable = 11, NHeader = 9;  // words
 
 Words Words_of(const std::string& sBytes) {
@@ -63,30 +61,22 @@ std::vector<Record> Records(const Words& hFile) {
 class Hardcopy : public testing::Test {
  protected:
   void SetUp() override {
-    static char sProgram[] = "quillan";
-    static char* hArguments[] = {sProgram, nullptr};
-    WInitialise(1, hArguments, "");
-    WindowOpen2(0, 0, 900, 600, iNoMenu, "Quillan");
+    Open_Window(900, 600);
     IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
-    InfoError();
   }
   void TearDown() override { WindowClose(); }
 
   /// Draws into a file; the units of a metafile are centimetres: 24 by 17.8.
   static bool Drawn(HardCopyDriver iDriver, const std::string& sPath, const std::function<void()>& draw) {
     IGrHardCopySelect(iDriver);
-    if (iDriver == HardCopyDriver::Png)
-      IGrHardCopySize(3780, 2803);
-    else
-      IGrHardCopySize(2880, 2136);
+    const bool bPng = iDriver == HardCopyDriver::Png;
+    IGrHardCopySize(bPng ? 3780 : 2880, bPng ? 2803 : 2136);
     IGrHardCopy(sPath);
     IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
     IGrUnits(0.0f, 0.0f, 24.0f, 17.8f);
     IGrColour("BLACK");
     draw();
-    bool bDone = false;
-    IGrHardCopyEnd(bDone);
-    return bDone;
+    return IGrHardCopyEnd();
   }
   static Words Metafile_of(const std::function<void()>& draw) {
     EXPECT_TRUE(Drawn(HardCopyDriver::Metafile, "a.wmf", draw));
@@ -132,17 +122,15 @@ TEST_F(Hardcopy, HeadersOfAMetafileAgreeWithItsRecords) {
   for (const Record& h : hAll) {
     NLargest = std::max(NLargest, h.hParameter.size() + 3);
     if (h.iFunction == iCreatePen || h.iFunction == iCreateFont || h.iFunction == iCreateBrush) ++NObject;
-    if (h.iFunction == iSelect) {
-      EXPECT_LT(h.hParameter[0], NObject) << "what is selected is there";
-    }
+    EXPECT_FALSE(h.iFunction == iSelect && h.hParameter[0] >= NObject) << "what is selected is there";
   }
-  const std::size_t I = NPlaceable;
-  EXPECT_EQ(hFile[I], 1);
-  EXPECT_EQ(hFile[I + 1], 9) << "words of the header";
-  EXPECT_EQ(hFile[I + 2], 0x0300);
-  EXPECT_EQ(Long(hFile, I + 3), hFile.size() - NPlaceable);
-  EXPECT_EQ(hFile[I + 5], NObject);
-  EXPECT_EQ(Long(hFile, I + 6), NLargest);
+  const Words hHeader(hFile.begin() + NPlaceable, hFile.begin() + NPlaceable + NHeader);
+  EXPECT_EQ(hHeader[0], 1);
+  EXPECT_EQ(hHeader[1], 9) << "words of the header";
+  EXPECT_EQ(hHeader[2], 0x0300);
+  EXPECT_EQ(Long(hHeader, 3), hFile.size() - NPlaceable);
+  EXPECT_EQ(hHeader[5], NObject);
+  EXPECT_EQ(Long(hHeader, 6), NLargest);
   EXPECT_EQ(hAll.back().iFunction, 0) << "the end";
 }
 
@@ -167,14 +155,10 @@ TEST_F(Hardcopy, ALongProfileIsCutIntoPolylinesThatMeet) {
     for (I4 I = 1; I <= 20000; ++I) IGrLineTo(24.0f * static_cast<R4>(I) / 20000.0f, I % 2 == 0 ? 5.0f : 6.0f);
   });
   ASSERT_GT(hLine.size(), 1u);
-  I4 NPoint = 1;
-  for (std::size_t K = 0; K < hLine.size(); ++K) {
-    ASSERT_EQ(hLine[K].size(), 2 * static_cast<std::size_t>(hLine[K][0]) + 1);
+  I4 NPoint = hLine[0][0];
+  for (std::size_t K = 1; K < hLine.size(); ++K) {
     NPoint += hLine[K][0] - 1;
-    if (K > 0) {
-      EXPECT_EQ(hLine[K][1], hLine[K - 1].end()[-2]);
-      EXPECT_EQ(hLine[K][2], hLine[K - 1].end()[-1]);
-    }
+    EXPECT_EQ(Words(hLine[K].begin() + 1, hLine[K].begin() + 3), Words(hLine[K - 1].end() - 2, hLine[K - 1].end()));
   }
   EXPECT_EQ(NPoint, 20001);
 }
@@ -192,14 +176,11 @@ TEST_F(Hardcopy, PensHaveTheirColourAndOnePixelIsAnInchBy96) {
   ASSERT_EQ(hPen.size(), 2u) << "a pen is made once";
   EXPECT_EQ(hPen[0], (Words{0, 3, 0, 0, 0}));
   EXPECT_EQ(hPen[1], (Words{0, 6, 0, 0x2233, 0x11}));
-}
-
-TEST_F(Hardcopy, DashesAreLinesOfTheirOwn) {
-  const auto hLine = Of_Kind(iPolyline, [] {
+  const auto hDash = Of_Kind(iPolyline, [] {
     IGrLineType(LineType::Dashed);
     IGrSegment(2.0f, 5.0f, 12.0f, 5.0f);
   });
-  EXPECT_NEAR(static_cast<R8>(hLine.size()), 1200.0 / (9.0 * 3.175), 1.0) << "a dash of 5 and a gap of 4 pixels";
+  EXPECT_NEAR(static_cast<R8>(hDash.size()), 1200.0 / (9.0 * 3.175), 1.0) << "a dash of 5 and a gap of 4 pixels";
 }
 
 TEST_F(Hardcopy, MarkersAreEllipsesAndThoseOutsideAreLeftOut) {
@@ -220,39 +201,22 @@ TEST_F(Hardcopy, MarkersAreEllipsesAndThoseOutsideAreLeftOut) {
 }
 
 TEST_F(Hardcopy, TextBeginsWhereTheScreenHasItAndIsTurned) {
-  struct Case {
-    Justify iJustify;
-    R4 fAngle;
-    R8 dX, dY;  // the start from the place, in lengths of the text: to the right and downward
-    I4 iTurn;
-  };
   R8 dLength = 0.0;
-  for (const Case& hCase : {
-           Case{Justify::Left,   0.0f,   0.0,  0.0, 0   },
-           Case{Justify::Centre, 0.0f,   -0.5, 0.0, 0   },
-           Case{Justify::Right,  0.0f,   -1.0, 0.0, 0   },
-           Case{Justify::Right,  -90.0f, 0.0,  1.0, 900 },
-           Case{Justify::Left,   90.0f,  0.0,  0.0, -900}
-  }) {
-    const auto draw = [&] {
-      WGrTextFont(0.02f, 0.1f);
-      WGrTextOrientation(hCase.iJustify, hCase.fAngle);
-      WGrTextString(12.0f, 8.9f, "Caf\xC3\xA9");
-      dLength = 120.0 * R8{WGrTextLength("Caf\xC3\xA9")};
-    };
-    SCOPED_TRACE(testing::Message() << static_cast<I4>(hCase.iJustify) << ' ' << hCase.fAngle);
-    const auto hText = Of_Kind(iTextOut, draw);
-    ASSERT_EQ(hText.size(), 1u);
-    const Words& h = hText[0];
-    EXPECT_EQ(Words(h.begin(), h.begin() + 3), (Words{4, 'C' | 'a' << 8, static_cast<std::int16_t>('f' | 0xE9 << 8)}));
-    const R8 dBelow = 0.5 * 213.6 * 0.7;  // the baseline is about this far from the middle
-    const R8 dSin = std::sin(R8{hCase.fAngle} * 3.14159265 / 180.0), dCos = hCase.fAngle == 0.0f ? 1.0 : 0.0;
-    EXPECT_NEAR(h[4], 1440.0 + hCase.dX * dLength - dBelow * dSin, 12.0);
-    EXPECT_NEAR(h[3], 1068.0 + hCase.dY * dLength + dBelow * dCos, 12.0);
-    const auto hFont = Of_Kind(iCreateFont, draw);
-    EXPECT_EQ(hFont.at(0)[0], -214);
-    EXPECT_EQ(hFont.at(0)[2], hCase.iTurn);
-  }
+  const auto draw = [&] {
+    WGrTextFont(0.02f, 0.1f);
+    WGrTextOrientation(Justify::Right, -90.0f);
+    WGrTextString(12.0f, 8.9f, "Caf\xC3\xA9");
+    dLength = 120.0 * R8{WGrTextLength("Caf\xC3\xA9")};
+  };
+  const auto hText = Of_Kind(iTextOut, draw);
+  ASSERT_EQ(hText.size(), 1u);
+  const Words& h = hText[0];  // characters, two a word; lower and right
+  EXPECT_EQ(Words(h.begin(), h.begin() + 3), (Words{4, 'C' | 'a' << 8, static_cast<std::int16_t>('f' | 0xE9 << 8)}));
+  EXPECT_NEAR(h[3], 1068.0 + dLength, 12.0) << "it ends at its place, upward";
+  EXPECT_NEAR(h[4], 1440.0 + 0.35 * 213.6, 12.0) << "the baseline is to the right of the middle";
+  const Words hFont = Of_Kind(iCreateFont, draw).at(0);
+  EXPECT_EQ(hFont[0], -214);
+  EXPECT_EQ(hFont[2], 900) << "tenths of degrees, anticlockwise";
 }
 
 TEST_F(Hardcopy, TextHasTheSameWidthOnTheScreenAndInFiles) {
@@ -325,16 +289,9 @@ TEST_F(Hardcopy, TheScreenAndItsStateStayAsTheyAre) {
 TEST_F(Hardcopy, AFailureLeavesTheEarlierFileWhole) {
   Write_File("earlier.wmf", "earlier");
   fs::create_directory("folder.wmf");
-  struct Case {
-    const char* sPath;
-    const char* sWhat;
-  };
-  for (const Case& h : {
-           Case{"missing/a.wmf", "no such folder"},
-           Case{"folder.wmf",    "a folder"      }
-  }) {
-    EXPECT_FALSE(Drawn(HardCopyDriver::Metafile, h.sPath, Small_Plot)) << h.sWhat;
-    EXPECT_EQ(InfoError(), iErrFile) << h.sWhat;
+  for (const char* sPath : {"missing/a.wmf", "folder.wmf"}) {
+    EXPECT_FALSE(Drawn(HardCopyDriver::Metafile, sPath, Small_Plot)) << sPath;
+    EXPECT_EQ(InfoError(), iErrFile) << sPath;
   }
   IGrHardCopy("earlier.wmf");
   Small_Plot();
@@ -345,9 +302,7 @@ TEST_F(Hardcopy, AFailureLeavesTheEarlierFileWhole) {
 }
 
 TEST_F(Hardcopy, CallsThatMakeNoSenseAreRefused) {
-  bool bDone = true;
-  IGrHardCopyEnd(bDone);
-  EXPECT_FALSE(bDone);
+  EXPECT_FALSE(IGrHardCopyEnd());
   EXPECT_EQ(InfoError(), iErrBadArgument) << "nothing is open";
   for (const auto& [NWidth, NHeight] : {
            std::pair{0,     100},
@@ -361,8 +316,7 @@ TEST_F(Hardcopy, CallsThatMakeNoSenseAreRefused) {
   IGrHardCopy("none.wmf");
   EXPECT_EQ(InfoError(), iErrNoWindow);
   Small_Plot();
-  IGrHardCopyEnd(bDone);
-  EXPECT_FALSE(bDone || fs::exists("none.wmf"));
+  EXPECT_FALSE(IGrHardCopyEnd() || fs::exists("none.wmf"));
 }
 
 }  // namespace

@@ -2,16 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <QFontMetricsF>
 #include <cmath>
-#include <cstdint>
+#include <functional>
 #include <limits>
 
-#include "support/files.h"
 #include "support/played_session.h"
-#include "toolkit/draw/hardcopy.h"
+#include "toolkit/draw/private_draw.h"
 
 namespace quillan {
 namespace {
+
+using namespace toolkit;
 
 constexpr R4 fInf = std::numeric_limits<R4>::infinity();
 
@@ -91,39 +93,32 @@ void Begin_Plot(Scaling iX, Scaling iY, R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax) 
 TEST(PlotUnits, LieWhereTheScaleOfTheAxisPutsThem) {
   PlayedSession hSession("");
   Begin_Plot(Scaling::Logarithmic, Scaling::Linear, 0.01f, -3.0f, 100.0f, 7.0f);
-  R4 fX = 0.0f, fY = 0.0f;
-  IPgUnitsToGrUnits(0.01f, -3.0f, fX, fY);
-  EXPECT_FLOAT_EQ(fX, 1.0f);
-  EXPECT_FLOAT_EQ(fY, 2.0f);
-  IPgUnitsToGrUnits(100.0f, 7.0f, fX, fY);
-  EXPECT_FLOAT_EQ(fX, 9.0f);
-  EXPECT_FLOAT_EQ(fY, 8.0f);
-  IPgUnitsToGrUnits(0.1f, -1.0f, fX, fY);
-  EXPECT_FLOAT_EQ(fX, 3.0f);
-  EXPECT_FLOAT_EQ(fY, 3.2f);
-  IPgUnitsFromGrUnits(3.0f, 3.2f, fX, fY);
-  EXPECT_NEAR(fX, 0.1f, 1.0E-6f);
-  EXPECT_NEAR(fY, -1.0f, 1.0E-6f);
-
-  IPgUnitsToGrUnits(0.0f, 1.0E30f, fX, fY);
-  EXPECT_TRUE(std::isnan(fX)) << "no place on a logarithmic axis";
-  EXPECT_GT(fY, 1.0E28f);
-  IPgUnitsToGrUnits(-5.0f, -fInf, fX, fY);
-  EXPECT_TRUE(std::isnan(fX));
-  EXPECT_TRUE(std::isfinite(fY)) << "far out, but a place to draw to";
+  const struct {
+    GrPoint hPg, hGr;
+  } hCases[] = {
+      {{0.01f, -3.0f}, {1.0f, 2.0f}},
+      {{100.0f, 7.0f}, {9.0f, 8.0f}},
+      {{0.1f, -1.0f},  {3.0f, 3.2f}},
+  };
+  for (const auto& [hPg, hGr] : hCases) {
+    EXPECT_FLOAT_EQ(IPgUnitsToGrUnits(hPg.fX, hPg.fY).fX, hGr.fX);
+    EXPECT_FLOAT_EQ(IPgUnitsToGrUnits(hPg.fX, hPg.fY).fY, hGr.fY);
+    EXPECT_NEAR(IPgUnitsFromGrUnits(hGr.fX, hGr.fY).fX, hPg.fX, 1.0E-4f * hPg.fX);
+    EXPECT_NEAR(IPgUnitsFromGrUnits(hGr.fX, hGr.fY).fY, hPg.fY, 1.0E-5f);
+  }
+  EXPECT_TRUE(std::isnan(IPgUnitsToGrUnits(0.0f, 1.0f).fX)) << "no place on a logarithmic axis";
+  EXPECT_GT(IPgUnitsToGrUnits(0.0f, 1.0E30f).fY, 1.0E28f);
+  EXPECT_TRUE(std::isfinite(IPgUnitsToGrUnits(1.0f, -fInf).fY)) << "far out, but a place to draw to";
 }
 
 TEST(PlotUnits, TheEndsOfTheRangeLieExactlyOnTheEdges) {
   PlayedSession hSession("");
   for (const R4 fEnd : {0.3f, 7.7f, 12345.678f, 1.0E30f}) {
     Begin_Plot(Scaling::Linear, Scaling::Linear, -0.1f, 1.0E-3f, fEnd, fEnd);
-    R4 fX1 = 0.0f, fY1 = 0.0f, fX2 = 0.0f, fY2 = 0.0f;
-    IPgUnitsToGrUnits(-0.1f, 1.0E-3f, fX1, fY1);
-    IPgUnitsToGrUnits(fEnd, fEnd, fX2, fY2);
-    EXPECT_EQ(fX1, 0.1f * 10.0f);
-    EXPECT_EQ(fY1, 0.2f * 10.0f);
-    EXPECT_EQ(fX2, 0.9f * 10.0f);
-    EXPECT_EQ(fY2, 0.8f * 10.0f);
+    EXPECT_EQ(IPgUnitsToGrUnits(-0.1f, 1.0E-3f).fX, 0.1f * 10.0f);
+    EXPECT_EQ(IPgUnitsToGrUnits(-0.1f, 1.0E-3f).fY, 0.2f * 10.0f);
+    EXPECT_EQ(IPgUnitsToGrUnits(fEnd, fEnd).fX, 0.9f * 10.0f);
+    EXPECT_EQ(IPgUnitsToGrUnits(fEnd, fEnd).fY, 0.8f * 10.0f);
   }
 }
 
@@ -139,59 +134,32 @@ TEST(PlotUnits, ARangeThatNoAxisCanHaveBecomesOneThatItCan) {
   EXPECT_FLOAT_EQ(InfoPgReal(iPlotYMax), 8.0f * std::sqrt(10.0f));
 }
 
-TEST(PlotUnits, AreInForceUntilForgotten) {
-  PlayedSession hSession("");
-  IPgForget();
-  EXPECT_FALSE(IPg_Is_Plotting());
-  Begin_Plot(Scaling::Linear, Scaling::Linear, 0.0f, 0.0f, 1.0f, 1.0f);
-  EXPECT_TRUE(IPg_Is_Plotting());
-  IPgForget();
-  EXPECT_FALSE(IPg_Is_Plotting());
-}
-
-/// A text of a metafile: the place of its first letter and its end, in device units, x to the right and y downward.
+/// A text as it is drawn: its ends and its baseline, in pixels of the picture, to the right and downward.
 struct DrawnText {
-  I4 iLeft, iRight, iBaseline;
+  R8 dLeft, dRight, dBaseline;
   std::string sText;
 };
 
-/// Draws into a picture of 2000 by 1500 device units and looks at it before it is closed.
-template <class Draw, class Look>
-void With_Picture(Draw iDraw, Look iLook) {
-  IGrHardCopySelect(HardCopyDriver::Metafile);
-  IGrHardCopySize(2000, 1500);
-  IGrHardCopy("axes.wmf");
-  iDraw();
-  iLook();
-  bool bDone = false;
-  IGrHardCopyEnd(bDone);
-  EXPECT_TRUE(bDone);
-}
-
-/// The texts that iDraw puts into the picture. The file tells where they begin; how long they are is measured with the
-/// font that iDraw leaves in force.
-template <class Draw>
-std::vector<DrawnText> Texts_of(Draw iDraw) {
-  With_Picture(iDraw, [] {});
-  const std::string sBytes = Read_Whole_File("axes.wmf");
-  const auto iWord = [&](std::size_t I) {
-    const auto iByte = [&](std::size_t K) { return static_cast<unsigned char>(sBytes[K]); };
-    return static_cast<I4>(static_cast<std::int16_t>(iByte(I) | iByte(I + 1) << 8));
-  };
-  constexpr std::size_t NHeaders = 22 + 18;
-  constexpr I4 iTextOut = 0x0521;
+/// A picture of which only the texts are kept.
+class TextNotebook : public BackEnd {
+ public:
   std::vector<DrawnText> hText;
-  for (std::size_t I = NHeaders; I + 6 <= sBytes.size() && iWord(I) > 0; I += 2 * static_cast<std::size_t>(iWord(I))) {
-    if (iWord(I + 4) != iTextOut) continue;
-    const auto NText = static_cast<std::size_t>(iWord(I + 6));
-    const std::size_t iPlace = I + 8 + (NText + 1) / 2 * 2;
-    hText.push_back({iWord(iPlace + 2), 0, iWord(iPlace), sBytes.substr(I + 8, NText)});
+  void Lines(std::span<const QLineF>, const Pen&) override {}
+  void Fill(const QRectF&, QRgb) override {}
+  void Disc(QPointF, R8, QRgb) override {}
+  void Write(const Letters& h) override {
+    const R8 dLength = QFontMetricsF(h.hFont).horizontalAdvance(h.sText) * h.dXScale;
+    hText.push_back({h.hStart.x(), h.hStart.x() + dLength, h.hStart.y(), To_Bytes(h.sText)});
   }
-  With_Picture(iDraw, [&] {
-    const R4 fUnits = InfoGraphics(iUnitXMax) - InfoGraphics(iUnitXMin);
-    for (DrawnText& h : hText) h.iRight = h.iLeft + Nint(2000.0f * WGrTextLength(h.sText) / fUnits);
-  });
-  return hText;
+};
+
+/// The texts that are drawn into a picture of 2000 by 1500 pixels.
+std::vector<DrawnText> Texts_of(const std::function<void()>& draw) {
+  TextNotebook hNotebook;
+  Enter_Picture({.hBackEnd = &hNotebook, .hSize = QSizeF(2000.0, 1500.0)});
+  draw();
+  Leave_Picture();
+  return hNotebook.hText;
 }
 
 TEST(AxisTexts, NeitherCollideNorLeaveThePicture) {
@@ -219,9 +187,9 @@ TEST(AxisTexts, NeitherCollideNorLeaveThePicture) {
       const testing::Message sWhat = testing::Message() << c.fMin << " to " << c.fMax << ", size " << fSize;
       EXPECT_GE(hText.size(), fSize < 0.05f ? 3U : 1U) << sWhat;
       for (const DrawnText& h : hText) {
-        EXPECT_TRUE(h.iLeft >= 0 && h.iRight <= 2000 && h.iBaseline <= 1500) << sWhat << ": " << h.sText;
+        EXPECT_TRUE(h.dLeft > -0.5 && h.dRight < 2000.5 && h.dBaseline < 1500.5) << sWhat << ": " << h.sText;
         for (const DrawnText& hOther : hText) {
-          EXPECT_TRUE(&h == &hOther || h.iRight < hOther.iLeft || hOther.iRight < h.iLeft)
+          EXPECT_TRUE(&h == &hOther || h.dRight < hOther.dLeft || hOther.dRight < h.dLeft)
               << sWhat << ": " << h.sText << " and " << hOther.sText;
         }
       }
@@ -239,9 +207,9 @@ TEST(AxisTexts, OfTheCallerStandRightAlignedAndWithoutTheirBlanks) {
   });
   ASSERT_EQ(hText.size(), 3U);
   EXPECT_EQ(hText[0].sText + "," + hText[1].sText + "," + hText[2].sText, "-10,0,1.0E+04");
-  EXPECT_NEAR(hText[0].iRight, hText[2].iRight, 2);
-  EXPECT_LT(hText[0].iRight, 200) << "clear of the plot";
-  EXPECT_GT(hText[0].iBaseline, hText[2].iBaseline);
+  EXPECT_NEAR(hText[0].dRight, hText[2].dRight, 2);
+  EXPECT_LT(hText[0].dRight, 200) << "clear of the plot";
+  EXPECT_GT(hText[0].dBaseline, hText[2].dBaseline);
 }
 
 TEST(AxisTexts, ATitleThatIsTooLongIsMadeSmaller) {
@@ -252,8 +220,8 @@ TEST(AxisTexts, ATitleThatIsTooLongIsMadeSmaller) {
     IPgTitle(std::string(70, 'm'), 0.8f);
   });
   ASSERT_EQ(hText.size(), 1U);
-  EXPECT_GE(hText[0].iLeft, 0) << "it is centred: so far from the right edge, too";
-  EXPECT_LT(hText[0].iLeft, 500);
+  EXPECT_GE(hText[0].dLeft, 0) << "it is centred: so far from the right edge, too";
+  EXPECT_LT(hText[0].dLeft, 500);
 }
 
 }  // namespace

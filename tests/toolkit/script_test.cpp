@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+
 #include "support/played_session.h"
 #include "toolkit/dialog/dialog.h"
 #include "toolkit/draw/plot_axes.h"
@@ -12,11 +14,7 @@ namespace {
 using Words = std::vector<std::string>;
 
 TEST(ScriptParse, CutsALineIntoItsWords) {
-  struct Case {
-    const char* sLine;
-    Words sWord;
-  };
-  const Case hCases[] = {
+  const std::pair<const char*, Words> hCases[] = {
       {"menu 40016",                           {"menu", "40016"}                     },
       {" \tset  1006\t2.5 ",                   {"set", "1006", "2.5"}                },
       {"expect \"two words\"",                 {"expect", "two words"}               },
@@ -27,11 +25,10 @@ TEST(ScriptParse, CutsALineIntoItsWords) {
       {"key #",                                {"key", "#"}                          },
       {"file C:\\data\\x.avg",                 {"file", "C:\\data\\x.avg"}           },
   };
-  for (const Case& hCase : hCases) {
-    SCOPED_TRACE(hCase.sLine);
-    const std::vector<ScriptStep> hStep = Script_Parse(hCase.sLine);
-    ASSERT_EQ(hStep.size(), 1u);
-    EXPECT_EQ(hStep[0].sWord, hCase.sWord);
+  for (const auto& [sLine, sWord] : hCases) {
+    const std::vector<ScriptStep> hStep = Script_Parse(sLine);
+    ASSERT_EQ(hStep.size(), 1u) << sLine;
+    EXPECT_EQ(hStep[0].sWord, sWord) << sLine;
   }
 }
 
@@ -45,11 +42,7 @@ TEST(ScriptParse, CountsCommentsAndEmptyLinesAsLines) {
 }
 
 TEST(Script, AStepThatDoesNotFitTheScreenEndsTheRunWithItsReason) {
-  struct Case {
-    const char* sStep;
-    const char* sReason;
-  };
-  const Case hCases[] = {
+  const std::pair<const char*, const char*> hCases[] = {
       {"jump 3",                      "there is no step jump"                                          },
       {"menu",                        "the step is written: menu ID"                                   },
       {"menu Open",                   "the step is written: menu ID"                                   },
@@ -69,53 +62,48 @@ TEST(Script, AStepThatDoesNotFitTheScreenEndsTheRunWithItsReason) {
       {"drop steps.txt",              "the window does not take steps.txt"                             },
       {"snapshot no/such/folder.png", "cannot write no/such/folder.png"                                },
   };
-  for (const Case& hCase : hCases) {
-    SCOPED_TRACE(hCase.sStep);
-    PlayedSession hSession("# first line\n" + std::string(hCase.sStep) + "\nkey a\n");
-    EXPECT_TRUE(hSession.Rest().empty()) << "the step after it must not be played";
-    EXPECT_EQ(hSession.Errors(), "steps.txt:2: " + std::string(hCase.sReason) + "\n");
+  for (const auto& [sStep, sReason] : hCases) {
+    PlayedSession hSession("# first line\n" + std::string(sStep) + "\nkey a\n");
+    EXPECT_TRUE(hSession.Rest().empty()) << sStep << ": the step after it must not be played";
+    EXPECT_EQ(hSession.Errors(), "steps.txt:2: " + std::string(sReason) + "\n");
     EXPECT_EQ(Script_Exit_Status(), 3);
   }
 }
 
 TEST(Script, APointIsInThePlotsOwnUnits) {
   PlayedSession hSession("point 5 100\npoint 5 1000 right\nmenu 40016\npoint 5 100\n");
+  Show_Test_Menu();
   IPgArea(0.1f, 0.1f, 0.9f, 0.9f);
   IPgScaling(Scaling::Linear, Scaling::Logarithmic);
   IPgUnits(0.0f, 10.0f, 10.0f, 1000.0f);
-  const Came hLeft = hSession.Next();
-  EXPECT_EQ(hLeft.hMessage.VALUE1, iMouseLeft);
-  EXPECT_NEAR(hLeft.hMessage.GX, 5.0f, 1e-4f);
-  EXPECT_NEAR(hLeft.hMessage.GY, 5.0f, 1e-4f);
+  const Message hLeft = hSession.Next();
+  EXPECT_EQ(hLeft.VALUE1, iMouseLeft);
+  EXPECT_NEAR(hLeft.GX, 5.0f, 1e-4f);
+  EXPECT_NEAR(hLeft.GY, 5.0f, 1e-4f);
   EXPECT_EQ(hSession.Next().iType, MessageType::MouseUp);
-  const Came hRight = hSession.Next();
-  EXPECT_EQ(hRight.hMessage.VALUE1, iMouseRight);
-  EXPECT_NEAR(hRight.hMessage.GY, 9.0f, 1e-4f);
+  const Message hRight = hSession.Next();
+  EXPECT_EQ(hRight.VALUE1, iMouseRight);
+  EXPECT_NEAR(hRight.GY, 9.0f, 1e-4f);
   EXPECT_EQ(hSession.Next().iType, MessageType::MouseUp);
   EXPECT_EQ(hSession.Next().iType, MessageType::Menu);
-  WMenu(iMenuMain);
+  WMenu(iTestMenu);
   EXPECT_EQ(hSession.Next().iType, MessageType::Close);
   EXPECT_EQ(hSession.Errors(), "steps.txt:4: there are no plot axes\n") << "the plot is gone with its menu";
 }
 
 TEST(Script, ExpectFindsWhatTheUserReads) {
   PlayedSession hSession("expect QUILLAN\nexpect \"line one line two\"\nexpect ERROR\nanswer cancel\n");
-  WMessageBox(BoxButtons::OkCancel, BoxIcon::Stop, "line one\rline two", "ERROR");
-  EXPECT_EQ(WInfoDialog(iExitButtonCommon), iAnswerNo);
+  EXPECT_FALSE(WMessageBox(BoxButtons::OkCancel, BoxIcon::Stop, "line one\rline two", "ERROR"));
   EXPECT_EQ(hSession.Errors(), "");
   EXPECT_EQ(hSession.Next().iType, MessageType::Close);
   EXPECT_EQ(Script_Exit_Status(), 0);
 }
 
-TEST(Script, AFailureBehindABoxCancelsItAndEveryOtherOne) {
+TEST(Script, AFailureAtABoxCancelsItAndEveryOtherOne) {
   PlayedSession hSession("menu 40005\n");
-  WMessageBox(BoxButtons::YesNo, BoxIcon::Question, "Should a.avg data be saved?", "");
-  EXPECT_EQ(WInfoDialog(iExitButtonCommon), iAnswerNo);
+  EXPECT_FALSE(WMessageBox(BoxButtons::YesNo, BoxIcon::Question, "Should a.avg data be saved?", ""));
   EXPECT_EQ(hSession.Errors(), "steps.txt:1: the message box \"Should a.avg data be saved?\" waits for an answer\n");
-  std::string sFile = "kept.avg";
-  WSelectFile2("data|*.avg|", iSelectOpen, sFile, "Open");
-  EXPECT_EQ(WInfoDialog(iExitButtonCommon), 0);
-  EXPECT_EQ(sFile, "kept.avg");
+  EXPECT_EQ(WSelectFile2("data|*.avg|", iSelectOpen, "Open", "a.avg"), "");
   EXPECT_EQ(hSession.Next().iType, MessageType::Close);
   EXPECT_EQ(hSession.Next().iType, MessageType::Close);
 }
@@ -133,36 +121,24 @@ TEST(Script, ABoxThatWaitsAtTheEndOfTheStepsIsAFailure) {
 TEST(Script, AScriptThatCannotBeReadEndsTheRun) {
   std::ostringstream sErrors;
   std::streambuf* hKept = std::cerr.rdbuf(sErrors.rdbuf());
-  char sProgram[] = "quillan";
-  char* hArgument[] = {sProgram, nullptr};
   for (const char* sPath : {"missing.txt", "."}) {
-    WInitialise(1, hArgument, sPath);
+    Script_Load(sPath);
     EXPECT_EQ(Script_Exit_Status(), 3) << sPath;
     EXPECT_TRUE(Script_Is_Playing()) << "the run must still be brought to its end";
   }
   EXPECT_EQ(sErrors.str(), "missing.txt: the script cannot be read\n.: the script cannot be read\n");
-  WInitialise(1, hArgument);
+  Script_Load({});
   EXPECT_EQ(Script_Exit_Status(), 0);
   EXPECT_FALSE(Script_Is_Playing());
-  WindowClose();
   std::cerr.rdbuf(hKept);
-}
-
-/// Width and height of a PNG file, which stand in its first record.
-std::pair<I4, I4> Size_of_Png(const std::string& sPath) {
-  std::ifstream hFile(sPath, std::ios::binary);
-  unsigned char c[24] = {};
-  hFile.read(reinterpret_cast<char*>(c), sizeof c);
-  const auto iNumber = [&](int I) { return c[I] << 24 | c[I + 1] << 16 | c[I + 2] << 8 | c[I + 3]; };
-  return {iNumber(16), iNumber(20)};
 }
 
 TEST(Script, ASnapshotShowsTheWholeWindowAndGrowsForWhatHangsOver) {
   PlayedSession hSession("resize 640 480\nsnapshot window.png\nkey a\nresize 200 160\nsnapshot box.png\nanswer ok\n");
   EXPECT_EQ(hSession.Next().iType, MessageType::Key);
-  EXPECT_EQ(Size_of_Png("window.png"), std::pair(640, 480));
+  EXPECT_EQ(QImage("window.png").size(), QSize(640, 480));
   WMessageBox(BoxButtons::Ok, BoxIcon::Information, std::string(60, 'W'), "");
-  EXPECT_GT(Size_of_Png("box.png").first, 400);
+  EXPECT_GT(QImage("box.png").width(), 400);
 }
 
 }  // namespace

@@ -11,9 +11,9 @@
 #include <QThread>
 #include <QWheelEvent>
 
-#include "toolkit/dialog/dialog.h"
-#include "toolkit/window/private.h"
-#include "toolkit/window/window.h"
+#include "support/played_session.h"
+#include "toolkit/dialog/private_dialog.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan {
 namespace {
@@ -23,12 +23,9 @@ using namespace toolkit;
 class WindowEvents : public testing::Test {
  protected:
   void SetUp() override {
-    static char sProgram[] = "quillan";
-    static char* hArguments[] = {sProgram, nullptr};
-    WInitialise(1, hArguments, "");
-    WindowOpen2(0, 0, 900, 600, iNoMenu, "Quillan");
+    Open_Window(900, 600);
     WMessageEnable(MessageType::Field, true);
-    Told();
+    Came();
   }
   void TearDown() override { WindowClose(); }
 
@@ -38,17 +35,14 @@ class WindowEvents : public testing::Test {
   }
   static QDialog& Tool() { return *Current_Dialog(); }
 
-  /// What the program was told since the last call, as types and values.
-  static std::string Told() {
-    std::string sTold;
-    MessageType iType = MessageType::None;
-    Message hMessage;
-    for (WMessagePeek(iType, hMessage); iType != MessageType::None; WMessagePeek(iType, hMessage)) {
-      if (iType == MessageType::Expose || iType == MessageType::Resize) continue;
-      sTold +=
-          (sTold.empty() ? "" : " ") + std::to_string(static_cast<I4>(iType)) + ":" + std::to_string(hMessage.VALUE1);
+  /// The messages since the last call, as types and values.
+  static std::string Came() {
+    std::string sAll;
+    for (Message h = WMessagePeek(); h.iType != MessageType::None; h = WMessagePeek()) {
+      if (h.iType == MessageType::Expose || h.iType == MessageType::Resize) continue;
+      sAll += (sAll.empty() ? "" : " ") + std::to_string(static_cast<I4>(h.iType)) + ":" + std::to_string(h.VALUE1);
     }
-    return sTold;
+    return sAll;
   }
 
   static void Turn(QWidget* hWidget, int iAngle, Qt::ScrollPhase iPhase = Qt::NoScrollPhase) {
@@ -79,42 +73,42 @@ class WindowEvents : public testing::Test {
 
 TEST_F(WindowEvents, PagingByTheWheelEndsWhenTheUserStops) {
   for (int I = 0; I < 20; ++I) Turn(Drawing_Area(), -120);
-  EXPECT_EQ(Told(), "4:5") << "twenty steps during one redraw page once";
+  EXPECT_EQ(Came(), "4:5") << "twenty steps during one redraw page once";
   Turn(Drawing_Area(), -120);
   Turn(Drawing_Area(), 120);
-  EXPECT_EQ(Told(), "4:4") << "a turn back counts at once";
+  EXPECT_EQ(Came(), "4:4") << "a turn back counts at once";
   for (int I = 0; I < 9; ++I) Turn(Drawing_Area(), -30, Qt::ScrollUpdate);
-  EXPECT_EQ(Told(), "4:5") << "a trackpad's small steps add up";
+  EXPECT_EQ(Came(), "4:5") << "a trackpad's small steps add up";
   Turn(Drawing_Area(), -90, Qt::ScrollBegin);
   Turn(Drawing_Area(), -1200, Qt::ScrollMomentum);
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Came(), "");
   Turn(Drawing_Area(), 90, Qt::ScrollUpdate);
-  EXPECT_EQ(Told(), "") << "a turn the other way begins anew";
+  EXPECT_EQ(Came(), "") << "a turn the other way begins again";
 }
 
 TEST_F(WindowEvents, AKeyHeldDownPagesOnceARedraw) {
   Press_Key(Qt::Key_N, "n");
   for (int I = 0; I < 20; ++I) Press_Key(Qt::Key_N, "n", true);
-  EXPECT_EQ(Told(), "1:110");
+  EXPECT_EQ(Came(), "1:110");
 }
 
 TEST_F(WindowEvents, AToolWindowNeverHasTheFocus) {
-  for (const I4 iDialog : {iDlgReviewCurve, iDlgReviewSection}) {
+  for (const I4 iDialog : {115, 118}) {
     Show(iDialog);
     EXPECT_EQ(QApplication::activeWindow(), Main_Window());
     EXPECT_EQ(QApplication::focusWidget(), Drawing_Area());
-    Click(Find<QPushButton>(iBtnZoomAll));
-    EXPECT_EQ(Told(), "3:1085");
+    Click(Find<QPushButton>(1085));
+    EXPECT_EQ(Came(), "3:1085");
     EXPECT_EQ(QApplication::focusWidget(), Drawing_Area());
     Tool().activateWindow();  // its title bar was clicked
     EXPECT_FALSE(qobject_cast<QLineEdit*>(QApplication::focusWidget())) << "a field takes no keyboard by itself";
     Press_Key(Qt::Key_N, "n");
     Press_Key(Qt::Key_Return);
     Press_Key(Qt::Key_Escape);
-    EXPECT_EQ(Told(), "1:110 1:13 1:27");
+    EXPECT_EQ(Came(), "1:110 1:13 1:27");
     EXPECT_TRUE(Tool().isVisible());
     Tool().close();
-    EXPECT_EQ(Told(), "3:1087");
+    EXPECT_EQ(Came(), "3:1087");
     EXPECT_TRUE(Tool().isVisible()) << "the program closes it";
     EXPECT_EQ(QApplication::activeWindow(), Main_Window());
     WDialogUnload();
@@ -122,60 +116,58 @@ TEST_F(WindowEvents, AToolWindowNeverHasTheFocus) {
 }
 
 TEST_F(WindowEvents, AFieldThatIsClickedTakesTheKeyboardUntilEnter) {
-  Show(iDlgReviewSection);
-  auto* hLine = Find<QLineEdit>(iFldNoiseFloor);
-  WDialogPutReal(iFldNoiseFloor, 1.0f, "(1P,G14.3)");
+  Show(118);
+  auto* hLine = Find<QLineEdit>(1111);
+  WDialogPutReal(1111, 1.0f, "(1P,G14.3)");
   Tool().activateWindow();
   hLine->setFocus(Qt::MouseFocusReason);
   Click(hLine);
   Press_Key(Qt::Key_5, "5");
   EXPECT_EQ(hLine->text(), "5") << "typing replaces the number";
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Came(), "");
   EXPECT_TRUE(hLine->hasFocus());
   Click(hLine);
   Press_Key(Qt::Key_End);
   Press_Key(Qt::Key_0, "0");
   EXPECT_EQ(hLine->text(), "50") << "a second click does not";
   Press_Key(Qt::Key_Return);
-  EXPECT_EQ(Told(), "10:1111");
+  EXPECT_EQ(Came(), "10:1111");
   EXPECT_EQ(QApplication::focusWidget(), Drawing_Area());
 }
 
 TEST_F(WindowEvents, AKnobThatIsHeldIsNotPutElsewhere) {
-  Show(iDlgReviewCurve);
-  WDialogRangeTrackbar(iTrkCurve, 1, 100, 8);
-  auto* hTrackbar = Find<QSlider>(iTrkCurve);
+  Show(115);
+  WDialogRangeTrackbar(1081, 1, 100, 8);
+  auto* hTrackbar = Find<QSlider>(1081);
   hTrackbar->setSliderDown(true);
   for (int iAt = 2; iAt <= 30; ++iAt) hTrackbar->setSliderPosition(iAt);
-  EXPECT_EQ(Told(), "10:1081") << "the moves during one redraw are one";
-  WDialogPutTrackbar(iTrkCurve, 25);
-  I4 iGot = 0;
-  WDialogGetTrackbar(iTrkCurve, iGot);
-  EXPECT_EQ(iGot, 30);
+  EXPECT_EQ(Came(), "10:1081") << "the moves during one redraw are one";
+  WDialogPutTrackbar(1081, 25);
+  EXPECT_EQ(WDialogGetTrackbar(1081), 30);
   hTrackbar->setSliderDown(false);
-  WDialogPutTrackbar(iTrkCurve, 25);
+  WDialogPutTrackbar(1081, 25);
   EXPECT_EQ(hTrackbar->value(), 25);
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Came(), "");
   Turn(hTrackbar, -120);
-  EXPECT_EQ(Told(), "4:5") << "the wheel pages, over the tool window too";
+  EXPECT_EQ(Came(), "4:5") << "the wheel pages, over the tool window too";
 }
 
 TEST_F(WindowEvents, AToolWindowStaysWhereTheUserPutsIt) {
-  Show(iDlgReviewCurve);
-  const QPoint hTold = Tool().pos();
+  Show(115);
+  const QPoint hPlaced = Tool().pos();
   WDialogUnload();
-  Show(iDlgReviewCurve);
-  EXPECT_EQ(Tool().pos(), hTold);
+  Show(115);
+  EXPECT_EQ(Tool().pos(), hPlaced);
   QThread::msleep(600);
   Tool().move(40, 300);
   WDialogHide();
   WDialogShow(0, 0, iShowTool);
   EXPECT_EQ(Tool().pos(), QPoint(40, 300));
   WDialogUnload();
-  Show(iDlgReviewSection);
+  Show(118);
   EXPECT_NE(Tool().pos(), QPoint(40, 300)) << "each has its own place";
   WDialogUnload();
-  Show(iDlgReviewCurve);
+  Show(115);
   EXPECT_EQ(Tool().pos(), QPoint(40, 300));
 }
 

@@ -1,14 +1,14 @@
 // dialog.h: dialogs by number, their fields by control number.
 //
 // A dialog is a designer file, dialogs/NUMBER.ui, whose controls are named "c" + their number. WDialogLoad makes a
-// dialog current; every other call acts on the current one. A call that fails sets the last-error status of
-// InfoError: no dialog, no such field, an empty field, a bad field.
+// dialog current; every other call acts on the current one. A call for a dialog or field that is not there sets the
+// last-error status of InfoError.
 //
 // A numeric field shows its value in the field's form but gives back the exact value that was put as long as the
 // user has not changed the text; a missing value (-1.0E32) shows as an empty field. A put never raises a message. A
-// text that is no number, or lies outside the field's range, has a red frame, and a read of it is an error, so that
-// the caller keeps the old value; a value that was put is given back as put, whatever the range. A put is dropped
-// while the user is typing in the field.
+// text that is no number, or lies outside the field's range, has a red frame and is not read, so that the caller keeps
+// the old value; a value that was put is given back as put, whatever the range. A put is dropped while the user is
+// typing in the field.
 //
 // A field reports a change (MessageType::Field) when its edit is complete: the focus has left it, Enter, a box
 // ticked, an entry chosen, a trackbar moved, a cell edited. A button completes the edit under way before it reports
@@ -22,59 +22,67 @@
 
 #include "base/edit_form.h"
 #include "base/types.h"
+#include "toolkit/draw/last_error.h"
 #include "toolkit/window/ids.h"
 
 namespace quillan {
+
+// Controls that several dialogs share.
+inline constexpr I4 iBtnContinue = 1009;
+inline constexpr I4 iBtnCancel = 1010;
+
+// How a dialog is shown.
+inline constexpr I4 iShowModal = 1;
+inline constexpr I4 iShowSemiModeless = 2;
+inline constexpr I4 iShowTool = 3;  // a tool window: never takes the focus, stays above the main window
+inline constexpr I4 iCentred = -1;  // for the position in x or y
 
 /// Makes a dialog current; one that is loaded already stays as it is.
 void WDialogLoad(I4 iDialog);
 void WDialogSelect(I4 iDialog);  // 0: none is current
 /// Shows the current dialog at pixels iX, iY of the main window, iCentred for the middle of it. Modal: returns when a
-/// push button is pressed, which WInfoDialog(iExitButton) tells. Semi-modeless: returns at once, and its buttons and
-/// fields arrive as messages. Esc and the title bar's close button push Cancel; Enter pushes Continue.
+/// push button is pressed, and which. Semi-modeless: returns 0 at once, and its buttons and fields arrive as messages.
+/// Esc and the title bar's close button push Cancel; Enter pushes Continue.
 /// A tool window (iShowTool) is semi-modeless, but the keyboard stays with the plot: keys that none of its text fields
 /// wants arrive as Key messages, Esc among them. iX, iY are pixels of the drawing area; where the user has moved it, it
-/// is shown there for the rest of the run. Its close button pushes Exit Review, or Cancel where it has that one.
-/// Returns the button that ended a modal dialog, 0 where it does not wait.
+/// is shown there for the rest of the run. Its close button pushes the button that its designer file marks with the
+/// property "leaves", else Cancel.
 I4 WDialogShow(I4 iX, I4 iY, I4 iMode);
 void WDialogHide();
 void WDialogUnload();
 void WDialogTitle(std::string_view sTitle);
 
-/// Selectors iExitButton, iCurrentDialog, iExitButtonCommon, iDialogWidth of ids.h.
+// Selectors of WInfoDialog.
+inline constexpr I4 iCurrentDialog = 3;  // 0: none
+inline constexpr I4 iDialogWidth = 8;    // pixels
 I4 WInfoDialog(I4 iSelect);
 
-// The reads below give what the field holds; nothing where it is empty, bad or not there.
+// The reads below give what the field holds; nothing where it is empty or bad, which is no error of the program, or
+// not there.
 
 /// A text field or a label.
 void WDialogPutString(I4 iField, std::string_view sText);
 /// The bytes that were put, if the user has not changed the text; otherwise the text in UTF-8.
-void WDialogGetString(I4 iField, std::string& sText);
 [[nodiscard]] std::optional<std::string> WDialogGetString(I4 iField);
 
 void WDialogPutInteger(I4 iField, I4 iValue);
-void WDialogGetInteger(I4 iField, I4& iValue);
 [[nodiscard]] std::optional<I4> WDialogGetInteger(I4 iField);
 void WDialogRangeInteger(I4 iField, I4 iLow, I4 iHigh);
 
-/// The screen shows no point behind a number without decimals, and the scientific form where a number is wider than
+/// The screen shows no point after a number without decimals, and the scientific form where a number is wider than
 /// the form.
 void WDialogPutReal(I4 iField, R4 fValue, const EditForm& form);
-void WDialogGetReal(I4 iField, R4& fValue);
 [[nodiscard]] std::optional<R4> WDialogGetReal(I4 iField);
 void WDialogPutDouble(I4 iField, R8 dValue, const EditForm& form);
-void WDialogGetDouble(I4 iField, R8& dValue);
 [[nodiscard]] std::optional<R8> WDialogGetDouble(I4 iField);
 /// Limits of a real or double field, for its red frame, its reads and its tool tip.
 void WDialogRangeReal(I4 iField, R8 dLow, R8 dHigh);
 
 void WDialogPutCheckBox(I4 iField, bool bOn);
-void WDialogGetCheckBox(I4 iField, bool& bOn);
 [[nodiscard]] std::optional<bool> WDialogGetCheckBox(I4 iField);
 
 /// A drop-down: its entries and the selected one, counted from 1; 0 selects none.
 void WDialogPutMenu1(I4 iField, std::span<const std::string> sEntry, I4 iSelect);
-void WDialogGetMenu1(I4 iField, I4& iSelect);
 [[nodiscard]] std::optional<I4> WDialogGetMenu1(I4 iField);
 
 /// A trackbar: its ends and the step of a click beside its knob, which moves to any value between the ends. It gives
@@ -82,13 +90,44 @@ void WDialogGetMenu1(I4 iField, I4& iSelect);
 /// while the user holds the knob.
 void WDialogRangeTrackbar(I4 iField, I4 iLow, I4 iHigh, I4 iStep);
 void WDialogPutTrackbar(I4 iField, I4 iValue);
-void WDialogGetTrackbar(I4 iField, I4& iValue);
 [[nodiscard]] std::optional<I4> WDialogGetTrackbar(I4 iField);
 
 /// Enables (1) or greys (0) a field and its label.
 void WDialogFieldState(I4 iField, I4 iState);
 
-/// The grey remark behind a control: the label named "n" + the control's number.
+/// The grey remark beside a control: the label named "n" + the control's number.
 void WDialogPutNote(I4 iField, std::string_view sNote);
+
+// Old forms; they go when the last caller has changed.
+inline constexpr I4 iExitButton = 1;        // of WInfoDialog: what the last modal WDialogShow returned
+inline constexpr I4 iExitButtonCommon = 4;  // iAnswerYes or iAnswerNo to the last WMessageBox or WSelectFile2
+template <class Value>
+void Take_Read(const std::optional<Value>& hRead, Value& hValue) {
+  if (hRead)
+    hValue = *hRead;
+  else
+    toolkit::Set_Error(iErrFieldBad);
+}
+inline void WDialogGetString(I4 iField, std::string& sText) {
+  Take_Read(WDialogGetString(iField), sText);
+}
+inline void WDialogGetInteger(I4 iField, I4& iValue) {
+  Take_Read(WDialogGetInteger(iField), iValue);
+}
+inline void WDialogGetReal(I4 iField, R4& fValue) {
+  Take_Read(WDialogGetReal(iField), fValue);
+}
+inline void WDialogGetDouble(I4 iField, R8& dValue) {
+  Take_Read(WDialogGetDouble(iField), dValue);
+}
+inline void WDialogGetCheckBox(I4 iField, bool& bOn) {
+  Take_Read(WDialogGetCheckBox(iField), bOn);
+}
+inline void WDialogGetMenu1(I4 iField, I4& iSelect) {
+  Take_Read(WDialogGetMenu1(iField), iSelect);
+}
+inline void WDialogGetTrackbar(I4 iField, I4& iValue) {
+  Take_Read(WDialogGetTrackbar(iField), iValue);
+}
 
 }  // namespace quillan

@@ -1,4 +1,4 @@
-// fields.cpp: the controls of dialogs: numbers on the screen, exact read-back, completion of an edit.
+// The controls of dialogs: exact read-back, completion of an edit, the mark of a bad number.
 #include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QComboBox>
@@ -12,96 +12,13 @@
 #include <QSlider>
 #include <QVariant>
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
+#include <functional>
 
-#include "toolkit/draw/last_error.h"
-#include "toolkit/window/private.h"
+#include "toolkit/dialog/private_dialog.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan::toolkit {
 namespace {
-
-constexpr I4 MDecimal = 100;  // more digits than a screen has room for
-
-std::string Digits(R8 dValue, std::chars_format iFormat, I4 NDecimal) {
-  std::array<char, 512> hBuffer;  // the longest fixed number has 309 digits before the point
-  const auto hEnd = std::to_chars(hBuffer.data(), hBuffer.data() + hBuffer.size(), dValue, iFormat,
-                                  std::clamp(NDecimal, 0, MDecimal));
-  return {hBuffer.data(), hEnd.ptr};
-}
-
-/// The digits and the exponent of "1.25e+04"; the exponent with at least NExponent digits, two where none are told.
-std::string With_Exponent(const std::string& sDigits, I4 NExponent) {
-  const auto iExponent = sDigits.find('e');
-  if (iExponent == std::string::npos) return sDigits;
-  std::string sExponent = sDigits.substr(iExponent + 2);
-  const std::size_t NLeast = NExponent > 0 ? static_cast<std::size_t>(NExponent) : 2;
-  while (sExponent.size() > NLeast && sExponent.front() == '0') sExponent.erase(0, 1);
-  return sDigits.substr(0, iExponent) + 'E' + sDigits[iExponent + 1] + sExponent;
-}
-
-std::string Scientific(R8 dValue, I4 NDecimal, I4 NExponent) {
-  return With_Exponent(Digits(dValue, std::chars_format::scientific, NDecimal), NExponent);
-}
-
-/// Fixed as long as that fits the width: a value out of all proportion must not fill the screen.
-std::string Fixed(R8 dValue, const EditForm& form) {
-  const std::string sText = Digits(dValue, std::chars_format::fixed, form.NDecimal);
-  const bool bFits = form.NWidth == 0 || sText.size() <= static_cast<std::size_t>(form.NWidth);
-  return bFits ? sText : Scientific(dValue, 4, 0);
-}
-
-std::string General(R8 dValue, const EditForm& form) {
-  const std::string sDigits = Digits(dValue, std::chars_format::scientific, form.NDecimal - 1);
-  const auto iPlace = sDigits.find('e');
-  I4 iExponent = 0;  // after rounding: 9999.96 has five digits before the point
-  const char* sExponent = sDigits.data() + iPlace + (sDigits[iPlace + 1] == '+' ? 2 : 1);
-  std::from_chars(sExponent, sDigits.data() + sDigits.size(), iExponent);
-  if (iExponent < -1 || iExponent >= form.NDecimal) return Scientific(dValue, form.NDecimal, form.NExponent);
-  return Digits(dValue, std::chars_format::fixed, form.NDecimal - 1 - iExponent);
-}
-
-std::string Shortest(R8 dValue) {
-  std::array<char, 64> hBuffer;
-  const auto hEnd = std::to_chars(hBuffer.data(), hBuffer.data() + hBuffer.size(), dValue);
-  return With_Exponent({hBuffer.data(), hEnd.ptr}, 1);
-}
-
-std::string Real_Text(R8 dValue, const EditForm& form) {
-  if (!std::isfinite(dValue)) return Shortest(dValue);
-  switch (form.iKind) {
-    case EditKind::Fixed: return Fixed(dValue, form);
-    case EditKind::Scientific: return Scientific(dValue, form.NDecimal, form.NExponent);
-    case EditKind::General: return General(dValue, form);
-    case EditKind::Bad: break;
-  }
-  return Shortest(dValue);
-}
-
-/// The whole text as one number.
-template <class Number>
-bool Parse(std::string_view sText, Number& x) {
-  const auto hEnd = std::from_chars(sText.data(), sText.data() + sText.size(), x);
-  return hEnd.ec == std::errc{} && hEnd.ptr == sText.data() + sText.size();
-}
-
-/// Parses as a value of the field's own type and gives it in R8, where each type is exact.
-bool Parse_Kind(std::string_view sText, FieldKind iKind, R8& dValue) {
-  I4 iValue = 0;
-  R4 fValue = 0.0f;
-  switch (iKind) {
-    case FieldKind::Integer:
-      if (!Parse(sText, iValue)) return false;
-      dValue = iValue;
-      return true;
-    case FieldKind::Real:
-      if (!Parse(sText, fValue)) return false;
-      dValue = static_cast<R8>(fValue);
-      return std::isfinite(fValue);
-    default: return Parse(sText, dValue) && std::isfinite(dValue);
-  }
-}
 
 class RedFrame : public QWidget {
  public:
@@ -151,10 +68,10 @@ class IntegerSpin : public QAbstractSpinBox {
 };
 
 void Step_Integer(Field& hField, I4 NStep) {
-  R8 dValue = hField.dPut;
-  if (!Field_Is_Unchanged(hField)) Read_Number(Field_Text(hField), hField.rule, dValue);
-  dValue = std::clamp(dValue + NStep, hField.rule.dLow, hField.rule.dHigh);
-  Line_Edit(hField.hWidget)->setText(Number_Text(dValue, hField.rule));
+  const bool bAsPut = Field_Is_Unchanged(hField);
+  const R8 dFrom = bAsPut ? hField.dPut : Read_Number(Field_Text(hField), hField.rule).value_or(hField.dPut);
+  const R8 dTo = std::clamp(dFrom + NStep, hField.rule.dLow, hField.rule.dHigh);
+  Line_Edit(hField.hWidget)->setText(Number_Text(dTo, hField.rule));
 }
 
 QString Without_Mnemonic(QString sText) {
@@ -163,10 +80,7 @@ QString Without_Mnemonic(QString sText) {
 
 void Update_Mark(const Field& hField) {
   if (hField.rule.iKind == FieldKind::Text) return;
-  R8 dIgnored = 0.0;
-  const bool bBad =
-      !Field_Is_Unchanged(hField) && Read_Number(Field_Text(hField), hField.rule, dIgnored) == iErrFieldBad;
-  Mark_Bad(hField.hWidget, bBad);
+  Mark_Bad(hField.hWidget, !Field_Is_Unchanged(hField) && Is_Bad_Number(Field_Text(hField), hField.rule));
 }
 
 void Update_Tip(const Field& hField) {
@@ -232,34 +146,6 @@ void Connect_Signals(Field& hField) {
 
 }  // namespace
 
-QString Number_Text(R8 dValue, const NumberRule& rule) {
-  if (rule.iKind == FieldKind::Integer) return QString::number(static_cast<I4>(dValue));
-  return Is_Present(dValue) ? QString::fromStdString(Real_Text(dValue, rule.form)) : QString();
-}
-
-I4 Read_Number(const QString& sText, const NumberRule& rule, R8& dValue) {
-  const std::string sTrimmed = sText.trimmed().toStdString();
-  std::string_view sNumber = sTrimmed;
-  if (sNumber.empty()) return iErrFieldEmpty;
-  if (sNumber.front() == '+' && !sNumber.starts_with("+-")) sNumber.remove_prefix(1);
-  // The range is compared with the number as typed: 1E-9 rounds to an R4 just below 1E-9.
-  R8 dTyped = 0.0;
-  R8 dOwn = 0.0;
-  if (!Parse(sNumber, dTyped) || !Parse_Kind(sNumber, rule.iKind, dOwn)) return iErrFieldBad;
-  if (dTyped < rule.dLow || dTyped > rule.dHigh) return iErrFieldBad;
-  dValue = dOwn;
-  return iErrNone;
-}
-
-QString Range_Words(const NumberRule& rule) {
-  const bool bRange = std::isfinite(rule.dLow) && std::isfinite(rule.dHigh);
-  const QString sLeaves = " leaves the old value, and so does an empty field.";
-  if (!bRange) return " A text that is no number" + sLeaves;
-  return QString(" Range: %1 to %2. A text that is no number or out of range")
-             .arg(Shortest(rule.dLow).c_str(), Shortest(rule.dHigh).c_str()) +
-         sLeaves;
-}
-
 void Mark_Bad(QWidget* hWidget, bool bBad) {
   auto* hFrame = hWidget->findChild<QWidget*>("redFrame", Qt::FindDirectChildrenOnly);
   if (!hFrame && bBad) hFrame = new RedFrame(hWidget);
@@ -316,9 +202,7 @@ void Field_Complete(Field& hField) {
   const QString sText = Field_Text(hField);
   if (sText == hField.sComplete) return;
   hField.sComplete = sText;
-  Message hMessage;
-  hMessage.VALUE1 = hField.iField;
-  Push_Message(MessageType::Field, hMessage);
+  Push_Message({.iType = MessageType::Field, .VALUE1 = hField.iField});
 }
 
 void Field_Set_Range(Field& hField, R8 dLow, R8 dHigh) {

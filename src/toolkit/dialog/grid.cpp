@@ -8,8 +8,8 @@
 #include <QTableWidget>
 #include <algorithm>
 
-#include "toolkit/draw/last_error.h"
-#include "toolkit/window/private.h"
+#include "toolkit/dialog/private_dialog.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan {
 
@@ -21,13 +21,10 @@ namespace {
 constexpr I4 iPutRole = Qt::UserRole;        // the value
 constexpr I4 iShownRole = Qt::UserRole + 1;  // the text that it was shown as
 
-I4 Cell_Status(const QString& sText, const QVariant& hShown, const QVariant& hPut, const NumberRule& rule, R8& dValue) {
-  if (sText.isEmpty() || !hShown.isValid() || sText != hShown.toString()) return Read_Number(sText, rule, dValue);
-  dValue = hPut.toDouble();
-  return iErrNone;
+/// Whether a cell still shows the value that was put.
+bool Is_as_Put(const QString& sText, const QVariant& hShown) {
+  return !sText.isEmpty() && hShown.isValid() && sText == hShown.toString();
 }
-
-class GridTable;
 
 /// Numbers in cells: right-aligned, framed in red where they are bad, also while the user types.
 class NumberDelegate : public QStyledItemDelegate {
@@ -36,8 +33,7 @@ class NumberDelegate : public QStyledItemDelegate {
   NumberRule rule;
 
   bool Is_Bad(const QString& sText, const QModelIndex& hCell) const {
-    R8 dIgnored = 0.0;
-    return Cell_Status(sText, hCell.data(iShownRole), hCell.data(iPutRole), rule, dIgnored) == iErrFieldBad;
+    return !Is_as_Put(sText, hCell.data(iShownRole)) && Is_Bad_Number(sText, rule);
   }
 
   QWidget* createEditor(QWidget* hParent, const QStyleOptionViewItem&, const QModelIndex& hCell) const override {
@@ -84,7 +80,7 @@ class GridTable : public QTableWidget {
   }
 
  protected:
-  /// Tab in an open cell goes on to the next row; behind the last one it leaves the table.
+  /// Tab in an open cell goes on to the next row; after the last one it leaves the table.
   void closeEditor(QWidget* hEditor, QAbstractItemDelegate::EndEditHint iHint) override {
     const bool bLeaves = (iHint == QAbstractItemDelegate::EditNextItem && currentRow() == rowCount() - 1) ||
                          (iHint == QAbstractItemDelegate::EditPreviousItem && currentRow() == 0);
@@ -93,14 +89,8 @@ class GridTable : public QTableWidget {
   }
 };
 
-void Tell_Change(I4 iGrid) {
-  Message hMessage;
-  hMessage.VALUE1 = iGrid;
-  Push_Message(MessageType::Field, hMessage);
-}
-
-I4 Id_of(const QWidget* hGrid) {
-  return hGrid->objectName().mid(1).toInt();
+void Push_Change(I4 iGrid) {
+  Push_Message({.iType = MessageType::Field, .VALUE1 = iGrid});
 }
 
 GridTable* Find_Grid(I4 iGrid) {
@@ -146,7 +136,7 @@ QComboBox* New_Drop_Down(std::span<const std::string> sEntry, I4 iSelect, I4 iGr
   for (const std::string& sText : sEntry) hDropDown->addItem(To_QString(sText));
   hDropDown->setCurrentIndex(iSelect - 1);
   Ignore_Wheel(hDropDown);
-  QObject::connect(hDropDown, &QComboBox::activated, hDropDown, [iGrid] { Tell_Change(iGrid); });
+  QObject::connect(hDropDown, &QComboBox::activated, hDropDown, [iGrid] { Push_Change(iGrid); });
   return hDropDown;
 }
 
@@ -164,7 +154,8 @@ QWidget* New_Grid(QWidget* hParent) {
   hGrid->setSelectionMode(QAbstractItemView::SingleSelection);
   hGrid->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked |
                          QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
-  QObject::connect(hGrid, &QTableWidget::cellChanged, hGrid, [hGrid] { Tell_Change(Id_of(hGrid)); });
+  QObject::connect(hGrid, &QTableWidget::cellChanged, hGrid,
+                   [hGrid] { Push_Change(hGrid->objectName().mid(1).toInt()); });
   return hGrid;
 }
 
@@ -176,16 +167,6 @@ void Grid_Complete(QWidget* hGrid) {
 
 void WGridRows(I4 iGrid, I4 NRow) {
   if (GridTable* hGrid = Find_Grid(iGrid)) hGrid->setRowCount(std::max(NRow, 0));
-}
-
-void WGridLabelRow(I4 iGrid, I4 iRow, std::string_view sLabel) {
-  if (GridTable* hGrid = Find_Grid(iGrid))
-    hGrid->setVerticalHeaderItem(iRow - 1, new QTableWidgetItem(To_QString(sLabel)));
-}
-
-void WGridLabelColumn(I4 iGrid, I4 iColumn, std::string_view sLabel) {
-  if (GridTable* hGrid = Find_Column(iGrid, iColumn))
-    hGrid->setHorizontalHeaderItem(iColumn - 1, new QTableWidgetItem(To_QString(sLabel)));
 }
 
 void WGridRangeReal(I4 iGrid, I4 iColumn, R8 dLow, R8 dHigh) {
@@ -232,31 +213,28 @@ void WGridPutMenu(I4 iGrid, I4 iColumn, std::span<const std::string> sEntry, std
   }
 }
 
-void WGridGetReal(I4 iGrid, I4 iColumn, std::span<R4> fValue) {
+std::vector<std::optional<R4>> WGridGetReal(I4 iGrid, I4 iColumn) {
+  std::vector<std::optional<R4>> fValue;
   GridTable* hGrid = Find_Column(iGrid, iColumn);
-  if (!hGrid) return;
+  if (!hGrid) return fValue;
   const NumberRule& rule = hGrid->Number_Column(iColumn - 1)->rule;
-  for (I4 iRow = 0; iRow < Rows(*hGrid, fValue); ++iRow) {
+  for (I4 iRow = 0; iRow < hGrid->rowCount(); ++iRow) {
     const QTableWidgetItem* hItem = Cell(*hGrid, iRow, iColumn - 1);
-    R8 dValue = 0.0;
-    const I4 iStatus = Cell_Status(hItem->text(), hItem->data(iShownRole), hItem->data(iPutRole), rule, dValue);
-    if (iStatus == iErrNone)
-      fValue[static_cast<std::size_t>(iRow)] = static_cast<R4>(dValue);
-    else
-      Set_Error(iStatus);
+    const bool bAsPut = Is_as_Put(hItem->text(), hItem->data(iShownRole));
+    const auto dRead = bAsPut ? hItem->data(iPutRole).toDouble() : Read_Number(hItem->text(), rule);
+    fValue.push_back(dRead ? std::optional(static_cast<R4>(*dRead)) : std::nullopt);
   }
+  return fValue;
 }
 
-void WGridGetMenu(I4 iGrid, I4 iColumn, std::span<I4> iSelect) {
+std::vector<I4> WGridGetMenu(I4 iGrid, I4 iColumn) {
+  std::vector<I4> iSelect;
   GridTable* hGrid = Find_Column(iGrid, iColumn);
-  if (!hGrid) return;
-  for (I4 iRow = 0; iRow < Rows(*hGrid, iSelect); ++iRow) {
+  for (I4 iRow = 0; hGrid && iRow < hGrid->rowCount(); ++iRow) {
     const auto* hDropDown = qobject_cast<QComboBox*>(hGrid->cellWidget(iRow, iColumn - 1));
-    if (hDropDown && hDropDown->currentIndex() >= 0)
-      iSelect[static_cast<std::size_t>(iRow)] = hDropDown->currentIndex() + 1;
-    else
-      Set_Error(iErrFieldEmpty);
+    iSelect.push_back(hDropDown ? hDropDown->currentIndex() + 1 : 0);
   }
+  return iSelect;
 }
 
 }  // namespace quillan

@@ -1,20 +1,22 @@
 // grid.h: tables in dialogs. Rows and columns are counted from 1; a whole column is put and read at once.
 //
-// Numbers follow the rules of the fields in dialog.h: exact read-back, empty where a value is missing, a red mark
-// and an error where a text is no number or out of range.
+// Numbers follow the rules of the fields in dialog.h: exact read-back, empty where a value is missing, a red mark where
+// a text is no number or out of range. A grid or column that is not there sets the error status.
 #pragma once
 
+#include <algorithm>
+#include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "base/edit_form.h"
 #include "base/types.h"
+#include "toolkit/draw/last_error.h"
 
 namespace quillan {
 
 void WGridRows(I4 iGrid, I4 NRow);
-void WGridLabelRow(I4 iGrid, I4 iRow, std::string_view sLabel);
-void WGridLabelColumn(I4 iGrid, I4 iColumn, std::string_view sLabel);
 /// Limits of the numbers in a column.
 void WGridRangeReal(I4 iGrid, I4 iColumn, R8 dLow, R8 dHigh);
 
@@ -22,8 +24,25 @@ void WGridPutString(I4 iGrid, I4 iColumn, std::span<const std::string> sText);
 void WGridPutReal(I4 iGrid, I4 iColumn, std::span<const R4> fValue, const EditForm& form);
 void WGridPutMenu(I4 iGrid, I4 iColumn, std::span<const std::string> sEntry, std::span<const I4> iSelect);
 
-/// A cell that is empty or bad leaves its element as it is and sets the error status.
-void WGridGetReal(I4 iGrid, I4 iColumn, std::span<R4> fValue);
-void WGridGetMenu(I4 iGrid, I4 iColumn, std::span<I4> iSelect);
+/// The cells of a column from the first row on; nothing where one is empty or bad.
+[[nodiscard]] std::vector<std::optional<R4>> WGridGetReal(I4 iGrid, I4 iColumn);
+/// The entries chosen, counted from 1; 0 where none is.
+[[nodiscard]] std::vector<I4> WGridGetMenu(I4 iGrid, I4 iColumn);
+
+// Old forms; they go when the last caller has changed.
+inline void WGridGetReal(I4 iGrid, I4 iColumn, std::span<R4> fValue) {
+  const auto fRead = WGridGetReal(iGrid, iColumn);
+  for (std::size_t I = 0; I < std::min(fRead.size(), fValue.size()); ++I) {
+    if (fRead[I])
+      fValue[I] = *fRead[I];
+    else
+      toolkit::Set_Error(iErrFieldBad);
+  }
+}
+inline void WGridGetMenu(I4 iGrid, I4 iColumn, std::span<I4> iSelect) {
+  const auto iRead = WGridGetMenu(iGrid, iColumn);
+  for (std::size_t I = 0; I < std::min(iRead.size(), iSelect.size()); ++I)
+    if (iRead[I] > 0) iSelect[I] = iRead[I];
+}
 
 }  // namespace quillan

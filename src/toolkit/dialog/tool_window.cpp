@@ -11,15 +11,18 @@
 #include <QScreen>
 #include <QWheelEvent>
 
-#include "toolkit/window/private.h"
+#include "toolkit/dialog/private_dialog.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan::toolkit {
 namespace {
 
-// Where the user has put the tool windows, by dialog. ToolWatch fills it, Forget_Places empties it.
-std::map<I4, QPoint> hUserPlace;
-
 constexpr I4 NMsecSettle = 500;  // in which a window system gives a new window its final place
+
+/// The property of the main window that keeps where the user has put a dialog: as long as the window is open.
+QByteArray Place_Name(const DialogRecord& hDialog) {
+  return "place" + QByteArray::number(hDialog.iDialog);
+}
 
 bool Is_Tool_on_Show(const DialogRecord& hDialog) {
   return hDialog.iMode == iShowTool && hDialog.hWindow && hDialog.hWindow->isVisible();
@@ -65,8 +68,8 @@ class ToolWatch : public QObject {
         if (bWindow) hSinceShown.start();
         return false;
       case QEvent::Move:
-        if (bWindow && hDialog.hWindow->isVisible() && hSinceShown.hasExpired(NMsecSettle))
-          hUserPlace[hDialog.iDialog] = hDialog.hWindow->pos();
+        if (bWindow && hDialog.hWindow->isVisible() && hSinceShown.hasExpired(NMsecSettle) && Main_Window())
+          Main_Window()->setProperty(Place_Name(hDialog), hDialog.hWindow->pos());
         return false;
       default: return false;
     }
@@ -95,7 +98,7 @@ class ToolWatch : public QObject {
   }
 
   DialogRecord& hDialog;
-  const QObject* const hWindow;  // only told apart by: events come while it is being deleted, too
+  const QObject* const hWindow;  // only compared: events come while it is being deleted, too
   QElapsedTimer hSinceShown;
   bool bEntered = false;  // a field has just got the focus
 };
@@ -128,11 +131,11 @@ void Prepare(DialogRecord& hDialog) {
 
 void Place_Tool(const DialogRecord& hDialog, I4 iX, I4 iY) {
   QDialog& hTool = *hDialog.hWindow;
-  const auto hUser = hUserPlace.find(hDialog.iDialog);
-  if (hUser != hUserPlace.end() && QGuiApplication::screenAt(hUser->second)) return hTool.move(hUser->second);
   const QWidget* hMain = Main_Window();
   const QWidget* hArea = Drawing_Area();
   if (!hMain || !hArea) return Place(hTool, hTool.screen()->geometry(), iX, iY);
+  const QVariant hUser = hMain->property(Place_Name(hDialog));
+  if (hUser.isValid() && QGuiApplication::screenAt(hUser.toPoint())) return hTool.move(hUser.toPoint());
   // The caller knows the width without the frame, which will be much like that of the main window.
   const I4 NFrame = hMain->frameGeometry().width() - hMain->width();
   Place(hTool, QRect(hArea->mapToGlobal(QPoint()), hArea->size()), iX == iCentred ? iX : iX - NFrame, iY);
@@ -164,10 +167,6 @@ void Focus_Plot() {
     if (QWidget* hFocus = hDialog->hWindow->focusWidget()) hFocus->clearFocus();
     if (QApplication::activeWindow() == hDialog->hWindow && Main_Window()) Main_Window()->activateWindow();
   }
-}
-
-void Forget_Places() {
-  hUserPlace.clear();
 }
 
 }  // namespace quillan::toolkit

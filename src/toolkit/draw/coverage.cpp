@@ -35,7 +35,7 @@ struct Coverage::Steps {
   I2 iReach;
 };
 
-/// The first of eight pixels: how far before the start of the line, behind its end, and beside it, in parts.
+/// The first of eight pixels: how far before the start of the line, after its end, and beside it, in parts.
 struct Coverage::First {
   I2 iBefore, iAfter, iAcross;
 };
@@ -209,7 +209,7 @@ void Coverage::Use(const PixelBox& hBox) {
 
 namespace {
 
-/// Paints a row and empties it. Behind the last pixel of the image there is room for more.
+/// Paints a row and empties it. After the last pixel of the image there is room for more.
 void Paint_Row(I2* iRow, I4 NPixel, std::uint32_t* iPixel, std::uint32_t iColour) {
   constexpr I4 NFour = 4;
   for (I4 I = 0; I < NPixel; I += NFour) {

@@ -11,10 +11,11 @@
 // with a coordinate that is not finite is left out.
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "base/types.h"
-#include "toolkit/window/ids.h"
+#include "toolkit/draw/last_error.h"
 
 namespace quillan {
 
@@ -45,14 +46,13 @@ class GraphicsKeeper {
   GraphicsKeeper& operator=(const GraphicsKeeper&) = delete;
 
  private:
-  GraphicsState* hKept;
+  std::unique_ptr<GraphicsState> hKept;
 };
 
-/// Clears the whole drawing area, or the area in use, to white.
+/// Clears the whole drawing area to white.
 void WindowClear();
-void IGrAreaClear();
 
-/// Colour of what follows: "BLACK", "RED", "MAGENTA", "BLUE", "GREEN", "GREY", "WHITE".
+/// Colour of what follows: "BLACK", "RED", "MAGENTA", "GREY".
 void IGrColour(std::string_view sName);
 /// Colour by number: red + 256 green + 65536 blue.
 void IGrColourN(I4 iColour);
@@ -69,8 +69,6 @@ void IGrLineTo(R4 fX, R4 fY);
 void IGrSegment(R4 fX1, R4 fY1, R4 fX2, R4 fY2);
 /// The outline of a rectangle.
 void IGrRectangle(R4 fX1, R4 fY1, R4 fX2, R4 fY2);
-/// The outline of the area in use.
-void IGrBorder();
 
 inline constexpr I4 iMarkerDisc = 14;  // a filled disc of half the character height
 /// A marker, left out when its centre is clipped away.
@@ -96,13 +94,24 @@ R4 WGrTextLength(std::string_view sText);
 /// Brings what is collected into the image.
 void IGrFlush();
 
-/// Selectors iCharWidth, iCharHeight, iUnit... of ids.h.
+// Selectors of InfoGraphics, in graphics units; for units falling, Min lies above Max.
+inline constexpr I4 iCharWidth = 3;
+inline constexpr I4 iCharHeight = 4;
+inline constexpr I4 iUnitXMin = 11;
+inline constexpr I4 iUnitYMin = 12;
+inline constexpr I4 iUnitXMax = 13;
+inline constexpr I4 iUnitYMax = 14;
 R4 InfoGraphics(I4 iSelect);
-R4 WInfoGrReal(I4 iSelect);
-/// Pixels from the upper left corner of the drawing area (or picture) for a position in graphics units.
-void IGrUnitsToPixels(R4 fX, R4 fY, I4& iX, I4& iY);
+inline R4 WInfoGrReal(I4 iSelect) {
+  return InfoGraphics(iSelect);
+}
 /// Size of a pixel, in a file of 1/96 inch, in graphics units.
-void IGrPixelSize(R4& fDX, R4& fDY);
 [[nodiscard]] GrPoint IGrPixelSize();
+
+// Old forms; they go when the last caller has changed.
+inline void IGrPixelSize(R4& fDX, R4& fDY) {
+  const GrPoint h = IGrPixelSize();
+  fDX = h.fX, fDY = h.fY;
+}
 
 }  // namespace quillan

@@ -8,7 +8,6 @@
 #include "platform/safe_file.h"
 #include "toolkit/draw/last_error.h"
 #include "toolkit/draw/private_draw.h"
-#include "toolkit/window/private.h"
 
 namespace quillan {
 
@@ -90,21 +89,18 @@ void IGrHardCopy(std::string_view sPath) {
   Enter_Picture(hHardcopy.iDriver == HardCopyDriver::Png ? Open_Png(h) : Open_Metafile(h));
 }
 
-void IGrHardCopyEnd(bool& bDone) {
-  bDone = false;
-  if (!hHardcopy.hOpen) return Set_Error(iErrBadArgument);
+bool IGrHardCopyEnd() {
+  if (!hHardcopy.hOpen) {
+    Set_Error(iErrBadArgument);
+    return false;
+  }
   Leave_Picture();
   SafeFile& hFile = hHardcopy.hOpen->hFile;
   if (!hFile.Has_Failed()) hFile.Write(File_Bytes(*hHardcopy.hOpen));
   hFile.Commit();
-  bDone = !hFile.Has_Failed();
+  const bool bDone = !hFile.Has_Failed();
   if (!bDone) Set_Error(iErrFile);
   hHardcopy.hOpen.reset();
-}
-
-bool IGrHardCopyEnd() {
-  bool bDone = false;
-  IGrHardCopyEnd(bDone);
   return bDone;
 }
 

@@ -20,9 +20,12 @@ void IGrHardCopySize(I4 NWidth, I4 NHeight);
 
 /// Opens a hardcopy; a failure sets the error status, and drawing then goes nowhere until IGrHardCopyEnd.
 void IGrHardCopy(std::string_view sPath);
-/// Closes it and puts the file in its place; a failure sets the error status iErrFile. bDone: whether the file is
-/// there.
-void IGrHardCopyEnd(bool& bDone);
-bool IGrHardCopyEnd();
+/// Closes it and puts the file in its place. False, with the error status iErrFile set, when the file is not there.
+[[nodiscard]] bool IGrHardCopyEnd();
+
+// Old forms; they go when the last caller has changed.
+inline void IGrHardCopyEnd(bool& bDone) {
+  bDone = IGrHardCopyEnd();
+}
 
 }  // namespace quillan

@@ -23,7 +23,6 @@ constexpr ErrorWords hErrorWords[] = {
     {iErrNone,        "No error"                                      },
     {iErrNoDialog,    "There is no such dialog, or none is current"   },
     {iErrNoField,     "The dialog has no such field"                  },
-    {iErrFieldEmpty,  "The field is empty"                            },
     {iErrFieldBad,    "The field holds no number, or one out of range"},
     {iErrFile,        "A file could not be read or written"           },
     {iErrNoWindow,    "There is no window to draw on"                 },

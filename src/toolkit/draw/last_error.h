@@ -12,8 +12,7 @@ namespace quillan {
 inline constexpr I4 iErrNone = 0;
 inline constexpr I4 iErrNoDialog = 1;     // no such dialog, or none is current
 inline constexpr I4 iErrNoField = 2;      // the current dialog has no such field
-inline constexpr I4 iErrFieldEmpty = 3;   // the field holds nothing
-inline constexpr I4 iErrFieldBad = 4;     // the field's text is no number or out of range
+inline constexpr I4 iErrFieldBad = 4;     // a field or cell is empty, no number or out of range
 inline constexpr I4 iErrFile = 5;         // a file could not be read or written
 inline constexpr I4 iErrNoWindow = 6;     // there is no window to draw on
 inline constexpr I4 iErrBadArgument = 7;  // a call made no sense

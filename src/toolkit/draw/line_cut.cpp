@@ -52,7 +52,8 @@ bool toolkit::Clip_Line(QLineF& hLine, const QRectF& hClip) {
   return true;
 }
 
-void toolkit::Cut_Dashes(std::span<const QLineF> hLine, R8 dDash, R8 dGap, std::vector<QLineF>& hDash) {
+std::vector<QLineF> toolkit::Dashes_of(std::span<const QLineF> hLine, R8 dDash, R8 dGap) {
+  std::vector<QLineF> hDash;
   const R8 dPeriod = dDash + dGap;
   R8 dPhase = 0.0;  // how far into the pattern the line begins
   QPointF hLast;
@@ -67,6 +68,7 @@ void toolkit::Cut_Dashes(std::span<const QLineF> hLine, R8 dDash, R8 dGap, std::
     }
     dPhase = std::fmod(dPhase + dLength, dPeriod);
   }
+  return hDash;
 }
 
 }  // namespace quillan

@@ -117,7 +117,7 @@ void Metafile::Use(Kind iKind, std::uint16_t iFunction, const Words& hParameter)
   hSelected[iKind] = iObject;
 }
 
-/// Behind letters the plot shows; some readers let it show through filled shapes as well.
+/// The plot shows through between letters; some readers let it show through filled shapes as well.
 void Metafile::Use_Background(std::uint16_t iMode) {
   if (iMode != iBackground) Record(iSetBkMode, {iMode});
   iBackground = iMode;

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "toolkit/draw/private_draw.h"
-#include "toolkit/window/private.h"
 
 namespace quillan {
 

@@ -40,13 +40,10 @@ void IPgTitle(std::string_view sTitle, R4 fRise);
 void IPgXLabel(std::string_view sLabel);
 void IPgYLabelLeft(std::string_view sLabel, R4 fPlace);
 
-/// Ticks and numbers of the X axis along the lower edge, and ticks alone along the upper edge. Letters of sStyle: T
+/// Ticks and numbers of the X axis along the lower edge, and of the Y axis along the left one. Letters of sStyle: T
 /// ticks outward, I ticks inward, N numbers.
 void IPgXScale(std::string_view sStyle);
-void IPgXScaleTop(std::string_view sStyle);
-/// The same for Y on the left and on the right edge.
 void IPgYScaleLeft(std::string_view sStyle);
-void IPgYScaleRight(std::string_view sStyle);
 /// Ticks of the Y axis on the left at positions given by the caller, with their texts. The letter I draws the ticks
 /// inward, T outward. A text that would collide with the one before it is left out; its tick stays.
 void IPgYUserScale(std::span<const R4> fYTick, std::span<const std::string> sYTick, std::string_view sStyle);
@@ -56,8 +53,6 @@ void IPgJoin2(R4 fX1, R4 fY1, R4 fX2, R4 fY2);
 void IPgMarker(R4 fX, R4 fY, I4 iMarker);
 
 /// Between plot units and graphics units. On a logarithmic axis a value at or below 0 gives not-a-number.
-void IPgUnitsToGrUnits(R4 fXPg, R4 fYPg, R4& fXGr, R4& fYGr);
-void IPgUnitsFromGrUnits(R4 fXGr, R4 fYGr, R4& fXPg, R4& fYPg);
 [[nodiscard]] GrPoint IPgUnitsToGrUnits(R4 fXPg, R4 fYPg);
 [[nodiscard]] GrPoint IPgUnitsFromGrUnits(R4 fXGr, R4 fYGr);
 
@@ -80,5 +75,15 @@ struct Tick {
 /// Ticks of a linear and of a logarithmic axis over a range, at most about MMajor major ones.
 std::vector<Tick> Linear_Ticks(R8 dLow, R8 dHigh, I4 MMajor);
 std::vector<Tick> Logarithmic_Ticks(R8 dLow, R8 dHigh, I4 MMajor);
+
+// Old forms; they go when the last caller has changed.
+inline void IPgUnitsToGrUnits(R4 fXPg, R4 fYPg, R4& fXGr, R4& fYGr) {
+  const GrPoint h = IPgUnitsToGrUnits(fXPg, fYPg);
+  fXGr = h.fX, fYGr = h.fY;
+}
+inline void IPgUnitsFromGrUnits(R4 fXGr, R4 fYGr, R4& fXPg, R4& fYPg) {
+  const GrPoint h = IPgUnitsFromGrUnits(fXGr, fYGr);
+  fXPg = h.fX, fYPg = h.fY;
+}
 
 }  // namespace quillan

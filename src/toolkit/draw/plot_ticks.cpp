@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "base/array.h"
-#include "toolkit/draw/plot_range.h"
+#include "toolkit/draw/private_plot.h"
 
 namespace quillan {
 
@@ -91,7 +91,7 @@ Multiples Decades(PlotRange hRange) {
   return Multiples({std::log10(hRange.dLow), std::log10(hRange.dHigh)}, 1.0);
 }
 
-/// 1 to 9 of each decade within a range; bMajor tells the major ones of them.
+/// 1 to 9 of each decade within a range; bMajor: whether a digit is a major one.
 std::vector<Tick> Digit_Ticks(PlotRange hRange, bool (*bMajor)(I4 iDigit)) {
   std::vector<Tick> hTick;
   const Multiples hDecade = Decades(hRange);

@@ -2,8 +2,8 @@
 // primitives.
 //
 // draw.cpp turns graphics units into pixels of the picture (from its upper left corner, downward), clips and collects
-// lines, cuts dashes and places text; a back end draws what is left: solid lines, filled rectangles, discs, letters.
-// Coordinates that reach it lie in the picture, apart from the starts of text.
+// lines and cuts dashes, draw_text.cpp places text; a back end draws what is left: solid lines, filled rectangles,
+// discs, letters. Coordinates that reach it lie in the picture, apart from the starts of text.
 #pragma once
 
 #include <QColor>
@@ -25,8 +25,25 @@
 
 class QImage;
 class QPainter;
+class QWidget;
 
 namespace quillan::toolkit {
+
+// Text is bytes: UTF-8 where it is well formed, else Latin-1 (draw_text.cpp).
+QString To_QString(std::string_view sBytes);
+std::string To_Bytes(const QString& sText);
+
+// The screen (screen.cpp).
+/// The widget that shows what is drawn; null when no window is open. The window hands it over.
+QWidget* Drawing_Area();
+void Use_Drawing_Area(QWidget* hArea);
+/// The backing image of the drawing area, of its size at the screen's pixel ratio. Resize stretches what is drawn.
+QImage& Backing_Image();
+void Resize_Backing_Image();
+void Drop_Backing_Image();
+/// A position in the drawing area: pixels from its upper left corner to the graphics units in force, and back.
+QPointF Pixels_to_Units(QPointF hPixel);
+QPointF Units_to_Pixels(QPointF hUnit);
 
 struct Pen {
   QRgb iColour = 0xFF000000;
@@ -102,8 +119,8 @@ class Metafile : public BackEnd {
 bool Holds(const QRectF& hClip, QPointF hPoint);
 /// The part of a line inside a rectangle; false: there is none, or a coordinate is not finite.
 bool Clip_Line(QLineF& hLine, const QRectF& hClip);
-/// Cuts lines into dashes and puts them behind hDash. The pattern runs on through a continuation.
-void Cut_Dashes(std::span<const QLineF> hLine, R8 dDash, R8 dGap, std::vector<QLineF>& hDash);
+/// The dashes of lines. The pattern runs on through a continuation.
+std::vector<QLineF> Dashes_of(std::span<const QLineF> hLine, R8 dDash, R8 dGap);
 
 /// Rubber bands over the drawing area, in its pixels (overlay.cpp).
 struct OverlayShape {
@@ -117,7 +134,7 @@ void Clear_Overlay();
 /// Paints what is in the overlay; the paint event calls it after the image.
 void Paint_Overlay(QPainter& hPainter);
 
-/// Where drawing goes (draw.cpp).
+/// Where drawing goes (screen.cpp).
 struct Canvas {
   BackEnd* hBackEnd = nullptr;  // null: nowhere
   QSizeF hSize;                 // of the picture, in its pixels

@@ -1,12 +1,13 @@
 #include "toolkit/script/script.h"
 
-#include <QDialog>
 #include <QFile>
 #include <algorithm>
 #include <iostream>
 #include <utility>
 
-#include "toolkit/window/private.h"
+#include "toolkit/script/private_script.h"
+#include "toolkit/window/private_window.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 
@@ -15,7 +16,6 @@ using namespace toolkit;
 namespace {
 
 enum class Phase {
-  None,     // no script
   Playing,  // steps are left
   Closing,  // the steps are at their end: the program is asked to end
   Failed    // a step did not fit: whatever waits is cancelled until the program ends
@@ -23,7 +23,7 @@ enum class Phase {
 
 // The script of the run. Script_Load fills it.
 struct Script {
-  Phase iPhase = Phase::None;
+  Phase iPhase = Phase::Playing;
   std::string sPath;
   std::vector<ScriptStep> hStep;
   std::size_t NPlayed = 0;
@@ -86,7 +86,7 @@ void Play_Next() {
 }
 
 void Ask_to_End() {
-  if (!Waits_First()) return Push_Message(MessageType::Close, {});
+  if (!Waits_First()) return Push_Message({.iType = MessageType::Close});
   const I4 iLine = hScript.hStep.empty() ? 1 : hScript.hStep.back().iLine;
   Fail_at(iLine, "the steps are at their end, and " + What_Waits() + " waits for an answer");
 }
@@ -95,28 +95,35 @@ void Cancel_and_End() {
   if (QDialog* hFirst = Waits_First())
     hFirst->reject();
   else
-    Push_Message(MessageType::Close, {});
+    Push_Message({.iType = MessageType::Close});
+}
+
+/// Carries out the next step, when all events are handled. At the end of the steps it sends the close request. After a
+/// step that failed it cancels whatever waits.
+void Play_Step() {
+  switch (hScript.iPhase) {
+    case Phase::Playing: return Play_Next();
+    case Phase::Closing: return Ask_to_End();
+    case Phase::Failed: return Cancel_and_End();
+  }
 }
 
 }  // namespace
 
-void toolkit::Script_Load(std::string_view sPath) {
+void Script_Load(std::string_view sPath) {
   hScript = {};
+  hPlayStep = sPath.empty() ? nullptr : Play_Step;
   if (sPath.empty()) return;
   hScript.sPath = sPath;
   QFile hFile(QFile::decodeName(hScript.sPath.c_str()));
   if (!hFile.open(QIODevice::ReadOnly)) return Fail(hScript.sPath + ": the script cannot be read");
   hScript.hStep = Script_Parse(hFile.readAll().toStdString());
-  hScript.iPhase = hScript.hStep.empty() ? Phase::Closing : Phase::Playing;
+  if (hScript.hStep.empty()) hScript.iPhase = Phase::Closing;
 }
 
-void toolkit::Script_Play_Step() {
-  switch (hScript.iPhase) {
-    case Phase::None: return;
-    case Phase::Playing: return Play_Next();
-    case Phase::Closing: return Ask_to_End();
-    case Phase::Failed: return Cancel_and_End();
-  }
+void WInitialise(int argc, char** argv, std::string_view sScript) {
+  Script_Load(sScript);
+  WInitialise(argc, argv);
 }
 
 std::vector<ScriptStep> Script_Parse(std::string_view sText) {
@@ -134,7 +141,7 @@ std::vector<ScriptStep> Script_Parse(std::string_view sText) {
 }
 
 bool Script_Is_Playing() {
-  return hScript.iPhase != Phase::None;
+  return hPlayStep != nullptr;
 }
 
 I4 Script_Exit_Status() {

@@ -20,6 +20,9 @@ struct ScriptStep {
 /// Cuts the text of a script into its steps.
 std::vector<ScriptStep> Script_Parse(std::string_view sText);
 
+/// Reads a script, which then plays; a blank path: none does. To be called before WInitialise.
+void Script_Load(std::string_view sPath);
+
 /// Whether a script is being played.
 bool Script_Is_Playing();
 

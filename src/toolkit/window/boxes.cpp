@@ -5,12 +5,11 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 #include "base/program.h"
-#include "toolkit/draw/last_error.h"
-#include "toolkit/script/script.h"
-#include "toolkit/window/private.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan {
 
@@ -20,9 +19,8 @@ namespace {
 
 QPointer<QMessageBox> hOpenBox;
 QPointer<QFileDialog> hOpenFile;
-I4 iBoxExit = iAnswerNo;
 bool bBoxQuiet = false;
-QString sScriptFile;  // the choice of a script; blank: the user's own
+QString sScriptFile;  // the choice of Choose_File; blank: what the dialog itself gives
 
 /// A box that is gone when it is no longer waited for, whichever way that ends.
 template <class Box>
@@ -55,7 +53,7 @@ constexpr QMessageBox::Icon hBoxIcon[] = {
 
 constexpr qsizetype MWord = 80;  // characters that fit in a row of a box
 
-/// A path that is longer than a row may be broken behind its separators and, at the worst, anywhere.
+/// A path that is longer than a row may be broken after its separators and, at the worst, anywhere.
 QString With_Breaks(const QString& sWord) {
   if (sWord.size() <= MWord) return sWord;
   QString sBroken;
@@ -87,7 +85,7 @@ QString Box_Title(std::string_view sTitle) {
 
 QMessageBox* New_Box(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle) {
   const BoxRow& hRow = hBoxRow[static_cast<std::size_t>(iButtons)];
-  auto* hBox = new QMessageBox(Box_Parent());
+  auto* hBox = new QMessageBox(Front_Window());
   hBox->setIcon(hBoxIcon[static_cast<std::size_t>(iIcon)]);
   hBox->setWindowTitle(Box_Title(sTitle));
   hBox->setTextFormat(Qt::PlainText);
@@ -141,15 +139,11 @@ QString First_Suffix(std::string_view sFilter) {
   return sPatterns.startsWith("*.") ? sPatterns.mid(2).trimmed() : QString();
 }
 
-/// The platform's own dialog can neither be played by a script nor be shown without a screen.
-bool Takes_Own_Dialog() {
-  return Script_Is_Playing() || QGuiApplication::platformName() == "offscreen";
-}
-
 QFileDialog* New_File_Dialog(std::string_view sFilter, I4 iFlags, std::string_view sFile, std::string_view sTitle) {
-  auto* hDialog = new QFileDialog(Box_Parent(), Box_Title(sTitle), QDir::currentPath());
+  auto* hDialog = new QFileDialog(Front_Window(), Box_Title(sTitle), QDir::currentPath());
   const bool bSave = iFlags == iSelectSave;
-  hDialog->setOption(QFileDialog::DontUseNativeDialog, Takes_Own_Dialog());
+  // The platform's own dialog can neither be played by a script nor be shown without a screen.
+  hDialog->setOption(QFileDialog::DontUseNativeDialog, hPlayStep || QGuiApplication::platformName() == "offscreen");
   hDialog->setOption(QFileDialog::HideNameFilterDetails);  // the words name the patterns
   hDialog->setAcceptMode(bSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   hDialog->setFileMode(bSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
@@ -166,61 +160,18 @@ QFileDialog* New_File_Dialog(std::string_view sFilter, I4 iFlags, std::string_vi
 
 }  // namespace
 
-namespace toolkit {
-
-QMessageBox* Open_Box() {
+QMessageBox* toolkit::Open_Box() {
   return hOpenBox;
 }
 
-QFileDialog* Open_File_Dialog() {
+QFileDialog* toolkit::Open_File_Dialog() {
   return hOpenFile;
 }
 
-I4 Box_Exit() {
-  return iBoxExit;
+void toolkit::Choose_File(const QString& sPath) {
+  sScriptFile = sPath;
+  static_cast<QDialog&>(*hOpenFile).done(QDialog::Accepted);
 }
-
-std::string Box_Answer(std::string_view sAnswer) {
-  struct AnswerRow {
-    std::string_view sAnswer;
-    QMessageBox::StandardButton iButton;
-  };
-  constexpr AnswerRow hRow[] = {
-      {"ok",     QMessageBox::Ok    },
-      {"cancel", QMessageBox::Cancel},
-      {"yes",    QMessageBox::Yes   },
-      {"no",     QMessageBox::No    }
-  };
-  if (!hOpenBox) return "no message box is open";
-  for (const AnswerRow& row : hRow) {
-    if (row.sAnswer != sAnswer) continue;
-    QAbstractButton* hButton = hOpenBox->button(row.iButton);
-    if (!hButton) return "the message box has no button " + std::string(sAnswer);
-    hButton->click();
-    return "";
-  }
-  return "an answer is ok, cancel, yes or no, not " + std::string(sAnswer);
-}
-
-std::string File_Dialog_Answer(std::string_view sPath) {
-  if (!hOpenFile) return "no file dialog is open";
-  QDialog& hDialog = *hOpenFile;
-  if (sPath == "cancel") {
-    hDialog.reject();
-    return "";
-  }
-  const QFileInfo hFile(QDir::cleanPath(QDir::current().absoluteFilePath(To_QString(sPath))));
-  const bool bSave = hOpenFile->acceptMode() == QFileDialog::AcceptSave;
-  if (hFile.isDir()) return std::string(sPath) + " is a folder";
-  if (!bSave && !hFile.exists()) return "there is no file " + std::string(sPath);
-  sScriptFile = hFile.filePath();
-  if (bSave && hFile.suffix().isEmpty() && !hOpenFile->defaultSuffix().isEmpty())
-    sScriptFile += '.' + hOpenFile->defaultSuffix();
-  hDialog.done(QDialog::Accepted);
-  return "";
-}
-
-}  // namespace toolkit
 
 bool WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle,
                  bool bQuietOption) {
@@ -234,34 +185,28 @@ bool WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std
   if (bQuietOption) hBox->setCheckBox(hQuiet = new QCheckBox("&Do not show further errors of this operation"));
   if (!Ask(hOpenBox, hBox)) return false;
   const auto iClicked = hBox->standardButton(hBox->clickedButton());
-  iBoxExit = iClicked == QMessageBox::Ok || iClicked == QMessageBox::Yes ? iAnswerYes : iAnswerNo;
+  const bool bYes = iClicked == QMessageBox::Ok || iClicked == QMessageBox::Yes;
+  iBoxExit = bYes ? iAnswerYes : iAnswerNo;
   if (hQuiet) bBoxQuiet = hQuiet->isChecked();
-  return iBoxExit == iAnswerYes;
+  return bYes;
 }
 
 bool WMessageBoxQuiet() {
   return bBoxQuiet;
 }
 
-void WSelectFile2(std::string_view sFilter, I4 iFlags, std::string& sFile, std::string_view sTitle) {
+std::string WSelectFile2(std::string_view sFilter, I4 iFlags, std::string_view sTitle, std::string_view sBegin) {
   iBoxExit = iAnswerNo;
   if (!qApp) {
     Set_Error(iErrNoWindow);
-    return;
+    return {};
   }
   sScriptFile.clear();
-  const Owned<QFileDialog> hDialog(New_File_Dialog(sFilter, iFlags, sFile, sTitle));
-  if (!Ask(hOpenFile, hDialog) || hDialog->result() != QDialog::Accepted) return;
+  const Owned<QFileDialog> hDialog(New_File_Dialog(sFilter, iFlags, sBegin, sTitle));
+  if (!Ask(hOpenFile, hDialog) || hDialog->result() != QDialog::Accepted) return {};
   const QString sChosen = sScriptFile.isEmpty() ? hDialog->selectedFiles().value(0) : sScriptFile;
-  if (sChosen.isEmpty()) return;
-  iBoxExit = iAnswerYes;
-  sFile = To_Bytes(sChosen);
-}
-
-std::string WSelectFile2(std::string_view sFilter, I4 iFlags, std::string_view sTitle, std::string_view sBegin) {
-  std::string sFile(sBegin);
-  WSelectFile2(sFilter, iFlags, sFile, sTitle);
-  return iBoxExit == iAnswerYes ? sFile : std::string();
+  iBoxExit = sChosen.isEmpty() ? iAnswerNo : iAnswerYes;
+  return To_Bytes(sChosen);
 }
 
 }  // namespace quillan

@@ -1,37 +1,9 @@
-// ids.h: every number that the toolkit and its callers agree on, by name: messages, keys, menus and commands,
-// dialogs and their controls, selectors of the queries.
+// ids.h: menus, commands, dialogs and their controls, by name.
 #pragma once
 
 #include "base/types.h"
-#include "toolkit/draw/last_error.h"
 
 namespace quillan {
-
-/// What WMessage reports.
-enum class MessageType : I4 {
-  None = -1,         // WMessagePeek: nothing waits
-  Key = 1,           // VALUE1: the character or a key code below
-  Menu = 2,          // VALUE1: the command
-  Button = 3,        // VALUE1: the control
-  MouseDown = 4,     // VALUE1: the mouse button; VALUE3: 0 in the main window; GX, GY; X, Y; WIN
-  MouseUp = 5,       // as MouseDown
-  MouseMove = 6,     // GX, GY; only when enabled
-  Expose = 7,        // the window must be drawn anew
-  Resize = 8,        // the window has another size
-  Close = 9,         // the user wants the window closed
-  Field = 10,        // VALUE1: a control whose edit is complete; only when enabled
-  FileDropped = 12,  // a data file was dropped on the main window; WDroppedFile tells its path
-  Timer = 13,        // VALUE1: the timer's number
-};
-
-// Keys that have no character.
-inline constexpr I4 iKeyEsc = 27;
-inline constexpr I4 iKeyEnter = 13;
-inline constexpr I4 iKeyTab = 9;
-inline constexpr I4 iKeyUp = 258;
-inline constexpr I4 iKeyDown = 259;
-inline constexpr I4 iKeyRight = 260;
-inline constexpr I4 iKeyLeft = 261;
 
 // Menus.
 inline constexpr I4 iNoMenu = 0;
@@ -65,10 +37,6 @@ inline constexpr I4 iDlgMatchLabel = 112;
 inline constexpr I4 iDlgMatchColumns = 113;
 inline constexpr I4 iDlgReviewCurve = 115;
 inline constexpr I4 iDlgReviewSection = 118;
-
-// Controls that several dialogs share.
-inline constexpr I4 iBtnContinue = 1009;
-inline constexpr I4 iBtnCancel = 1010;
 
 // Dialog 101, the rules of Auto Skip.
 inline constexpr I4 iFldTWBeg = 1002;
@@ -118,59 +86,5 @@ inline constexpr I4 iBtnFlipTransient = 1112;
 inline constexpr I4 iBtnFlipAll = 1113;
 inline constexpr I4 iBtnViewCurve = 1114;
 inline constexpr I4 iBtnViewSection = 1115;
-
-// Mouse buttons of the messages, and the wheel, which comes as a press of the extra buttons with VALUE2 = 1.
-inline constexpr I4 iMouseLeft = 1;
-inline constexpr I4 iMouseRight = 3;
-inline constexpr I4 iMouseBack = 4;
-inline constexpr I4 iMouseForward = 5;
-inline constexpr I4 iByWheel = 1;
-
-// Shapes of the pointer.
-inline constexpr I4 iCursorArrow = 0;
-inline constexpr I4 iCursorTwoWay = 8;
-inline constexpr I4 iCursorPick = 2003;
-inline constexpr I4 iCursorCorner = 2004;
-inline constexpr I4 iCursorBox = 2008;
-
-// How a dialog is shown.
-inline constexpr I4 iShowModal = 1;
-inline constexpr I4 iShowSemiModeless = 2;
-inline constexpr I4 iShowTool = 3;  // a tool window: never takes the focus, stays above the main window
-inline constexpr I4 iCentred = -1;  // for the position in x or y
-
-// Message boxes: the set of buttons, the icon, and the answers that WInfoDialog(iExitButtonCommon) gives.
-enum class BoxButtons : I4 { Ok = 0, OkCancel = 1, YesNo = 2 };
-enum class BoxIcon : I4 { None = 0, Stop = 1, Question = 2, Warning = 3, Information = 4 };
-inline constexpr I4 iAnswerNo = 0;   // No, Cancel, Esc, or the box's close button
-inline constexpr I4 iAnswerYes = 1;  // Yes or OK
-
-// Selectors of WInfoWindow.
-inline constexpr I4 iWindowWidth = 1;
-inline constexpr I4 iWindowHeight = 2;
-inline constexpr I4 iWindowDrawable = 9;  // 0: no window to draw on
-
-// Selectors of WInfoDialog.
-inline constexpr I4 iExitButton = 1;        // control that ended the last modal dialog
-inline constexpr I4 iCurrentDialog = 3;     // 0: none
-inline constexpr I4 iExitButtonCommon = 4;  // answer of the last message box or file dialog
-inline constexpr I4 iDialogWidth = 8;       // pixels
-
-// Selectors of WInfoScreen.
-inline constexpr I4 iScreenWidth = 1;
-inline constexpr I4 iScreenHeight = 2;
-
-// Selectors of InfoGraphics and WInfoGrReal, in graphics units.
-inline constexpr I4 iCharWidth = 3;
-inline constexpr I4 iCharHeight = 4;
-inline constexpr I4 iUnitXMin = 11;
-inline constexpr I4 iUnitYMin = 12;
-inline constexpr I4 iUnitXMax = 13;
-inline constexpr I4 iUnitYMax = 14;
-
-// File selection: what the flags ask for.
-inline constexpr I4 iSelectOpen = 10;       // an existing file
-inline constexpr I4 iSelectSave = 15;       // a file to write; the dialog asks before it replaces one
-inline constexpr I4 iSelectOptional = 130;  // an existing file that the user may also leave out
 
 }  // namespace quillan

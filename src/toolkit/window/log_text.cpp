@@ -93,8 +93,8 @@ void Draw_Text(const TextArea& hArea) {
 void LogText_Update() {
   if (WInfoWindow(iWindowDrawable) == 0 || WInfoWindow(iWindowWidth) <= 0 || WInfoWindow(iWindowHeight) <= 0) return;
   if (WInfoScreen(iScreenWidth) <= 0) return;
-  const R4 fXMin = WInfoGrReal(iUnitXMin), fYMin = WInfoGrReal(iUnitYMin);
-  const R4 fXMax = WInfoGrReal(iUnitXMax), fYMax = WInfoGrReal(iUnitYMax);
+  const R4 fXMin = InfoGraphics(iUnitXMin), fYMin = InfoGraphics(iUnitYMin);
+  const R4 fXMax = InfoGraphics(iUnitXMax), fYMax = InfoGraphics(iUnitYMax);
   const TextArea hArea = Text_Area();
   IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
   IGrUnits(0.0f, 0.0f, hArea.fXCMT, hArea.fYCMT);
@@ -106,10 +106,7 @@ void LogText_Update() {
 I4 Message_Check() {
   I4 iFlag = 0;
   for (;;) {
-    MessageType iType = MessageType::None;
-    Message hMessage;
-    WMessagePeek(iType, hMessage);
-    switch (iType) {
+    switch (WMessagePeek().iType) {
       case MessageType::None:
       case MessageType::Key:
       case MessageType::MouseDown: return iFlag;

@@ -13,7 +13,7 @@ namespace quillan {
 
 inline constexpr R4 fXCMScreen = 28.0f;  // cm, width of the screen that the size of the text is laid out for
 
-/// Draws the screen text anew: the newest lines that fit; a line too long for the window goes on in a second.
+/// Draws the screen text again: the newest lines that fit; a line too long for the window goes on in a second.
 void LogText_Update();
 
 /// The rows of text that a window shows, oldest first: each line cut at blanks, or at characters where a word alone is

@@ -8,9 +8,8 @@
 #include <set>
 #include <vector>
 
-#include "toolkit/draw/last_error.h"
 #include "toolkit/draw/plot_axes.h"
-#include "toolkit/window/private.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan {
 

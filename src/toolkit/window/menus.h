@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/types.h"
+#include "toolkit/window/ids.h"
 
 namespace quillan {
 

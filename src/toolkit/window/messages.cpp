@@ -15,13 +15,10 @@
 #include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
-#include <chrono>
 #include <deque>
 
 #include "toolkit/draw/draw.h"
-#include "toolkit/draw/last_error.h"
-#include "toolkit/script/script.h"
-#include "toolkit/window/private.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan {
 
@@ -29,14 +26,9 @@ using namespace toolkit;
 
 namespace {
 
-struct Waiting {
-  MessageType iType;
-  Message hMessage;
-};
-
 // What the user did and the program has not yet asked for. Push_Message fills it, WMessage takes from it.
 struct MessageQueue {
-  std::deque<Waiting> hWaiting;  // oldest first
+  std::deque<Message> hWaiting;  // oldest first
   bool bMoves = false;           // whether MouseMove messages are wanted
   bool bFields = false;          // whether Field messages are wanted
   I4 iWheelAngle = 0;            // turned, less than a step, up is positive
@@ -44,36 +36,31 @@ struct MessageQueue {
 };
 MessageQueue hQueue;
 
-const auto hStart = std::chrono::steady_clock::now();
-
-I4 Msec_Since_Start() {
-  const auto hPassed = std::chrono::steady_clock::now() - hStart;
-  return static_cast<I4>(std::chrono::duration_cast<std::chrono::milliseconds>(hPassed).count());
-}
-
 /// The waiting message that a new one takes the place of, null where there is none: one redraw serves any number of
 /// exposures, and of mouse moves in a row, or moves of one trackbar, only the last one counts.
-Waiting* Same_Waiting(MessageType iType, const Message& hMessage) {
+Message* Same_Waiting(const Message& hNew) {
   auto& hWaiting = hQueue.hWaiting;
   if (hWaiting.empty()) return nullptr;
-  Waiting& hLast = hWaiting.back();
-  switch (iType) {
-    case MessageType::MouseMove: return hLast.iType == iType ? &hLast : nullptr;
-    case MessageType::Field: return hLast.iType == iType && hLast.hMessage.VALUE1 == hMessage.VALUE1 ? &hLast : nullptr;
+  Message& hLast = hWaiting.back();
+  switch (hNew.iType) {
+    case MessageType::MouseMove: return hLast.iType == hNew.iType ? &hLast : nullptr;
+    case MessageType::Field: return hLast.iType == hNew.iType && hLast.VALUE1 == hNew.VALUE1 ? &hLast : nullptr;
     case MessageType::Expose:
     case MessageType::Resize:
     case MessageType::Close: {
-      const auto hFound = std::ranges::find(hWaiting, iType, &Waiting::iType);
+      const auto hFound = std::ranges::find(hWaiting, hNew.iType, &Message::iType);
       return hFound == hWaiting.end() ? nullptr : &*hFound;
     }
     default: return nullptr;
   }
 }
 
-void Take_Message(MessageType& iType, Message& hMessage) {
-  iType = hQueue.hWaiting.front().iType;
-  hMessage = hQueue.hWaiting.front().hMessage;
+/// The message that waits longest; of type None where none waits.
+Message Take_Message() {
+  if (hQueue.hWaiting.empty()) return {};
+  const Message hMessage = hQueue.hWaiting.front();
   hQueue.hWaiting.pop_front();
+  return hMessage;
 }
 
 constexpr struct {
@@ -102,18 +89,18 @@ I4 Key_Code(const QKeyEvent& hEvent) {
 
 I4 Button_Number(Qt::MouseButton iButton) {
   switch (iButton) {
-    case Qt::LeftButton: return 1;
-    case Qt::MiddleButton: return 2;
-    case Qt::RightButton: return 3;
-    case Qt::BackButton: return 4;
-    case Qt::ForwardButton: return 5;
+    case Qt::LeftButton: return iMouseLeft;
+    case Qt::MiddleButton: return iMouseMiddle;
+    case Qt::RightButton: return iMouseRight;
+    case Qt::BackButton: return iMouseBack;
+    case Qt::ForwardButton: return iMouseForward;
     default: return 0;
   }
 }
 
-Message At_Pixel(QPointF hPixel) {
+Message At_Pixel(MessageType iType, QPointF hPixel) {
   const QPointF hUnit = Pixels_to_Units(hPixel);
-  Message hMessage;
+  Message hMessage{.iType = iType};
   hMessage.X = qFloor(hPixel.x());
   hMessage.Y = qFloor(hPixel.y());
   hMessage.GX = static_cast<R4>(hUnit.x());
@@ -122,11 +109,11 @@ Message At_Pixel(QPointF hPixel) {
 }
 
 void On_Mouse(MessageType iType, const QMouseEvent& hEvent) {
-  Message hMessage = At_Pixel(hEvent.position());
+  Message hMessage = At_Pixel(iType, hEvent.position());
   hMessage.VALUE1 = Button_Number(hEvent.button());
   if (hMessage.VALUE1 == 0 && iType != MessageType::MouseMove) return;
-  if (iType == MessageType::MouseDown) Focus_Plot();
-  Push_Message(iType, hMessage);
+  if (iType == MessageType::MouseDown) hDialogs.Focus_Plot();
+  Push_Message(hMessage);
 }
 
 constexpr I4 NWheelStep = 120;  // angle of one step, as mice report it; trackpads report parts of it
@@ -146,26 +133,21 @@ I4 Wheel_Steps(const QWheelEvent& hEvent) {
 void Push_Wheel(Message hMessage, I4 NStep) {
   hMessage.VALUE1 = NStep > 0 ? iMouseForward : iMouseBack;
   hMessage.VALUE2 = iByWheel;
-  const auto Is_Wheel = [](const Waiting& h) {
-    return h.iType == MessageType::MouseDown && h.hMessage.VALUE2 == iByWheel;
-  };
+  const auto Is_Wheel = [](const Message& h) { return h.iType == MessageType::MouseDown && h.VALUE2 == iByWheel; };
   const auto hFound = std::ranges::find_if(hQueue.hWaiting, Is_Wheel);
-  if (hFound != hQueue.hWaiting.end() && hFound->hMessage.VALUE1 == hMessage.VALUE1) return;
+  if (hFound != hQueue.hWaiting.end() && hFound->VALUE1 == hMessage.VALUE1) return;
   std::erase_if(hQueue.hWaiting, Is_Wheel);
-  for (I4 I = 1; I <= std::abs(NStep); ++I) Push_Message(MessageType::MouseDown, hMessage);
+  for (I4 I = 1; I <= std::abs(NStep); ++I) Push_Message(hMessage);
 }
 
 void On_Size(MessageType iType) {
   Resize_Backing_Image();
-  Message hMessage;
-  hMessage.WPIX = Drawing_Area()->width();
-  hMessage.HPIX = Drawing_Area()->height();
-  Push_Message(iType, hMessage);
+  Push_Message({.iType = iType, .WPIX = Drawing_Area()->width(), .HPIX = Drawing_Area()->height()});
 }
 
 /// The data file that is dragged over the window, blank for anything else or while the program could not open it.
 QString Dragged_File(const QDropEvent& hEvent) {
-  if (!Main_Menu_Is_Ready() || Current_Dialog() || Open_Box() || Open_File_Dialog()) return {};
+  if (!Main_Menu_Is_Ready() || hDialogs.Top_Dialog() || Open_Box() || Open_File_Dialog()) return {};
   const QList<QUrl> hUrls = hEvent.mimeData()->urls();
   if (hUrls.size() != 1 || !hUrls[0].isLocalFile()) return {};
   const QString sExt = QFileInfo(hUrls[0].toLocalFile()).suffix().toLower();
@@ -178,7 +160,7 @@ void On_Drag(QDropEvent& hEvent) {
   hEvent.acceptProposedAction();
   if (hEvent.type() != QEvent::Drop) return;
   hQueue.sDropped = QFile::encodeName(sFile).toStdString();
-  Push_Message(MessageType::FileDropped, {});
+  Push_Message({.iType = MessageType::FileDropped});
 }
 
 class AreaWatch : public QObject {
@@ -212,7 +194,7 @@ class WindowWatch : public QObject {
     switch (hEvent->type()) {
       case QEvent::Close:
         hEvent->ignore();  // the program decides
-        Push_Message(MessageType::Close, {});
+        Push_Message({.iType = MessageType::Close});
         return true;
       case QEvent::StatusTip: Show_Hint(static_cast<QStatusTipEvent*>(hEvent)->tip()); return true;
       case QEvent::DragEnter:
@@ -248,25 +230,23 @@ bool toolkit::Is_Wanted(MessageType iType) {
   return iType == MessageType::MouseMove ? hQueue.bMoves : iType == MessageType::Field ? hQueue.bFields : true;
 }
 
-void toolkit::Push_Message(MessageType iType, const Message& hMessage) {
-  if (!Is_Wanted(iType)) return;
-  Waiting hNew{iType, hMessage};
-  hNew.hMessage.TIME = Msec_Since_Start();
-  if (Waiting* hSame = Same_Waiting(iType, hMessage))
-    *hSame = hNew;
+void toolkit::Push_Message(Message hMessage) {
+  if (!Is_Wanted(hMessage.iType)) return;
+  if (Message* hSame = Same_Waiting(hMessage))
+    *hSame = hMessage;
   else
-    hQueue.hWaiting.push_back(hNew);
+    hQueue.hWaiting.push_back(hMessage);
 }
 
 bool toolkit::Key_to_Plot(const QKeyEvent& hEvent) {
   const I4 iKey = Key_Code(hEvent);
   if (iKey == 0) return false;
   // Paging with a key held down ends when it is released: a repeat is dropped while the key before it still waits.
-  const bool bSame = Has_Message() && hQueue.hWaiting.back().iType == MessageType::Key &&
-                     hQueue.hWaiting.back().hMessage.VALUE1 == iKey;
+  const bool bSame = !hQueue.hWaiting.empty() && hQueue.hWaiting.back().iType == MessageType::Key &&
+                     hQueue.hWaiting.back().VALUE1 == iKey;
   if (hEvent.isAutoRepeat() && bSame) return true;
-  Complete_Edits();
-  Push_Message(MessageType::Key, {.VALUE1 = iKey});
+  hDialogs.Complete_Edits();
+  Push_Message({.iType = MessageType::Key, .VALUE1 = iKey});
   return true;
 }
 
@@ -274,8 +254,8 @@ void toolkit::Wheel_to_Plot(const QWheelEvent& hEvent) {
   if (hEvent.phase() == Qt::ScrollMomentum) return;  // the fingers have left the trackpad
   const I4 NStep = Wheel_Steps(hEvent);
   if (NStep == 0) return;
-  Complete_Edits();
-  Push_Wheel(At_Pixel(Drawing_Area()->mapFromGlobal(hEvent.globalPosition())), NStep);
+  hDialogs.Complete_Edits();
+  Push_Wheel(At_Pixel(MessageType::MouseDown, Drawing_Area()->mapFromGlobal(hEvent.globalPosition())), NStep);
 }
 
 void toolkit::Wait_Until(const std::function<bool()>& bDone) {
@@ -283,10 +263,10 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
   if (Drawing_Area()) IGrFlush();
   Suspend_Busy(true);
   while (!bDone()) {
-    if (Script_Is_Playing()) {
+    if (hPlayStep) {
       Await_Window();
       Settle();
-      if (!bDone()) Script_Play_Step();
+      if (!bDone()) hPlayStep();
     } else {
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
@@ -294,10 +274,6 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
   Suspend_Busy(false);
-}
-
-bool toolkit::Has_Message() {
-  return !hQueue.hWaiting.empty();
 }
 
 void toolkit::Drop_Messages() {
@@ -312,50 +288,27 @@ void toolkit::Watch_Window(QMainWindow* hWindow, QWidget* hArea) {
 
 void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand) {
   QObject::connect(hEntry, &QAction::triggered, hEntry, [iCommand] {
-    Focus_Plot();
-    Push_Message(MessageType::Menu, {.VALUE1 = iCommand});
+    hDialogs.Focus_Plot();
+    Push_Message({.iType = MessageType::Menu, .VALUE1 = iCommand});
   });
 }
 
-void WMessage(MessageType& iType, Message& hMessage) {
-  Wait_Until([] { return Has_Message() || !Main_Window(); });
-  if (Has_Message()) return Take_Message(iType, hMessage);
+Message WMessage() {
+  Wait_Until([] { return !hQueue.hWaiting.empty() || !Main_Window(); });
+  if (!hQueue.hWaiting.empty()) return Take_Message();
   // Without a window no message can come: a loop that waits for one must end.
   Set_Error(iErrNoWindow);
-  iType = MessageType::Close;
-  hMessage = {};
-}
-
-void WMessagePeek(MessageType& iType, Message& hMessage) {
-  if (Drawing_Area()) IGrFlush();
-  if (QCoreApplication::instance()) QCoreApplication::processEvents();
-  if (Has_Message()) return Take_Message(iType, hMessage);
-  iType = MessageType::None;
-  hMessage = {};
-}
-
-Message WMessage() {
-  Message hMessage;
-  MessageType iType = MessageType::None;
-  WMessage(iType, hMessage);
-  hMessage.iType = iType;
-  return hMessage;
+  return {.iType = MessageType::Close};
 }
 
 Message WMessagePeek() {
-  Message hMessage;
-  MessageType iType = MessageType::None;
-  WMessagePeek(iType, hMessage);
-  hMessage.iType = iType;
-  return hMessage;
+  if (Drawing_Area()) IGrFlush();
+  if (QCoreApplication::instance()) QCoreApplication::processEvents();
+  return Take_Message();
 }
 
 void WMessagePutBack(const Message& hMessage) {
-  WMessagePutBack(hMessage.iType, hMessage);
-}
-
-void WMessagePutBack(MessageType iType, const Message& hMessage) {
-  if (Main_Window()) hQueue.hWaiting.push_front({iType, hMessage});
+  if (Main_Window()) hQueue.hWaiting.push_front(hMessage);
 }
 
 void WMessageEnable(MessageType iType, bool bOn) {

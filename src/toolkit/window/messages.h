@@ -1,7 +1,8 @@
-// messages.h: what the user does, as a queue of messages that the program asks for when it is ready.
+// messages.h: what the user does, as a queue of messages that the program asks for when it is ready; boxes and the
+// choice of a file.
 //
-// All waiting of the program is here, in the modal dialogs and in the boxes of dialog.h. No code of the program
-// runs inside an event handler of the window system.
+// All waiting of the program is here and in the modal dialogs of dialog.h. No code of the program runs inside an event
+// handler of the window system.
 #pragma once
 
 #include <string>
@@ -12,41 +13,77 @@
 
 namespace quillan {
 
+/// What WMessage reports.
+enum class MessageType : I4 {
+  None = -1,         // WMessagePeek: nothing waits
+  Key = 1,           // VALUE1: the character or a key code below
+  Menu = 2,          // VALUE1: the command
+  Button = 3,        // VALUE1: the control
+  MouseDown = 4,     // VALUE1: the mouse button; VALUE3: 0 in the main window; GX, GY; X, Y
+  MouseUp = 5,       // as MouseDown
+  MouseMove = 6,     // GX, GY; only when enabled
+  Expose = 7,        // the window must be drawn again
+  Resize = 8,        // the window has another size
+  Close = 9,         // the user wants the window closed
+  Field = 10,        // VALUE1: a control whose edit is complete; only when enabled
+  FileDropped = 12,  // a data file was dropped on the main window; WDroppedFile gives its path
+  Timer = 13,        // VALUE1: the timer's number
+};
+
+// Keys that have no character.
+inline constexpr I4 iKeyEsc = 27;
+inline constexpr I4 iKeyEnter = 13;
+inline constexpr I4 iKeyTab = 9;
+inline constexpr I4 iKeyUp = 258;
+inline constexpr I4 iKeyDown = 259;
+inline constexpr I4 iKeyRight = 260;
+inline constexpr I4 iKeyLeft = 261;
+
+// Mouse buttons of the messages, and the wheel, which comes as a press of the extra buttons with VALUE2 = 1.
+inline constexpr I4 iMouseLeft = 1;
+inline constexpr I4 iMouseMiddle = 2;
+inline constexpr I4 iMouseRight = 3;
+inline constexpr I4 iMouseBack = 4;
+inline constexpr I4 iMouseForward = 5;
+inline constexpr I4 iByWheel = 1;
+
 struct Message {
   MessageType iType = MessageType::None;
-  I4 WIN = 0;                                         // window: 0 the main window
-  I4 VALUE1 = 0, VALUE2 = 0, VALUE3 = 0, VALUE4 = 0;  // by type, see MessageType
-  I4 X = 0, Y = 0;                                    // pixels in the drawing area, from its upper left corner
-  R4 GVALUE1 = 0.0f, GVALUE2 = 0.0f;
-  R4 GX = 0.0f, GY = 0.0f;                    // the same position in the graphics units in force
-  I4 TIME = 0;                                // msec since the start
-  I4 XPIX = 0, YPIX = 0, WPIX = 0, HPIX = 0;  // a rectangle of pixels: what was exposed
+  I4 VALUE1 = 0, VALUE2 = 0, VALUE3 = 0;  // by type, see MessageType
+  I4 X = 0, Y = 0;                        // pixels in the drawing area, from its upper left corner
+  R4 GX = 0.0f, GY = 0.0f;                // the same position in the graphics units in force
+  I4 WPIX = 0, HPIX = 0;                  // pixels of the drawing area, when it has another size
 };
 
 /// Waits for the next message.
-void WMessage(MessageType& iType, Message& hMessage);
+[[nodiscard]] Message WMessage();
 
-/// Takes the next message if one waits, else gives MessageType::None at once. Lets the window repaint.
-void WMessagePeek(MessageType& iType, Message& hMessage);
-
-[[nodiscard]] Message WMessage();  // the two above, the message returned with its type
+/// Takes the next message if one waits, else gives one of type None at once. Lets the window repaint.
 [[nodiscard]] Message WMessagePeek();
-void WMessagePutBack(const Message& hMessage);
 
 /// Puts a message back before all others: the next WMessage gives it again. For a routine that waits inside another
 /// loop and meets what only that loop can answer, a close request above all.
-void WMessagePutBack(MessageType iType, const Message& hMessage);
+void WMessagePutBack(const Message& hMessage);
 
 /// Turns MouseMove or Field messages on or off; both are off at the start.
 void WMessageEnable(MessageType iType, bool bOn);
 
-/// Follows the pointer with a rubber-band box from the press in hMessage until a button is released: iType MouseUp and
-/// the released corner fX2, fY2 in graphics units; or until Esc or a close request (iType Key; the close request is put
-/// back for the caller's loop). A click that was already released ends at once.
-void WGrInputBox(const Message& hMessage, R4& fX2, R4& fY2, MessageType& iType);
+/// Where a rubber-band box was released, in graphics units.
+struct InputBox {
+  R4 fX2, fY2;
+  bool bReleased;  // false: the user gave up
+};
+/// Follows the pointer with a rubber-band box from the press in hPress until a button is released, or until Esc or a
+/// close request, which is put back for the caller's loop. A click that was already released ends at once.
+[[nodiscard]] InputBox WGrInputBox(const Message& hPress);
 
-/// Shape of the pointer over the drawing area, one of iCursor... of ids.h.
+/// Shape of the pointer over the drawing area.
 void WCursorShape(I4 iShape);
+inline constexpr I4 iCursorArrow = 0;
+inline constexpr I4 iCursorTwoWay = 8;
+inline constexpr I4 iCursorPick = 2003;
+inline constexpr I4 iCursorCorner = 2004;
+inline constexpr I4 iCursorBox = 2008;
 
 /// An audible warning.
 void WindowBell();
@@ -54,20 +91,48 @@ void WindowBell();
 /// Path of the file of the last FileDropped message.
 std::string WDroppedFile();
 
-/// Asks a question in a box and waits for the answer, which WInfoDialog(iExitButtonCommon) tells. The first button
-/// is the default. bQuietOption adds the box "Do not show further errors of this operation"; WMessageBoxQuiet tells
-/// whether it was ticked in the last box that had it.
-/// True for Yes and OK.
+// Message boxes: the set of buttons and the icon.
+enum class BoxButtons : I4 { Ok = 0, OkCancel = 1, YesNo = 2 };
+enum class BoxIcon : I4 { None = 0, Stop = 1, Question = 2, Warning = 3, Information = 4 };
+
+/// Asks a question in a box and waits for the answer: true for Yes and OK, false for No, Cancel, Esc and the box's
+/// close button. The first button is the default. bQuietOption adds the box "Do not show further errors of this
+/// operation"; WMessageBoxQuiet: whether it was ticked in the last box that had it.
 bool WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle,
                  bool bQuietOption = false);
 bool WMessageBoxQuiet();
 
-/// Asks for a file. sFilter: "words|*.a;*.b|", words and patterns in turn. sFile: where to begin (a file or a
-/// folder, blank for the working folder) in, the choice out, unchanged on Cancel. WInfoDialog(iExitButtonCommon) is
-/// 1 after a choice.
-void WSelectFile2(std::string_view sFilter, I4 iFlags, std::string& sFile, std::string_view sTitle);
-/// The same: the path chosen, blank on Cancel. sBegin: where to begin.
+// File selection: what the flags ask for.
+inline constexpr I4 iSelectOpen = 10;       // an existing file
+inline constexpr I4 iSelectSave = 15;       // a file to write; the dialog asks before it replaces one
+inline constexpr I4 iSelectOptional = 130;  // an existing file that the user may also leave out
+/// Asks for a file: its path, blank on Cancel. sFilter: "words|*.a;*.b|", words and patterns in turn. sBegin: where to
+/// begin, a file or a folder, blank for the working folder.
 [[nodiscard]] std::string WSelectFile2(std::string_view sFilter, I4 iFlags, std::string_view sTitle,
                                        std::string_view sBegin);
+
+// Old forms; they go when the last caller has changed.
+inline constexpr I4 iAnswerNo = 0;  // of WInfoDialog(iExitButtonCommon)
+inline constexpr I4 iAnswerYes = 1;
+inline I4 iBoxExit = iAnswerNo;
+inline void WMessage(MessageType& iType, Message& hMessage) {
+  iType = (hMessage = WMessage()).iType;
+}
+inline void WMessagePeek(MessageType& iType, Message& hMessage) {
+  iType = (hMessage = WMessagePeek()).iType;
+}
+inline void WMessagePutBack(MessageType iType, Message hMessage) {
+  hMessage.iType = iType;
+  WMessagePutBack(hMessage);
+}
+inline void WGrInputBox(const Message& hPress, R4& fX2, R4& fY2, MessageType& iType) {
+  const InputBox h = WGrInputBox(hPress);
+  fX2 = h.fX2, fY2 = h.fY2;
+  iType = h.bReleased ? MessageType::MouseUp : MessageType::Key;
+}
+inline void WSelectFile2(std::string_view sFilter, I4 iFlags, std::string& sFile, std::string_view sTitle) {
+  const std::string sChosen = WSelectFile2(sFilter, iFlags, sTitle, sFile);
+  if (!sChosen.empty()) sFile = sChosen;
+}
 
 }  // namespace quillan

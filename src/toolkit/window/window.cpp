@@ -19,10 +19,8 @@
 
 #include "platform/arguments.h"
 #include "toolkit/draw/draw.h"
-#include "toolkit/draw/last_error.h"
-#include "toolkit/draw/private_draw.h"
 #include "toolkit/window/menus.h"
-#include "toolkit/window/private.h"
+#include "toolkit/window/private_window.h"
 
 // The resources lie in a static library: without this call the linker would leave them out.
 static void Load_Resources() {
@@ -51,10 +49,10 @@ class DrawingArea : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent*) override {
-    // The window was moved to a screen with another scale factor: what is drawn must be drawn anew, finer or coarser.
+    // The window was moved to a screen with another scale factor: what is drawn must be drawn again, finer or coarser.
     if (Backing_Image().devicePixelRatio() != devicePixelRatioF()) {
       Resize_Backing_Image();
-      Push_Message(MessageType::Expose, {});
+      Push_Message({.iType = MessageType::Expose});
     }
     IGrFlush();
     QPainter hPainter(this);
@@ -78,7 +76,6 @@ constexpr struct {
 struct OpenWindow {
   QApplication* hApplication = nullptr;
   QPointer<QMainWindow> hMain;
-  QPointer<DrawingArea> hArea;
   QPointer<QLabel> hPart[2];  // of the status bar
   QString sPart2;             // text of the wide part under a hint
   int NBusy = 0;              // calls of WindowBusy that are not taken back
@@ -103,9 +100,9 @@ bool Has_Display() {
 }
 
 /// Settles where the window is shown, before the application is made.
-void Choose_Platform(int argc, char** argv, bool bScript) {
+void Choose_Platform(int argc, char** argv) {
   if (Asks_For_Platform(argc, argv) || Has_Display()) return;
-  if (!bScript) {
+  if (!hPlayStep) {
     std::cerr << "quillan: there is no display (neither DISPLAY nor WAYLAND_DISPLAY is set).\n"
                  "A session script runs without one: quillan FILE --script STEPS.txt\n";
     std::exit(1);
@@ -145,11 +142,6 @@ void Make_Application() {
   QGuiApplication::setWindowIcon(QIcon(":/quillan.png"));
 }
 
-/// What the application left of the command line is what the program sees.
-void Keep_Arguments() {
-  System_Set_Arguments(std::vector<std::string>(hArgument, hArgument + NArgument));
-}
-
 /// The size inside the frame that gives the outer size asked for, held to the screen. On a small screen the window is
 /// wider than asked for, so that no command of the bar is out of sight.
 QSize Inner_Size(const QMainWindow& hMain, I4 NXP, I4 NYP) {
@@ -174,26 +166,21 @@ void Close_Main() {
   hOpen.sPart2.clear();
   Drop_Backing_Image();
   Drop_Messages();
-  Forget_Places();
 }
 
 }  // namespace
-
-QString toolkit::To_QString(std::string_view sBytes) {
-  const QUtf8StringView sText(sBytes.data(), static_cast<qsizetype>(sBytes.size()));
-  return sText.isValidUtf8() ? sText.toString() : QString::fromLatin1(QByteArrayView(sBytes.data(), sText.size()));
-}
-
-std::string toolkit::To_Bytes(const QString& sText) {
-  return sText.toStdString();
-}
 
 QMainWindow* toolkit::Main_Window() {
   return hOpen.hMain;
 }
 
-QWidget* toolkit::Drawing_Area() {
-  return hOpen.hArea;
+QWidget* toolkit::Front_Window() {
+  QWidget* hTop = hDialogs.Top_Dialog();
+  return hTop ? hTop : Main_Window();
+}
+
+void toolkit::Hand_Back_Focus() {
+  if (QWidget* hFront = Front_Window()) hFront->activateWindow();
 }
 
 void toolkit::Show_Hint(const QString& sHint) {
@@ -204,15 +191,15 @@ void toolkit::Suspend_Busy(bool bSuspend) {
   if (hOpen.NBusy > 0) QGuiApplication::changeOverrideCursor(bSuspend ? Qt::ArrowCursor : Qt::WaitCursor);
 }
 
-void WInitialise(int argc, char** argv, std::string_view sScript) {
+void WInitialise(int argc, char** argv) {
   NArgument = argc;
   hArgument = argv;
   if (!hOpen.hApplication) {
-    Choose_Platform(argc, argv, !sScript.empty());
+    Choose_Platform(argc, argv);
     Make_Application();
   }
-  Keep_Arguments();
-  Script_Load(sScript);
+  // What the application left of the command line is what the program sees.
+  System_Set_Arguments(std::vector<std::string>(hArgument, hArgument + NArgument));
 }
 
 void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTitle) {
@@ -220,15 +207,16 @@ void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTit
   if (!hOpen.hApplication) Make_Application();
   if (hOpen.hMain) Close_Main();
   hOpen.hMain = new QMainWindow;
-  hOpen.hArea = new DrawingArea(hOpen.hMain);
-  hOpen.hMain->setCentralWidget(hOpen.hArea);
+  auto* hArea = new DrawingArea(hOpen.hMain);
+  Use_Drawing_Area(hArea);
+  hOpen.hMain->setCentralWidget(hArea);
   hOpen.hMain->setContextMenuPolicy(Qt::NoContextMenu);
   hOpen.hMain->menuBar()->setNativeMenuBar(false);  // commands stand on the bar itself, which native bars do not show
-  Watch_Window(hOpen.hMain, hOpen.hArea);
+  Watch_Window(hOpen.hMain, hArea);
   WMenu(iMenu);
   WindowTitle(sTitle);
   Show_Main(iXP, iYP, NXP, NYP);
-  hOpen.hArea->setFocus();
+  hArea->setFocus();
 }
 
 void WindowClose() {
@@ -282,9 +270,9 @@ void WindowBell() {
 }
 
 void WCursorShape(I4 iShape) {
-  if (!hOpen.hArea) return Set_Error(iErrNoWindow);
+  if (!Drawing_Area()) return Set_Error(iErrNoWindow);
   for (const auto& hRow : hCursor) {
-    if (hRow.iShape == iShape) return hOpen.hArea->setCursor(hRow.iQtShape);
+    if (hRow.iShape == iShape) return Drawing_Area()->setCursor(hRow.iQtShape);
   }
   Set_Error(iErrBadArgument);
 }
@@ -295,8 +283,8 @@ I4 WInfoWindow(I4 iSelect) {
     return 0;
   }
   switch (iSelect) {
-    case iWindowWidth: return hOpen.hArea->width();
-    case iWindowHeight: return hOpen.hArea->height();
+    case iWindowWidth: return Drawing_Area()->width();
+    case iWindowHeight: return Drawing_Area()->height();
     case iWindowDrawable: return hOpen.hMain->isVisible() ? 1 : 0;
     default: Set_Error(iErrBadArgument); return 0;
   }

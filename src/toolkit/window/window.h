@@ -11,10 +11,10 @@
 
 namespace quillan {
 
-/// Prepares the toolkit. Takes the toolkit's own options out of the command line, so that IOsArgument
-/// sees what is left. sScript: path of a session script to play, blank for none; without a display
-/// (neither DISPLAY nor WAYLAND_DISPLAY set) a scripted run takes the off-screen platform.
-void WInitialise(int argc, char** argv, std::string_view sScript = {});
+/// Prepares the toolkit. Takes the toolkit's own options out of the command line, so that IOsArgument sees what is
+/// left. Without a display (neither DISPLAY nor WAYLAND_DISPLAY set) a run whose script was loaded before (Script_Load
+/// of script.h) takes the off-screen platform.
+void WInitialise(int argc, char** argv);
 
 /// Opens the main window. NXP, NYP: outer size in pixels, held to the screen.
 void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTitle);
@@ -32,9 +32,18 @@ void WindowOutStatusBar(I4 iPart, std::string_view sText);
 /// The busy cursor while long work runs; calls may nest.
 void WindowBusy(bool bBusy);
 
-/// Selectors iWindow... and iScreen... of ids.h; 0 where there is no window. Pixels are those of the layout, before
-/// the screen's scale factor.
+// Selectors of WInfoWindow.
+inline constexpr I4 iWindowWidth = 1;
+inline constexpr I4 iWindowHeight = 2;
+inline constexpr I4 iWindowDrawable = 9;  // 0: no window to draw on
+// Selectors of WInfoScreen.
+inline constexpr I4 iScreenWidth = 1;
+inline constexpr I4 iScreenHeight = 2;
+/// 0 where there is no window. Pixels are those of the layout, before the screen's scale factor.
 I4 WInfoWindow(I4 iSelect);
 I4 WInfoScreen(I4 iSelect);
+
+// Old forms; they go when the last caller has changed.
+void WInitialise(int argc, char** argv, std::string_view sScript);  // Script_Load, then the form above
 
 }  // namespace quillan

@@ -1,0 +1,128 @@
+// private_dialog.h: what the dialogs' source files share with each other and with the script.
+#pragma once
+
+#include <QDialog>
+#include <QPointer>
+#include <QString>
+#include <limits>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/edit_form.h"
+#include "base/types.h"
+#include "toolkit/dialog/dialog.h"
+#include "toolkit/draw/last_error.h"
+#include "toolkit/draw/private_draw.h"
+
+class QKeyEvent;
+class QLineEdit;
+class QWidget;
+
+namespace quillan::toolkit {
+
+// ---- Numbers as they stand in fields and grid cells (numbers.cpp)
+
+enum class FieldKind { Text, Integer, Real, Double };
+
+struct NumberRule {
+  FieldKind iKind = FieldKind::Text;
+  EditForm form;
+  R8 dLow = -std::numeric_limits<R8>::infinity();
+  R8 dHigh = std::numeric_limits<R8>::infinity();
+};
+
+/// The value as the screen shows it; blank where it is missing.
+QString Number_Text(R8 dValue, const NumberRule& rule);
+/// What the user typed; nothing where it is empty, no number or out of range.
+std::optional<R8> Read_Number(const QString& sText, const NumberRule& rule);
+/// Whether a text is there and cannot be read.
+bool Is_Bad_Number(const QString& sText, const NumberRule& rule);
+/// The range in words for a tool tip; blank where there is none.
+QString Range_Words(const NumberRule& rule);
+
+// ---- Controls (fields.cpp)
+
+/// A control of a dialog. Its text shows whether the user has changed it: as long as it is the one that was shown for
+/// the put value, that value is given back, digit for digit and byte for byte.
+struct Field {
+  I4 iField = 0;
+  QWidget* hWidget = nullptr;
+  NumberRule rule;
+  QString sTip;       // its meaning; the range is added
+  bool bPut = false;  // a value was put: dPut or sPut, shown as sShown
+  R8 dPut = 0.0;
+  std::string sPut;
+  QString sShown;
+  QString sComplete;  // its text when its last edit was complete
+};
+
+/// Sets up a control that was just loaded: width, tool tip, signals.
+void Field_Watch(Field& hField);
+/// The text of a line edit, or of a label or button without its mnemonic; on or off of a check box; the entry of a
+/// drop-down.
+QString Field_Text(const Field& hField);
+bool Field_Is_Unchanged(const Field& hField);
+/// Shows the text of a value that was put, unless the user is just editing the field: then the put is dropped (false).
+bool Field_Show(Field& hField, const QString& sText);
+/// Ends the edit of a field; if its value has changed, the program gets a message.
+void Field_Complete(Field& hField);
+void Field_Set_Range(Field& hField, R8 dLow, R8 dHigh);
+/// The text line of a text or number field; null for other controls.
+QLineEdit* Line_Edit(QWidget* hWidget);
+/// Whether a key belongs to what is typed into a field: letters and the keys up and down do not belong to a number.
+bool Field_Wants(const Field& hField, const QKeyEvent& hKey);
+/// A whole number with step buttons, whose text may be anything until it is read.
+QWidget* New_Integer_Spin(QWidget* hParent);
+/// The red frame around a field whose text is no number or out of range.
+void Mark_Bad(QWidget* hWidget, bool bBad);
+/// A tool tip that is wrapped.
+void Set_Tip(QWidget* hWidget, const QString& sTip);
+/// Keeps the wheel from changing a value that the pointer happens to be over.
+void Ignore_Wheel(QWidget* hWidget);
+
+// ---- A table of a dialog (grid.cpp)
+
+QWidget* New_Grid(QWidget* hParent);
+/// Ends the edit of a cell.
+void Grid_Complete(QWidget* hGrid);
+
+// ---- Dialogs (dialog.cpp)
+
+struct DialogRecord {
+  I4 iDialog = 0;
+  QPointer<QDialog> hWindow;
+  std::map<I4, Field> hField;  // by control number
+  I4 iMode = iShowModal;
+  I4 iExit = 0;  // the button that was pushed, 0 before
+};
+
+/// Dialogs that are loaded, in the order of their loading.
+const std::vector<std::unique_ptr<DialogRecord>>& Loaded_Dialogs();
+/// The current dialog, and one of its controls by number; null, with the error status set, where there is none.
+DialogRecord* Current_Record();
+Field* Find_Field(I4 iField);
+/// The same for a question that is no fault of the program: the error status stays as it is.
+Field* Known_Field(I4 iField);
+/// The dialog that is current and shown, null where there is none. isModal is true for one that waits for an
+/// answer, false for a tool window. Its reject() is Cancel.
+QDialog* Current_Dialog();
+/// Moves a dialog to pixels iX, iY of hUnder, the whole of it on the screen of the main window.
+void Place(QDialog& hWindow, const QRect& hUnder, I4 iX, I4 iY);
+
+/// Gives a dialog that was just loaded the look of all dialogs (dialog_look.cpp): the names of its buttons, fonts, grey
+/// remarks, fields that begin below each other.
+void Give_Look(QDialog& hWindow);
+
+// ---- Tool windows (tool_window.cpp): dialogs that lie beside a plot and leave it the keyboard
+
+/// Shows a dialog as one, where the user has put it, else at pixels iX, iY of the drawing area.
+void Show_Tool(DialogRecord& hDialog, I4 iX, I4 iY);
+/// Ends the edit of each field of the tool windows on show.
+void Complete_Edits();
+/// Ends the edits and gives the keyboard back to the plot.
+void Focus_Plot();
+
+}  // namespace quillan::toolkit

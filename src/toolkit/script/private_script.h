@@ -1,0 +1,76 @@
+// private_script.h: the steps of a session script, and what they ask about the screen.
+#pragma once
+
+#include <QDialog>
+#include <QString>
+#include <charconv>
+#include <span>
+#include <string>
+
+#include "base/types.h"
+#include "toolkit/script/script.h"
+
+namespace quillan::toolkit {
+
+/// Carries out one step. Empty, or the reason why it does not fit what is on the screen (script_steps.cpp).
+std::string Script_Carry_Out(const ScriptStep& hStep);
+
+/// The box or dialog that waits for an answer, the innermost one, null where there is none; and its name in words
+/// (dialog_steps.cpp).
+QDialog* Waits_First();
+std::string What_Waits();
+/// A text as the user reads it, and the same in double quotes: line ends and runs of blanks are one blank, and the
+/// places where a long path may be broken are none.
+QString As_Read(QString sText);
+std::string Quoted(const QString& sText);
+
+// Words were held against the step's pattern before the steps read them.
+template <class Number>
+bool Reads_As(const std::string& sWord, Number& hValue) {
+  const char* hEnd = sWord.data() + sWord.size();
+  const auto hRead = std::from_chars(sWord.data(), hEnd, hValue);
+  return hRead.ec == std::errc() && hRead.ptr == hEnd;
+}
+inline I4 Whole(const std::string& sWord) {
+  I4 iValue = 0;
+  Reads_As(sWord, iValue);
+  return iValue;
+}
+inline R8 Number(const std::string& sWord) {
+  R8 dValue = 0.0;
+  Reads_As(sWord, dValue);
+  return dValue;
+}
+
+// Each gives an empty text, or why it cannot be done. The widgets get the events that a user's hands would cause, and
+// an edit is completed.
+using Arguments = std::span<const std::string>;
+
+// Menus, keys and the mouse in the drawing area (hand_steps.cpp).
+std::string Play_Menu(Arguments sArgument);
+std::string Play_Key(Arguments sArgument);
+std::string Play_Click(Arguments sArgument);
+std::string Play_Drag(Arguments sArgument);
+std::string Play_Point(Arguments sArgument);
+std::string Play_Wheel(Arguments sArgument);
+
+// The current dialog, boxes and the file dialog (dialog_steps.cpp).
+std::string Play_Press(Arguments sArgument);
+std::string Play_Set(Arguments sArgument);
+std::string Play_Check(Arguments sArgument);
+std::string Play_Radio(Arguments sArgument);
+std::string Play_Choose(Arguments sArgument);
+std::string Play_Slide(Arguments sArgument);
+std::string Play_Cell(Arguments sArgument);
+std::string Play_Field(Arguments sArgument);
+std::string Play_Answer(Arguments sArgument);
+std::string Play_File(Arguments sArgument);
+
+// The window (window_steps.cpp).
+std::string Play_Expect(Arguments sArgument);
+std::string Play_Close(Arguments sArgument);
+std::string Play_Resize(Arguments sArgument);
+std::string Play_Drop(Arguments sArgument);
+std::string Play_Snapshot(Arguments sArgument);
+
+}  // namespace quillan::toolkit

@@ -1,0 +1,85 @@
+// private_window.h: what the window's source files share with each other and with the dialogs and the script.
+//
+// Events of the window system become messages in messages.cpp alone. Waiting is done by Wait_Until alone, which also
+// lets a session script play its next step when the program has come to rest.
+#pragma once
+
+#include <QDialog>
+#include <QMainWindow>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include "toolkit/draw/last_error.h"
+#include "toolkit/draw/private_draw.h"
+#include "toolkit/window/messages.h"
+
+class QAction;
+class QFileDialog;
+class QKeyEvent;
+class QMessageBox;
+class QWheelEvent;
+
+namespace quillan::toolkit {
+
+// ---- What the higher rooms fill in
+
+/// The dialogs beside the window. They fill this in when the first one is loaded; until then there are none.
+struct DialogHooks {
+  /// Ends the edit of each field beside the plot: what the program does next must find them complete.
+  void (*Complete_Edits)() = [] {};
+  /// Ends the edits and gives the keyboard back to the plot.
+  void (*Focus_Plot)() = [] {};
+  /// The dialog on top, tool windows apart; null where there is none.
+  QDialog* (*Top_Dialog)() = []() -> QDialog* { return nullptr; };
+};
+inline DialogHooks hDialogs;
+
+/// Plays the next step of the session script; null when none is played. The script fills it in.
+inline void (*hPlayStep)() = nullptr;
+
+// ---- The window (window.cpp)
+
+/// The main window, null when none is open. WindowClose deletes it, the drawing area and then the application: whatever
+/// is shown has the main window as its parent, and is held by guarded pointers.
+QMainWindow* Main_Window();
+/// The dialog on top, else the main window: what a box belongs to.
+QWidget* Front_Window();
+/// Gives the keyboard to what is left on the screen when a dialog or a box is gone: not every window system does.
+void Hand_Back_Focus();
+/// A text over the wide part of the status bar: the hint of a menu entry; blank gives the part its own text back.
+void Show_Hint(const QString& sHint);
+/// Gives the arrow back while the program waits for the user in the middle of long work.
+void Suspend_Busy(bool bSuspend);
+
+// ---- Messages (messages.cpp)
+
+/// Adds a message to the queue. Types that are switched off are dropped.
+void Push_Message(Message hMessage);
+bool Is_Wanted(MessageType iType);
+void Drop_Messages();
+/// Runs the event loop until bDone gives true. While it waits, a playing script carries out its next step.
+void Wait_Until(const std::function<bool()>& bDone);
+/// A key and a turn of the wheel as messages, wherever in the program's windows they were given. False: the key means
+/// nothing to the program.
+bool Key_to_Plot(const QKeyEvent& hEvent);
+void Wheel_to_Plot(const QWheelEvent& hEvent);
+/// Turns the events of the main window and its drawing area into messages, and the choice of a menu entry.
+void Watch_Window(QMainWindow* hWindow, QWidget* hArea);
+void Watch_Entry(QAction* hEntry, I4 iCommand);
+
+// ---- The menu (menus.cpp)
+
+/// The entries of a command in the bar on show, and whether the bar on show is the main menu, not greyed.
+std::vector<QAction*> Menu_Entries(I4 iCommand);
+bool Main_Menu_Is_Ready();
+
+// ---- Boxes (boxes.cpp)
+
+/// The box and the file dialog that wait for an answer; null where there is none. Their reject() is Cancel.
+QMessageBox* Open_Box();
+QFileDialog* Open_File_Dialog();
+/// Ends the open file dialog with a choice.
+void Choose_File(const QString& sPath);
+
+}  // namespace quillan::toolkit
