@@ -2,15 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <span>
 
-#include "base/array.h"
-#include "foundations/log_file.h"
-#include "foundations/pn_intrp.h"
 #include "foundations/str_write.h"
 #include "toolkit/draw/plot_axes.h"
-#include "toolkit/window/window.h"
 
 namespace quillan {
 
@@ -140,123 +135,6 @@ void Asinh10_Ticks(R4 fYPmin, R4 fYPmax, R4 fYPscl, I4 MYTick, I4& NYTick, std::
   if (hTick.NYTick() < NTickWanted) Walk_Decades(fOneTwoFive, hTick);
   if (hTick.NYTick() < NTickWanted) Walk_Tidy_Steps(hTick);
   NYTick = hTick.NYTick();
-}
-
-namespace {
-
-template <class Real>
-constexpr Real fTidy[] = {Real(1.0), Real(1.2), Real(1.5), Real(2.0),  Real(2.4),  Real(3.0),  Real(4.0),
-                          Real(5.0), Real(6.0), Real(8.0), Real(10.0), Real(12.0), Real(15.0), Real(20.0)};
-template <class Real>
-constexpr Real fBeyond = Real(0.0001);  // of a step: data on the axis's end are covered
-template <>
-constexpr R8 fBeyond<R8> = 1.0E-6;
-
-template <class Real>
-struct TidyAxis {
-  Real fXDmin, fXDmax, fAxisLen;
-  Real fTickMin = 0, fTickMax = 0, fTickInc = 0;
-
-  /// Begins the axis at a multiple of fUnit; true when it then covers the data.
-  bool Begins_at_Multiple(Real fUnit) {
-    const Real fPRound = fXDmin < Real{0} ? Real(0.99) : Real(0.01);
-    fTickMin = fUnit * std::floor(fXDmin / fUnit + fPRound);
-    fTickMax = fTickMin + fTickInc * (fAxisLen + fBeyond<Real>);
-    return fTickMax > fXDmax;
-  }
-  void Choose_Step() {
-    Real fStep = (fXDmax - fXDmin) / fAxisLen;
-    if (!(fStep > Real{0})) fStep = std::abs(Real{2} * fStep / fAxisLen) + Real{1};
-    const Real fP10 = std::pow(Real{10}, std::floor(std::log10(fStep)));
-    const Real fReduced = fStep / fP10 - Real(0.01);
-    for (const Real fTidyStep : fTidy<Real>) {
-      if (fTidyStep < fReduced) continue;
-      fTickInc = fTidyStep * fP10;
-      if (Begins_at_Multiple(fTickInc)) return;
-      if (Begins_at_Multiple(fP10) || fXDmax == fTickMax) return;
-    }
-  }
-  void Centre() {
-    const Real fSpare = fAxisLen - (fXDmax - fTickMin) / fTickInc;
-    fTickMin = fTickMin - fTickInc * std::trunc(fSpare / Real{2});
-    const bool bCrossedZero = (fTickMin < Real{0} && fXDmin > Real{0}) || (fTickMin > Real{0} && fXDmin < Real{0});
-    if (bCrossedZero) fTickMin = Real{0};
-    fTickMax = fTickMin + fAxisLen * fTickInc;
-  }
-};
-
-template <class Real>
-void Tidy_Axis(Real fXDmin, Real fXDmax, Real fAxisLen, Real& fTickMin, Real& fTickMax, Real& fTickInc) {
-  TidyAxis<Real> h{fXDmin, fXDmax, fAxisLen};
-  h.Choose_Step();
-  h.Centre();
-  fTickMin = h.fTickMin;
-  fTickMax = h.fTickMax;
-  fTickInc = h.fTickInc;
-}
-
-void Widen(R4 fHalf, R4& fMin, R4& fMax) {
-  const R4 fCentre = 0.5f * (fMin + fMax);
-  fMin = fCentre - fHalf;
-  fMax = fCentre + fHalf;
-}
-
-}  // namespace
-
-void Plt_Tidy_AxisR4(R4 fXDmin, R4 fXDmax, R4 fAxisLen, R4& fTickMin, R4& fTickMax, R4& fTickInc) {
-  Tidy_Axis(fXDmin, fXDmax, fAxisLen, fTickMin, fTickMax, fTickInc);
-}
-
-void Plt_Tidy_AxisR8(R8 dXDmin, R8 dXDmax, R8 dAxisLen, R8& dTickMin, R8& dTickMax, R8& dTickInc) {
-  Tidy_Axis(dXDmin, dXDmax, dAxisLen, dTickMin, dTickMax, dTickInc);
-}
-
-void Plt_Window_Resize(R4 fYXWindow, R4 fYPltInc, R4& fXPmin, R4& fXPmax, R4& fYPmin, R4& fYPmax) {
-  const R4 fXHalf = 0.5f * (fXPmax - fXPmin);
-  const R4 fYHalf = std::max(0.5f * (fYPmax - fYPmin), fYPltInc);
-  if (fYHalf / fXHalf >= fYXWindow) {
-    Widen(fYHalf / fYXWindow, fXPmin, fXPmax);
-  } else {
-    Widen(fXHalf * fYXWindow, fYPmin, fYPmax);
-  }
-}
-
-void IGr_WindowShape(R4 fYXAspect, I4& NXPixel, I4& NYPixel, I4& iError) {
-  constexpr R4 fScreenPart = 0.95f;
-  iError = 0;
-  const bool bGood = fYXAspect >= 0.1f && fYXAspect <= 10.0f;
-  if (!bGood) {
-    iError = 1;
-    const std::string sAspect = Str_Write_R4(fYXAspect, "(1P,G14.4E1)").str();
-    LogErr({"IGr_WindowShape.ERROR", "Target window aspect ratio =" + sAspect + " < 0.1 or > 100"});
-    return;
-  }
-  const R4 fWidth = static_cast<R4>(WInfoScreen(iScreenWidth));
-  const R4 fHeight = static_cast<R4>(WInfoScreen(iScreenHeight));
-  const bool bByHeight = fHeight <= fYXAspect * fWidth;
-  NYPixel = Nint(fScreenPart * (bByHeight ? fHeight : fWidth * fYXAspect));
-  NXPixel = Nint(fScreenPart * (bByHeight ? fHeight / fYXAspect : fWidth));
-}
-
-namespace {
-
-// Colours of weights in percent. The middle ones follow no rainbow: maps that are already in reports use them.
-constexpr R4 fWgtPercent[] = {0.0f, 25.0f, 50.0f, 75.0f, 100.0f};
-constexpr R4 fWgtRed[] = {255.0f, 255.0f, 0.0f, 0.0f, 0.0f};
-constexpr R4 fWgtGreen[] = {0.0f, 255.0f, 0.0f, 255.0f, 255.0f};
-constexpr R4 fWgtBlue[] = {0.0f, 0.0f, 255.0f, 255.0f, 0.0f};
-
-I4 Wgt_Part(std::span<const R4> fPart, R4 fPercent) {
-  R4 fValue = 0.0f;
-  P1Intrp_R4(static_cast<I4>(std::size(fWgtPercent)), fWgtPercent, fPart, fNoEndSlopes, fPercent, fValue);
-  return Nint(fValue);
-}
-
-}  // namespace
-
-I4 iWgtColor(R4 fWgt) {
-  const R4 fPercent = std::clamp(100.0f * std::abs(fWgt), 0.0f, 100.0f);
-  return Wgt_Part(fWgtRed, fPercent) + 256 * Wgt_Part(fWgtGreen, fPercent) + 65536 * Wgt_Part(fWgtBlue, fPercent);
 }
 
 }  // namespace quillan

@@ -1,5 +1,5 @@
-// igr_util.h: what all plots share: the scale of decay curves, ticks, tidy axes, the window's shape, the colour of a
-// weight, and points and boxes that the user sets with the mouse.
+// igr_util.h: what all plots share: the scale of decay curves, its ticks, and points and boxes that the user sets with
+// the mouse.
 //
 // Plot units are those of the data as they are drawn (plot_axes.h); graphics units are those of the window (draw.h).
 // The values of a decay curve run over many decades and fall below zero in their noise. The signed logarithmic scale
@@ -15,14 +15,6 @@
 
 namespace quillan {
 
-/// A logical as the number that a toolkit call wants, and back: true is 1, and a number above 0 is true.
-constexpr I4 iIntLog(L4 bValue) {
-  return bValue ? 1 : 0;
-}
-constexpr L4 bLogInt(I4 iValue) {
-  return iValue > 0;
-}
-
 /// The signed logarithmic scale of fX with base fXBase, computed in R8.
 R4 fAsinh10(R4 fX, R4 fXBase);
 /// Its inverse, computed in R4: fXBase * (v - 1 / v), v = 10**fY, held to 1.0E32 either way. The two need not undo
@@ -35,22 +27,6 @@ R4 fSinh10(R4 fY, R4 fXBase);
 /// as well; where that does not do either, at tidy steps.
 void Asinh10_Ticks(R4 fYPmin, R4 fYPmax, R4 fYPscl, I4 MYTick, I4& NYTick, std::vector<R4>& fYTick,
                    std::vector<std::string>& sYTick);
-
-/// An axis of fAxisLen steps of a tidy size for data from fXDmin to fXDmax, which lie in its middle: its ends fTickMin
-/// and fTickMax and its step fTickInc. Of data that begin below zero the first may lie up to a step before fTickMin.
-void Plt_Tidy_AxisR4(R4 fXDmin, R4 fXDmax, R4 fAxisLen, R4& fTickMin, R4& fTickMax, R4& fTickInc);
-void Plt_Tidy_AxisR8(R8 dXDmin, R8 dXDmax, R8 dAxisLen, R8& dTickMin, R8& dTickMax, R8& dTickInc);
-
-/// Widens a range of equal units, about its centre, to the shape of the window: fYXWindow is height over width. Either
-/// X or Y changes, never both; half the height of the data counts as at least fYPltInc.
-void Plt_Window_Resize(R4 fYXWindow, R4 fYPltInc, R4& fXPmin, R4& fXPmax, R4& fYPmin, R4& fYPmax);
-
-/// Size in pixels of a window of fYXAspect, height over width, that fills 95 % of the screen in one direction.
-/// iError: 0; 1 fYXAspect is not within 0.1 to 10, which is reported, and the size stays as it was.
-void IGr_WindowShape(R4 fYXAspect, I4& NXPixel, I4& NYPixel, I4& iError);
-
-/// Colour of a weight 0 to 1, its sign apart: red + 256 green + 65536 blue.
-I4 iWgtColor(R4 fWgt);
 
 // The mouse routines wait for the user themselves; what the user does otherwise meanwhile is dropped. They leave the
 // drawing in the colour "BLACK", in the plot mode "N", with the arrow as pointer, and all else as they found it. The

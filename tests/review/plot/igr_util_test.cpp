@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 
-#include "foundations/log_file.h"
 #include "support/played_session.h"
 
 namespace quillan {
@@ -77,85 +76,6 @@ TEST(SignedLogTicks, HostileRangesEnd) {
       EXPECT_LE(NYTick, 45);
     }
   }
-}
-
-TEST(TidyAxis, CoversTheDataInTidySteps) {
-  const struct {
-    const char* sWhat;
-    R4 fMin, fMax, fLen;  // data, steps
-    R4 fTickMin, fTickMax, fTickInc;
-  } hCases[] = {
-      {"a step that fits as it is",                     0,    10,    5,  0,      10,    2   },
-      {"the next tidy step",                            3,    17,    10, 3,      18,    1.5f},
-      {"an end that the first step would miss",         1.9f, 11.8f, 5,  0,      12,    2.4f},
-      {"negative data: the first lies before the axis", -17,  -3,    10, -16.5f, -1.5f, 1.5f},
-      {"one value, in the middle",                      -5,   -5,    10, -10,    0,     1   },
-      {"not across zero for the sake of the middle",    2,    2,     10, 0,      10,    1   },
-  };
-  for (const auto& c : hCases) {
-    R4 fTickMin = 0.0f, fTickMax = 0.0f, fTickInc = 0.0f;
-    Plt_Tidy_AxisR4(c.fMin, c.fMax, c.fLen, fTickMin, fTickMax, fTickInc);
-    EXPECT_FLOAT_EQ(fTickMin, c.fTickMin) << c.sWhat;
-    EXPECT_FLOAT_EQ(fTickMax, c.fTickMax) << c.sWhat;
-    EXPECT_FLOAT_EQ(fTickInc, c.fTickInc) << c.sWhat;
-  }
-  R8 dTickMin = 0.0, dTickMax = 0.0, dTickInc = 0.0;
-  Plt_Tidy_AxisR8(4500000.0, 4500014.0, 10.0, dTickMin, dTickMax, dTickInc);
-  EXPECT_DOUBLE_EQ(dTickMin, 4500000.0);
-  EXPECT_DOUBLE_EQ(dTickMax, 4500015.0);
-  EXPECT_DOUBLE_EQ(dTickInc, 1.5);
-}
-
-TEST(WindowShape, OneAxisIsWidenedToTheShapeOfTheWindow) {
-  R4 fXPmin = 0.0f, fXPmax = 10.0f, fYPmin = 100.0f, fYPmax = 120.0f;
-  Plt_Window_Resize(0.5f, 1.0f, fXPmin, fXPmax, fYPmin, fYPmax);
-  EXPECT_EQ(fXPmin, -15.0f);
-  EXPECT_EQ(fXPmax, 25.0f);
-  EXPECT_EQ(fYPmax, 120.0f);
-  Plt_Window_Resize(1.0f, 1.0f, fXPmin, fXPmax, fYPmin, fYPmax);
-  EXPECT_EQ(fXPmax, 25.0f);
-  EXPECT_EQ(fYPmin, 90.0f);
-  EXPECT_EQ(fYPmax, 130.0f);
-
-  fXPmin = fXPmax = 5.0f;
-  fYPmin = fYPmax = 7.0f;
-  Plt_Window_Resize(0.5f, 2.0f, fXPmin, fXPmax, fYPmin, fYPmax);
-  EXPECT_EQ(fXPmin, 1.0f) << "a single point gets the least height";
-  EXPECT_EQ(fXPmax, 9.0f);
-}
-
-TEST(WindowShape, FillsTheScreenInOneDirection) {
-  bAutoErr = true;
-  PlayedSession hSession("");  // a screen of 1920 x 1200
-  I4 NXPixel = 0, NYPixel = 0, iError = -1;
-  IGr_WindowShape(1.0f, NXPixel, NYPixel, iError);
-  EXPECT_EQ(iError, 0);
-  EXPECT_EQ(NXPixel, 1140);
-  EXPECT_EQ(NYPixel, 1140);
-  IGr_WindowShape(0.25f, NXPixel, NYPixel, iError);
-  EXPECT_EQ(NXPixel, 1824);
-  EXPECT_EQ(NYPixel, 456);
-  for (const R4 fAspect : {0.09f, 10.1f, std::nanf("")}) {
-    IGr_WindowShape(fAspect, NXPixel, NYPixel, iError);
-    EXPECT_EQ(iError, 1) << fAspect;
-    EXPECT_EQ(NXPixel, 1824);
-  }
-}
-
-TEST(WeightColour, RunsThroughItsOwnTableWithoutRegardToTheSign) {
-  const struct {
-    R4 fWgt;
-    I4 iRed, iGreen, iBlue;
-  } hCases[] = {
-      {0.0f,   255, 0,   0  },
-      {0.25f,  255, 255, 0  },
-      {-0.5f,  0,   0,   255},
-      {0.75f,  0,   255, 255},
-      {1.0f,   0,   255, 0  },
-      {-9.0f,  0,   255, 0  },
-      {0.125f, 255, 128, 0  },
-  };
-  for (const auto& c : hCases) EXPECT_EQ(iWgtColor(c.fWgt), c.iRed + 256 * c.iGreen + 65536 * c.iBlue) << c.fWgt;
 }
 
 // The mouse: scripts over a drawing area of 10 by 10 units, in which a pixel is less than fPixel.
