@@ -18,11 +18,18 @@ constexpr I4 NStepMost = 21;  // a trackbar of so many steps or more is too fine
 
 }  // namespace
 
-void Tool_Open(I4 iDialog, I4 iTrackbar, I4 NItem) {
+ToolWindow::ToolWindow(I4 iDialog, I4 iTrackbar, I4 NItem) {
   WDialogLoad(iDialog);
   WMessageEnable(MessageType::Field, true);
   WDialogRangeTrackbar(iTrackbar, 1, std::max(2, NItem), Tool_Trackbar_Step(NTrn));
   InqWintError("Tool_Open");
+}
+
+ToolWindow::~ToolWindow() {
+  WDialogUnload();
+  WMessageEnable(MessageType::Field, false);
+  IPgForget();
+  WindowClear();
 }
 
 void Tool_Show() {
@@ -32,13 +39,6 @@ void Tool_Show() {
 void Tool_Follow() {
   WDialogHide();
   Tool_Show();
-}
-
-void Tool_Close() {
-  WDialogUnload();
-  WMessageEnable(MessageType::Field, false);
-  IPgForget();
-  WindowClear();
 }
 
 I4 Tool_Trackbar_Step(I4 NTransient) {

@@ -1,26 +1,14 @@
-#include "review/plot/igr_util.h"
+#include "review/plot/ticks.h"
 
 #include <algorithm>
 #include <cmath>
 #include <span>
 
 #include "foundations/str_write.h"
+#include "review/plot/signed_log.h"
 #include "toolkit/draw/plot_axes.h"
 
 namespace quillan {
-
-R4 fAsinh10(R4 fX, R4 fXBase) {
-  const R8 dU = R8{fX} / (2.0 * R8{fXBase});
-  const R8 dMagnitude = std::log10(std::abs(dU) + std::sqrt(dU * dU + 1.0));
-  return static_cast<R4>(fX >= 0.0f ? dMagnitude : -dMagnitude);
-}
-
-R4 fSinh10(R4 fY, R4 fXBase) {
-  constexpr R4 fYLimit = 32.0f;
-  constexpr R4 fVLimit = 1.0E32f;
-  const R4 fV = std::abs(fY) >= fYLimit ? std::copysign(fVLimit, fY) : std::pow(10.0f, fY);
-  return fXBase * (fV - 1.0f / fV);
-}
 
 namespace {
 
@@ -71,28 +59,23 @@ std::string Tick_Text(R4 fValue, R4 fStep) {
 struct TickList {
   R4 fYPmin, fYPmax, fYPscl;
   I4 MYTick;
-  std::vector<R4>& fYTick;
-  std::vector<std::string>& sYTick;
+  Ticks hTicks{};
 
-  I4 NYTick() const { return static_cast<I4>(fYTick.size()); }
-  void Clear() {
-    fYTick.clear();
-    sYTick.clear();
-  }
-  /// False when the walk upward ends: behind the range, or with the last tick that there is room for.
+  I4 NYTick() const { return static_cast<I4>(hTicks.fYTick.size()); }
+  /// False when the walk upward ends: beyond the range, or with the last tick that there is room for.
   bool Add(R4 fValue, const std::string& sText) {
     const R4 fYP = fAsinh10(fValue, fYPscl);
     if (!(fYP <= fYPmax) || NYTick() >= MYTick) return false;
     if (fYP < fYPmin) return true;
-    fYTick.push_back(fYP);
-    sYTick.push_back(sText);
+    hTicks.fYTick.push_back(fYP);
+    hTicks.sYTick.push_back(sText);
     return NYTick() < MYTick;
   }
 };
 
 /// From the lowest negative decade over zero to the highest positive one, at fMantissa of each.
 void Walk_Decades(std::span<const R4> fMantissa, TickList& hTick) {
-  hTick.Clear();
+  hTick.hTicks = {};
   const I4 iBase = std::clamp(Nint(std::log10(std::abs(hTick.fYPscl))), -MExponent, MExponent);
   const auto Add = [&](R4 fMant, I4 iDecade, R4 fSign) {
     const R4 fValue = fSign * fMant * Power_of_Ten(iDecade + iBase);
@@ -118,7 +101,7 @@ void Walk_Tidy_Steps(TickList& hTick) {
   std::vector<Tick> hEven = Linear_Ticks(dLow, dHigh, NTickTidy);
   std::erase_if(hEven, [](const Tick& h) { return !h.bMajor; });
   if (hEven.size() < 2 || static_cast<I4>(hEven.size()) <= hTick.NYTick()) return;
-  hTick.Clear();
+  hTick.hTicks = {};
   const R4 fStep = static_cast<R4>(hEven[1].dValue - hEven[0].dValue);
   for (const Tick& h : hEven) {
     const R4 fValue = static_cast<R4>(h.dValue);
@@ -128,13 +111,12 @@ void Walk_Tidy_Steps(TickList& hTick) {
 
 }  // namespace
 
-void Asinh10_Ticks(R4 fYPmin, R4 fYPmax, R4 fYPscl, I4 MYTick, I4& NYTick, std::vector<R4>& fYTick,
-                   std::vector<std::string>& sYTick) {
-  TickList hTick{fYPmin, fYPmax, fYPscl, MYTick, fYTick, sYTick};
+Ticks Asinh10_Ticks(R4 fYPmin, R4 fYPmax, R4 fYPscl, I4 MYTick) {
+  TickList hTick{fYPmin, fYPmax, fYPscl, MYTick};
   Walk_Decades(fDecades, hTick);
   if (hTick.NYTick() < NTickWanted) Walk_Decades(fOneTwoFive, hTick);
   if (hTick.NYTick() < NTickWanted) Walk_Tidy_Steps(hTick);
-  NYTick = hTick.NYTick();
+  return hTick.hTicks;
 }
 
 }  // namespace quillan
