@@ -129,9 +129,8 @@ void Set_Title_Font(std::string_view sTitle, R4 fRoom) {
 
 /// Centred above the plot, but clear of the tool window and of the ticks' texts: a title that is partly hidden does not
 /// name the sounding.
-void Draw_Title() {
+void Draw_Title(R4 fEnd) {
   const std::string_view sTitle = hCurve.sTitle.trimmed();
-  const R4 fEnd = fCurveTitleEnd - fTitleMargin;
   Set_Title_Font(sTitle, fEnd - fPlotLeft);
   const R4 fHalf = 0.5f * WGrTextLength(sTitle);
   WGrTextOrientation(Justify::Centre, 0.0f);
@@ -150,10 +149,10 @@ void Draw_Y_Ticks() {
 }
 
 /// Texts come before lines as far as may be: lines between two texts are drawn in one call.
-void Draw_Axes() {
-  Draw_Title();
+void Draw_Axes(R4 fTitleEnd) {
+  Draw_Title(fTitleEnd - fTitleMargin);
   Use_Font(hSize10);
-  IPgXLabel(sCurveXLabel);
+  IPgXLabel("Window Time (msec)");
   IPgYLabelLeft(hCurve.sYLabel, fYLabelPlace);
   Use_Font(hSize8);
   IPgXScale("TN");
@@ -245,14 +244,14 @@ void QCC_Plot_Initialize(I4 j, I4 iPlotType) {
   Set_Range(hCurve.hRange0);
 }
 
-void QCC_Plot_Trns() {
+void QCC_Plot_Trns(R4 fTitleEnd) {
   Clear_Window();
   if (hCurve.NPobs < 1) return IPgForget();  // no units of an earlier curve
   IGrColour("BLACK");
   IGrLineType(LineType::Solid);
   IGrLineWidth(fAxisWidth);
   Set_Plot_Units();
-  Draw_Axes();
+  Draw_Axes(fTitleEnd);
   Draw_Zero_Line();
   Draw_Data();
   IGrFlush();

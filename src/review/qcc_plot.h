@@ -9,7 +9,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "base/array.h"
@@ -23,7 +22,6 @@ namespace quillan {
 
 inline constexpr I4 MCurveTick = 32;
 inline constexpr R4 fYDscl = 0.1f;  // knee of the Y scale, in the unit of the values
-inline constexpr std::string_view sCurveXLabel = "Window Time (msec)";
 
 // The graphics units of the curve plot, in which reaches, boxes and areas of gestures are measured.
 inline constexpr R4 fCurveGrXMin = 3.0f, fCurveGrXMax = 23.0f;
@@ -55,17 +53,14 @@ struct CurvePlot {
 // Module state: the curve on show. QCC_Plot_Initialize fills it for each transient, a zoom changes its range.
 inline CurvePlot hCurve;
 
-// Module state: where the title has to end, in graphics units, for the tool window of the review lies to the right of
-// it. The review fills it; without one it is the edge of the window.
-inline R4 fCurveTitleEnd = fCurveGrXMax;
-
 /// What is plotted of transient j. iPlotType is held to the types that the transient has; a transient without any
 /// keeps it for the next one. A time window gives a point when its value is usable and its time is above 0; a transient
 /// may have no point.
 void QCC_Plot_Initialize(I4 j, I4 iPlotType);
 
 /// Draws the curve and leaves its plot units in force. Without a point the window is blank, and there are none.
-void QCC_Plot_Trns();
+/// fTitleEnd: where the title has to end, in graphics units.
+void QCC_Plot_Trns(R4 fTitleEnd = fCurveGrXMax);
 
 /// The flag of the point nearest to a click, of those in view whose flag would change and that lie within fRGrMax, all
 /// in graphics units: set or cleared in its time window. Of points equally near the earliest.

@@ -12,7 +12,6 @@
 #include "review/qcc_plot.h"
 #include "review/tool_window.h"
 #include "toolkit/dialog/dialog.h"
-#include "toolkit/draw/last_error.h"
 #include "toolkit/window/window.h"
 
 namespace quillan {
@@ -45,11 +44,11 @@ void Make_Plot(CurveView& h) {
   WDialogPutMenu1(iMnuView, hCurve.sPlotType, std::min(iCurvePlotType, hCurve.NPlotType()));
 }
 
-/// The tool window hides the right end of the plot's upper edge until the user moves it.
-void Leave_Room_for_Tool_Window() {
+/// Where the title has to end: the tool window hides the right end of the plot's upper edge until the user moves it.
+R4 fTitleEnd() {
   const R4 fWindow = static_cast<R4>(std::max(WInfoWindow(iWindowWidth), 1));
   const R4 fTool = static_cast<R4>(WInfoDialog(iDialogWidth) + 1);
-  fCurveTitleEnd = fCurveGrXMax - (fCurveGrXMax - fCurveGrXMin) * std::min(fTool / fWindow, fMostHidden);
+  return fCurveGrXMax - (fCurveGrXMax - fCurveGrXMin) * std::min(fTool / fWindow, fMostHidden);
 }
 
 /// Draws only what the window does not show already; a transient that cannot be plotted leaves it blank.
@@ -57,8 +56,7 @@ void Show(CurveView& h) {
   if (h.iTrn != h.iTrn0 || iCurvePlotType != h.iPlotType0) Make_Plot(h);
   WDialogPutTrackbar(iTrkCurve, h.iTrn);
   if (!h.bRedraw) return;
-  Leave_Room_for_Tool_Window();
-  QCC_Plot_Trns();
+  QCC_Plot_Trns(fTitleEnd());
   h.bRedraw = false;
 }
 
@@ -121,8 +119,9 @@ void Zoom_All(CurveView& h) {
   h.bRedraw = true;
 }
 
+// clang-format off
 constexpr Gesture<CurveView> hGesture[] = {
-  // button         key        procedure
+    // button         key        procedure
     {0,               'F',       First       },
     {0,               'L',       Last        },
     {0,               'N',       Next        },
@@ -140,6 +139,7 @@ constexpr Gesture<CurveView> hGesture[] = {
     {iBtnExitReview,  'X',       Exit_Review },
     {0,               iKeyEsc,   Exit_Review },
 };
+// clang-format on
 
 /// A drag flags a box of points; one too small for a box, as of an unsteady hand, the point nearest to its press.
 void Flag_Points(CurveView& h, const Message& hPress, L4 bSetSkip) {
@@ -186,12 +186,8 @@ ReviewEnd QCC_Review(I4 iTrn) {
   if (NTrn < 1) return {iFlagExit, 0, iTrn};
   CurveView hView;
   hView.iTrn = std::clamp(iTrn, 1, NTrn);
-  const ToolWindow hTool(iDlgReviewCurve, iTrkCurve, NTrn);
-  WDialogPutString(iLblCurveCount, Str_Write_I4(NTrn).trimmed());
-  Tool_Hint_Flags();
-  Tool_Show();
-  InqWintError("QCC_Review");
-  Review_Loop<CurveView>(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
+  const ToolWindow hTool(iDlgReviewCurve, iTrkCurve, iLblCurveCount, NTrn);
+  Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
   return {hView.iFlag, 0, hView.iTrn};
 }
 

@@ -16,8 +16,6 @@
 namespace quillan {
 namespace {
 
-constexpr std::string_view sBlankLine = " ";
-
 constexpr EditForm hStnForm = "(F14.3)";
 constexpr EditForm hXYZForm = "(F14.1)";
 constexpr EditForm hValueForm = "(ES14.5)";
@@ -139,11 +137,7 @@ std::vector<ControlRecord> Panels(I4 NTW) {
 
 void Write_Records(const std::vector<ControlRecord>& hRecord, TextWriter& out) {
   for (const ControlRecord& h : hRecord) {
-    if (h.sKeyword.empty()) {
-      out.Line(sBlankLine);
-    } else {
-      out.Line("$" + h.sKeyword + "=" + h.sValue);
-    }
+    out.Line(h.sKeyword.empty() ? " " : "$" + h.sKeyword + "=" + h.sValue);
   }
 }
 

@@ -247,14 +247,11 @@ ReviewEnd QCS_Review(I4 iTrn) {
   SectionView hView;
   hView.iTrn = std::clamp(iTrn, 1, NTrn);
   hView.iSection = std::clamp(hTrn(hView.iTrn).iSection, 1, NSection);
-  Define_Menu<SectionView>(iMenuSection, hGesture);
+  Define_Menu(iMenuSection, hGesture);
   WMenu(iMenuSection);
   {
-    const ToolWindow hTool(iDlgReviewSection, iTrkSection, NSection);
-    WDialogPutString(iLblSectionCount, Str_Write_I4(NSection).trimmed());
-    Tool_Hint_Flags();
-    Tool_Show();
-    Review_Loop<SectionView>(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
+    const ToolWindow hTool(iDlgReviewSection, iTrkSection, iLblSectionCount, NSection);
+    Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
   }
   WMenu(iNoMenu);
   return {hView.iFlag, hView.iError, hView.iTrn};

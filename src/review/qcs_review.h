@@ -1,5 +1,11 @@
 // qcs_review.h: the interactive review of pseudosections: paging, zoom, skip flags by click, polarity, noise floor,
 // exports, and the way to the decay curve of a point.
+//
+//   N, Down, Right     next section; also the wheel towards the user
+//   P, Up, Left        previous one; also the wheel away from the user
+//   left, right click  set, clear the skip flag of the nearest point
+//
+// Everything else is in the menu bar, most of it also in the tool window 118.
 #pragma once
 
 #include "base/types.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "foundations/log_file.h"
+#include "foundations/str_write.h"
 #include "model/tmd_data.h"
 #include "toolkit/dialog/dialog.h"
 #include "toolkit/draw/draw.h"
@@ -18,10 +18,13 @@ constexpr I4 NStepMost = 21;  // a trackbar of so many steps or more is too fine
 
 }  // namespace
 
-ToolWindow::ToolWindow(I4 iDialog, I4 iTrackbar, I4 NItem) {
+ToolWindow::ToolWindow(I4 iDialog, I4 iTrackbar, I4 iLblCount, I4 NItem) {
   WDialogLoad(iDialog);
   WMessageEnable(MessageType::Field, true);
   WDialogRangeTrackbar(iTrackbar, 1, std::max(2, NItem), Tool_Trackbar_Step(NTrn));
+  WDialogPutString(iLblCount, Str_Write_I4(NItem).trimmed());
+  Tool_Hint_Flags();
+  Tool_Show();
   InqWintError("Tool_Open");
 }
 

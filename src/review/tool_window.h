@@ -21,12 +21,12 @@ inline constexpr I4 iBtnFlipAll = 1113;
 inline constexpr I4 iBtnViewCurve = 1114;
 inline constexpr I4 iBtnViewSection = 1115;
 
-/// A review's dialog, from its load to the end of its scope: then it and its messages are gone and the plot is cleared.
+/// A review's dialog on show, to the end of its scope: then it and its messages are gone and the plot is cleared.
 class ToolWindow {
  public:
-  /// Ranges the trackbar from 1 to the larger of 2 and NItem. Its step doubles while the NTrn transients of the store
-  /// make more than 20 steps.
-  ToolWindow(I4 iDialog, I4 iTrackbar, I4 NItem);
+  /// Ranges the trackbar from 1 to the larger of 2 and NItem, puts NItem beside it, and shows the dialog. A step of the
+  /// trackbar doubles while the NTrn transients of the store make more than 20 steps.
+  ToolWindow(I4 iDialog, I4 iTrackbar, I4 iLblCount, I4 NItem);
   ~ToolWindow();
   ToolWindow(const ToolWindow&) = delete;
   ToolWindow& operator=(const ToolWindow&) = delete;

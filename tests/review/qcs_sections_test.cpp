@@ -178,28 +178,20 @@ TEST(SectionPlot, StationsThatOnly64BitsTellApartStayInTheRange) {
   EXPECT_EQ(Visible(Show({At(1000.1, {9}), At(1000.3, {8}), At(2000.7, {7})})), "1.1 2.1 3.1 ");
 }
 
-TEST(SectionPlot, NoiseFloorIsNeverAboveOne) {
+TEST(SectionPlot, ANoiseFloorIsThatOfItsPlotTypeAndTheUsersAlone) {
   Show({At(10, {900, 3}), At(20, {500, 2})});
-  EXPECT_TRUE(QCS_Take_Noise_Floor(1, 1, 5.0f, 1.0f));
-  EXPECT_TRUE(QCS_Section_Initialize(1, 1));
-  EXPECT_EQ(hSection(1).fYPNoise(1), 5.0f);
-  EXPECT_EQ(fYPNoise(1), 1.0f);
-
   EXPECT_TRUE(QCS_Take_Noise_Floor(1, 1, 0.01f, 1.0f));
   const PlotRange hRange = QCS_Section_Initialize(1, 1).value();
   EXPECT_FLOAT_EQ(fYPScale, 0.1f);
   EXPECT_EQ(hRange.fYPmin, fAsinh10(2, fYPScale));
-  EXPECT_EQ(hSection(1).fYPNoise(2), 1.0f);  // another type keeps its own
-}
+  EXPECT_EQ(hSection(1).fYPNoise(2), 1.0f);
 
-TEST(SectionPlot, NoiseFloorOfTheFieldIsLimitedAndKeptOnlyIfTheUserChangedIt) {
-  Show({At(10, {900, 3})});
-  EXPECT_TRUE(QCS_Take_Noise_Floor(1, 1, 0.0f, 1.0f));
-  EXPECT_EQ(hSection(1).fYPNoise(1), 1.0E-12f);
   EXPECT_TRUE(QCS_Take_Noise_Floor(1, 1, 1.0E20f, 1.0f));
   EXPECT_EQ(hSection(1).fYPNoise(1), 1.0E9f);
   EXPECT_FALSE(QCS_Take_Noise_Floor(1, 1, 0.5f + 100.0f * Spacing(0.5f), 0.5f));
-  EXPECT_EQ(hSection(1).fYPNoise(1), 1.0E9f);
+  EXPECT_EQ(hSection(1).fYPNoise(1), 1.0E9f) << "what was put into the field and left there is not the user's";
+  EXPECT_TRUE(QCS_Section_Initialize(1, 1));
+  EXPECT_EQ(fYPNoise(1), 1.0f) << "a plot takes no greater one";
 }
 
 TEST(SectionPlot, WithoutSectionStationOrValueNothingIsVisible) {

@@ -5,7 +5,7 @@
 // several keys has a row for each.
 #pragma once
 
-#include <span>
+#include <cstddef>
 #include <vector>
 
 #include "base/types.h"
@@ -41,8 +41,8 @@ struct ReviewProcedures {
 };
 
 /// Gives the menu bar the rows of a table.
-template <class View>
-void Define_Menu(I4 iMenu, std::span<const Gesture<View>> hTable) {
+template <class View, std::size_t N>
+void Define_Menu(I4 iMenu, const Gesture<View> (&hTable)[N]) {
   std::vector<MenuRow> hRow;
   for (const Gesture<View>& h : hTable) {
     if (!h.hMenu.sText.empty()) hRow.push_back(h.hMenu);
@@ -51,8 +51,8 @@ void Define_Menu(I4 iMenu, std::span<const Gesture<View>> hTable) {
 }
 
 /// Carries out the gesture that a key, a menu entry or a button stands for; letters in either case.
-template <class View>
-void Carry_Out(View& hView, std::span<const Gesture<View>> hTable, const Message& hMessage) {
+template <class View, std::size_t N>
+void Carry_Out(View& hView, const Gesture<View> (&hTable)[N], const Message& hMessage) {
   const auto Is_Meant = [iChosen = hMessage.VALUE1, iType = hMessage.iType](const Gesture<View>& h) {
     if (iType == MessageType::Menu) return h.hMenu.iCommand == iChosen;
     if (iType == MessageType::Button) return h.iButton == iChosen;
@@ -66,8 +66,8 @@ void Carry_Out(View& hView, std::span<const Gesture<View>> hTable, const Message
 }
 
 /// Goes on until a gesture sets iFlag.
-template <class View>
-void Review_Loop(View& hView, std::span<const Gesture<View>> hTable, const ReviewProcedures<View>& hReview) {
+template <class View, std::size_t N>
+void Review_Loop(View& hView, const Gesture<View> (&hTable)[N], const ReviewProcedures<View>& hReview) {
   while (hView.iFlag == iStay) {
     hReview.Show(hView);
     const Message hMessage = WMessage();

@@ -13,10 +13,14 @@ std::string With_Letter(std::string_view sPattern, I4 iRxCmp) {
   return s;
 }
 
-/// Of components that are not magnetic.
-std::string_view Only_Section_Type(I4 iRxCmp) {
+/// The text of a magnetic component or of another one.
+std::string Text_of(I4 iRxCmp, std::string_view sMagnetic, std::string_view sOther) {
+  return With_Letter(Is_Magnetic(iRxCmp) ? sMagnetic : sOther, iRxCmp);
+}
+
+std::string_view Other_Section_Type(I4 iRxCmp) {
   if (iRxCmp >= 1 && iRxCmp < iCmpHx) return "E#(t) (uV/Am)";
-  return iRxCmp == iCmpOff ? "Tx Current (amps" : "Unknown Cmp";  // plots of earlier surveys carry it so
+  return iRxCmp == iCmpOff ? "Tx Current (amps" : "Unknown Cmp";  // so in the reports of earlier surveys
 }
 
 }  // namespace
@@ -38,15 +42,15 @@ std::string_view Component_Letter(I4 iRxCmp) {
 }
 
 std::string Section_Type(I4 iRxCmp, I4 iPlotType) {
-  return With_Letter(Is_Magnetic(iRxCmp) ? Plot_Type(iPlotType).sSectionType : Only_Section_Type(iRxCmp), iRxCmp);
+  return Text_of(iRxCmp, Plot_Type(iPlotType).sSectionType, Other_Section_Type(iRxCmp));
 }
 
 std::string Curve_Type(I4 iRxCmp, I4 iPlotType) {
-  return Is_Magnetic(iRxCmp) ? With_Letter(Plot_Type(iPlotType).sCurveType, iRxCmp) : std::string(sChnCmp(iRxCmp));
+  return Text_of(iRxCmp, Plot_Type(iPlotType).sCurveType, sChnCmp(iRxCmp));
 }
 
 std::string Curve_Label(I4 iRxCmp, I4 iPlotType) {
-  return Is_Magnetic(iRxCmp) ? With_Letter(Plot_Type(iPlotType).sCurveLabel, iRxCmp) : std::string(sChnCmp(iRxCmp));
+  return Text_of(iRxCmp, Plot_Type(iPlotType).sCurveLabel, sChnCmp(iRxCmp));
 }
 
 std::string Export_Part(I4 iRxCmp, I4 iPlotType) {

@@ -4,10 +4,10 @@
 // under a name of its own.
 #pragma once
 
+#include <iterator>
 #include <string>
 #include <string_view>
 
-#include "base/array.h"
 #include "base/types.h"
 #include "model/tmd_data.h"
 
@@ -21,8 +21,7 @@ inline constexpr I4 iCmpOff = 8;  // transmitter current
 /// their own way, which users know from their reports.
 struct PlotType {
   WindowValues Transient::*hValue;           // what is plotted
-  R4 Transient::*fMin;                       // its range
-  R4 Transient::*fMax;                       //
+  R4 Transient::*fMin, Transient::*fMax;     // its range
   R4 fRangeLeast;                            // a transient with no value above it has no range in a section
   R4 fCurveLeast;                            // a value at or above it is plotted in a curve
   std::string_view sSectionType;             // name and unit in a section; blank: sections do not offer it

@@ -13,6 +13,16 @@ void Expect_Shaped(R4 fYXArea, const GrBox& hBox, const GrBox& hWanted) {
   EXPECT_FLOAT_EQ(h.fY2, hWanted.fY2);
 }
 
+TEST(PlotZoom, ASmallBoxIsWidenedAboutItsMiddleAndALargeOneStays) {
+  const GrBox hSmall = Zoom_Box({10, 10, 10, 10.5f}), hLarge = Zoom_Box({1, 2, 5, 8});
+  EXPECT_EQ(hSmall.fX1, 9.0f);
+  EXPECT_EQ(hSmall.fX2, 11.0f);
+  EXPECT_FLOAT_EQ(hSmall.fY1, 9.55f);
+  EXPECT_FLOAT_EQ(hSmall.fY2, 10.95f);
+  EXPECT_EQ(hLarge.fX2, 5.0f);
+  EXPECT_EQ(hLarge.fY1, 2.0f);
+}
+
 TEST(PlotZoom, ABoxGetsTheShapeOfTheAreaAboutItsMiddle) {
   // In an area half as high as wide.
   Expect_Shaped(0.5f, {2, 2, 10, 6}, {2, 2, 10, 6});
