@@ -17,6 +17,7 @@
 namespace quillan {
 namespace {
 
+constexpr I4 MCurveTick = 32;
 constexpr R4 fYAlways = 1000.0f;    // the Y axis reaches at least from 0 to this value
 constexpr R4 fYErrorBars = -30.0f;  // on the scale; below it a point has no error bar
 constexpr R4 fCurveWidth = 1.5f;    // pixels

@@ -20,7 +20,6 @@
 
 namespace quillan {
 
-inline constexpr I4 MCurveTick = 32;
 inline constexpr R4 fYDscl = 0.1f;  // knee of the Y scale, in the unit of the values
 
 // The graphics units of the curve plot, in which reaches, boxes and areas of gestures are measured.

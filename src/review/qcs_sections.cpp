@@ -168,12 +168,12 @@ I4 QCS_Range_SectionJ(SectionRecord& h) {
   h.fStnMax = Plotted_Station(h.iTrnEnd);
   for (I4 iType = 1; iType <= MPlotType; ++iType) {
     const PlotType& hType = Plot_Type(iType);
-    ValueRange& hRange = h.hValue(iType) = {};
+    ValueRange hRange;
     for (I4 j = h.iTrnBeg; j <= h.iTrnEnd; ++j) {
-      const Transient& hTrnJ = hTrn(j);
-      if (hTrnJ.*hType.fMax > hType.fRangeLeast)
-        Join_Range(hTrnJ.*hType.fMin, hTrnJ.*hType.fMax, hRange.fMin, hRange.fMax);
+      const ValueRange hOf{hTrn(j).*hType.fMin, hTrn(j).*hType.fMax};
+      if (hOf.fMax > hType.fRangeLeast) Join_Range(hOf.fMin, hOf.fMax, hRange.fMin, hRange.fMax);
     }
+    h.hValue(iType) = hRange;
   }
   return 0;
 }

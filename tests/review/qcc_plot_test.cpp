@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "review/plot/plot_types.h"
 #include "review/plot/signed_log.h"
 #include "support/survey_builder.h"
 #include "toolkit/draw/plot_axes.h"
@@ -11,7 +12,7 @@
 namespace quillan {
 namespace {
 
-constexpr I4 iCmpEx = 1, iCmpHy = 5, iCmpOff = 8;
+constexpr I4 iCmpEx = 1, iCmpHy = 5;
 
 /// What is plotted of a transient that is alone in the store.
 void Show(const Transient& h, I4 iPlotType = 1) {

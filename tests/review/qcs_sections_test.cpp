@@ -56,19 +56,18 @@ std::string Joins(const PlotRange& hRange) {
 // ---- grouping
 
 TEST(Sections, BeginWhereTheArraySaysSo) {
-  struct Case {
+  const struct {
     const char* sWhat;
     std::set<I4> iArrays;  // those with a new section
     Transient h;           // after one at receiver 1, transmitter 1
-  };
-  const Case hCases[] = {
+  } hCases[] = {
       {"another component",   {1, 2, 3, 4, 5, 6}, TransientBuilder().Component(5)             },
       {"another transmitter", {1, 5, 6},          TransientBuilder().Station(3).Transmitter(3)},
       {"another separation",  {2},                TransientBuilder().Station(3)               },
       {"both",                {1, 2, 5, 6},       TransientBuilder().Station(3).Transmitter(2)},
       {"a repeat",            {},                 TransientBuilder()                          },
   };
-  for (const Case& hCase : hCases) {
+  for (const auto& hCase : hCases) {
     for (I4 iArray = 1; iArray <= 6; ++iArray) {
       Load({TransientBuilder(), hCase.h});
       hTemSurvey.iTemArray = iArray;
@@ -128,16 +127,11 @@ TEST(Sections, RangesJoinThoseOfTheTransients) {
 
 TEST(Sections, RecordsWithoutTransientsAreRefused) {
   Load({At(1, {1})});
-  for (const auto& [iTrnBeg, iTrnEnd] : {
-           std::pair{0, 1},
-           {1, 0},
-           {1, 2},
-           {2, 2}
-  }) {
+  for (const I4 iTrnEnd : {0, 2}) {
     SectionRecord h;
-    h.iTrnBeg = iTrnBeg;
+    h.iTrnBeg = 1;
     h.iTrnEnd = iTrnEnd;
-    EXPECT_EQ(QCS_Range_SectionJ(h), 1) << iTrnBeg << " " << iTrnEnd;
+    EXPECT_EQ(QCS_Range_SectionJ(h), 1) << iTrnEnd;
     EXPECT_EQ(h.hValue(1).fMax, fRangeMax0);
   }
 }
@@ -195,14 +189,13 @@ TEST(SectionPlot, ANoiseFloorIsThatOfItsPlotTypeAndTheUsersAlone) {
 }
 
 TEST(SectionPlot, WithoutSectionStationOrValueNothingIsVisible) {
-  struct Case {
+  Transient hNoStation = At(10, {9, 3});
+  hNoStation.dRxKvrStn = dDummy;
+  const struct {
     const char* sWhat;
     I4 iSection, iPlotType;
     Transient h;
-  };
-  Transient hNoStation = At(10, {9, 3});
-  hNoStation.dRxKvrStn = dDummy;
-  const Case hCases[] = {
+  } hCases[] = {
       {"section 0", 0, 1, At(10, {9, 3})},
       {"section 2", 2, 1, At(10, {9, 3})},
       {"plot type 0", 1, 0, At(10, {9, 3})},
@@ -212,7 +205,7 @@ TEST(SectionPlot, WithoutSectionStationOrValueNothingIsVisible) {
       {"no resistivity", 1, 3, At(10, {9, 3})},
       {"no station", 1, 1, hNoStation},
   };
-  for (const Case& hCase : hCases) {
+  for (const auto& hCase : hCases) {
     Show({At(10, {9, 3})});
     Load({hCase.h});
     EXPECT_EQ(QCS_Allocate(), 0);
@@ -292,15 +285,12 @@ TEST(NearestPoint, IsMeasuredInGraphicsUnitsAmongVisiblePoints) {
 
 TEST(NearestPoint, NeedsAClickInTheAreaOfThePlotThatWasDrawn) {
   const PlotRange hRange = Show({At(0, {9, 99}), At(10, {9, 99})});
-  for (const auto& [fXGr, fYGr, iPlotType] : {
-           std::tuple{-0.1f, 5.0f,  1},
-           {24.1f, 5.0f,  1},
-           {5.0f,  -0.1f, 1},
-           {5.0f,  17.9f, 1},
-           {5.0f,  5.0f,  2}
-  }) {
-    EXPECT_EQ(QCS_Section_Point({fXGr, fYGr}, 1, iPlotType, hRange, 100).iTrn, 0) << fXGr << " " << fYGr;
-  }
+  const auto Is_Found = [&](const GrPoint& hClick, I4 iPlotType) {
+    return QCS_Section_Point(hClick, 1, iPlotType, hRange, 100).iTrn != 0;
+  };
+  EXPECT_FALSE(Is_Found({-0.1f, 5.0f}, 1) || Is_Found({24.1f, 5.0f}, 1));
+  EXPECT_FALSE(Is_Found({5.0f, -0.1f}, 1) || Is_Found({5.0f, 17.9f}, 1));
+  EXPECT_FALSE(Is_Found({5.0f, 5.0f}, 2)) << "another plot type";
 }
 
 /// The plot on the screen: 20 by 10 graphics units from (2, 3) on.

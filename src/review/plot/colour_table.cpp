@@ -21,11 +21,16 @@ constexpr std::string_view sCommentMark = "!\"\\/";
 
 using ColourRow = Array1<R4, MCftColumn>;
 
+// clang-format off
 constexpr ColourRow hDefault[] = {
-    // percent red green blue
-    {{0.0f, 0.0f, 0.0f, 255.0f}},    {{25.0f, 0.0f, 255.0f, 255.0f}}, {{50.0f, 0.0f, 255.0f, 0.0f}},
-    {{75.0f, 255.0f, 255.0f, 0.0f}}, {{100.0f, 255.0f, 0.0f, 0.0f}},
+    // percent  red     green   blue
+    {{  0.0f,   0.0f,   0.0f,   255.0f}},
+    {{ 25.0f,   0.0f,   255.0f, 255.0f}},
+    {{ 50.0f,   0.0f,   255.0f, 0.0f  }},
+    {{ 75.0f,   255.0f, 255.0f, 0.0f  }},
+    {{100.0f,   255.0f, 0.0f,   0.0f  }},
 };
+// clang-format on
 
 constexpr EndSlopesR4 fLevelEnds{};  // beyond its ends the table keeps its colours
 

@@ -61,15 +61,12 @@ TEST_F(CftData, RowsAreSortedHeldToTheirRangesAndTheFirstOfAPercentStays) {
   EXPECT_EQ(Colour_of(75.0f), "128 1 52") << "halves are rounded away from zero";
 }
 
-TEST_F(CftData, OneRowIsTheColourOfEveryPercent) {
-  EXPECT_EQ(Read("40 7 8 9\n"), 0);
-  for (const R4 fPercent : {0.0f, 40.0f, 100.0f}) EXPECT_EQ(Colour_of(fPercent), "7 8 9");
-}
-
 TEST_F(CftData, BeyondTheRowsOfAFileTheEndColoursGoOn) {
   EXPECT_EQ(Read("40 100 0 0\n60 200 0 0\n"), 0);
   EXPECT_EQ(Colour_of(0.0f), "100 0 0");
   EXPECT_EQ(Colour_of(100.0f), "200 0 0");
+  EXPECT_EQ(Read("40 7 8 9\n"), 0);
+  for (const R4 fPercent : {0.0f, 40.0f, 100.0f}) EXPECT_EQ(Colour_of(fPercent), "7 8 9");
 }
 
 TEST_F(CftData, OfTheLinesThatCannotBeReadTheFirstIsReported) {
