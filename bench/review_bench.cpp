@@ -4,7 +4,6 @@
 
 #include "benches.h"
 #include "picture_floor.h"
-#include "review/plot/igr_util.h"
 #include "review/qcc_plot.h"
 #include "review/qcs_plot.h"
 #include "toolkit/draw/draw.h"
@@ -27,14 +26,15 @@ PlotRange hShown;
 
 /// Puts the section on the screen, at a size.
 bool Show_Section(const AreaSize& hSize) {
-  I4 iError = 0;
   Size_Drawing_Area(hSize.NWidth, hSize.NHeight);
   Put_Store(hBench.hSection);
-  QCS_Allocate(iError);
-  if (iError == 0 && NSection == 1) QCS_Section_Initialize(1, iTypeDecay, hShown, iError);
-  if (iError == 0) QCS_Section_Plot(1, iTypeDecay, "dBz/dt", hShown, iError);
+  if (QCS_Allocate() != 0 || NSection != 1) return false;
+  const auto hRange = QCS_Section_Initialize(1, iTypeDecay);
+  if (!hRange) return false;
+  hShown = *hRange;
+  const I4 iError = QCS_Section_Plot(1, iTypeDecay, hShown);
   IGrFlush();
-  return iError == 0 && NSection == 1;
+  return iError == 0;
 }
 
 /// Graphics units of the section in pixels.
@@ -46,21 +46,18 @@ struct PixelMap {
 
 void Add_Points(const PixelMap& hMap, PictureFloor& hFloor) {
   QCS_Visit_Points(hShown, [&](const SectionPoint& h) {
-    R4 fXGr = 0.0f, fYGr = 0.0f;
-    IPgUnitsToGrUnits(h.fX, h.fY, fXGr, fYGr);
-    hFloor.Add_Disc(hMap.X(fXGr), hMap.Y(fYGr), h.bSkip);
+    const GrPoint hGr = IPgUnitsToGrUnits(h.fX, h.fY);
+    hFloor.Add_Disc(hMap.X(hGr.fX), hMap.Y(hGr.fY), h.bSkip);
   });
 }
 
 void Add_Joins(const PixelMap& hMap, PictureFloor& hFloor) {
   R4 fXLast = std::numeric_limits<R4>::lowest();
   QCS_Visit_Joins(hShown, [&](R4 fX1, R4 fY1, R4 fX2, R4 fY2) {
-    R4 fXGr1 = 0.0f, fYGr1 = 0.0f, fXGr2 = 0.0f, fYGr2 = 0.0f;
-    IPgUnitsToGrUnits(fX1, fY1, fXGr1, fYGr1);
-    IPgUnitsToGrUnits(fX2, fY2, fXGr2, fYGr2);
+    const GrPoint h1 = IPgUnitsToGrUnits(fX1, fY1), h2 = IPgUnitsToGrUnits(fX2, fY2);
     if (fX1 < fXLast) hFloor.Begin_Batch();
     fXLast = fX1;
-    hFloor.Add_Line(hMap.X(fXGr1), hMap.Y(fYGr1), hMap.X(fXGr2), hMap.Y(fYGr2));
+    hFloor.Add_Line(hMap.X(h1.fX), hMap.Y(h1.fY), hMap.X(h2.fX), hMap.Y(h2.fY));
   });
 }
 
@@ -76,30 +73,24 @@ void Floor_Section(benchmark::State& state, const AreaSize& hSize) {
 
 void Draw_Section(benchmark::State& state, const AreaSize& hSize) {
   if (!Show_Section(hSize)) return state.SkipWithError("there is no section");
-  I4 iError = 0;
   for (auto _ : state) {
-    QCS_Section_Plot(1, iTypeDecay, "dBz/dt", hShown, iError);
+    benchmark::DoNotOptimize(QCS_Section_Plot(1, iTypeDecay, hShown));
     IGrFlush();
   }
 }
 
 // ---- one transient
 
-struct CurveShown {
-  I4 iPlotType = iTypeDecay, NPlotType = 0, iPltCmp = 0, iError = 0;
-  CurveTypeNames sPlotType;
-};
-
-void Show_Curve(CurveShown& h) {
-  QCC_Plot_Initialize(hTrn(1), h.iPlotType, h.NPlotType, h.sPlotType, h.iPltCmp, h.iError);
-  if (h.iError == 0) QCC_Plot_Trns(h.iPltCmp, h.iError);
+void Show_Curve() {
+  QCC_Plot_Initialize(1, iTypeDecay);
+  QCC_Plot_Trns();
 }
 
-bool Begin_Curve(const AreaSize& hSize, CurveShown& h) {
+bool Begin_Curve(const AreaSize& hSize) {
   Size_Drawing_Area(hSize.NWidth, hSize.NHeight);
   Put_Store(hBench.hSection);
-  Show_Curve(h);
-  return h.iError == 0 && hCurve.NPobs == MTW;
+  Show_Curve();
+  return hCurve.NPobs == MTW;
 }
 
 /// A line to the next point, an error bar and a letter each.
@@ -107,10 +98,9 @@ void Add_Curve(const AreaSize& hSize, PictureFloor& hFloor) {
   constexpr R8 dBar = 0.005;  // of the height
   R8 dXLast = 0.0, dYLast = 0.0;
   for (I4 I = 1; I <= hCurve.NPobs; ++I) {
-    R4 fX = 0.0f, fY = 0.0f;
-    IPgUnitsToGrUnits(hCurve.fXPobs(I), hCurve.fYPobs(I), fX, fY);
-    const R8 dX = R8{fX - fCurveGrXMin} / R8{fCurveGrXMax - fCurveGrXMin} * hSize.NWidth;
-    const R8 dY = R8{fCurveGrYMax - fY} / R8{fCurveGrYMax - fCurveGrYMin} * hSize.NHeight;
+    const GrPoint h = IPgUnitsToGrUnits(hCurve.fXPobs(I), hCurve.fYPobs(I));
+    const R8 dX = R8{h.fX - fCurveGrXMin} / R8{fCurveGrXMax - fCurveGrXMin} * hSize.NWidth;
+    const R8 dY = R8{fCurveGrYMax - h.fY} / R8{fCurveGrYMax - fCurveGrYMin} * hSize.NHeight;
     if (I > 1) hFloor.Add_Line(dXLast, dYLast, dX, dY);
     hFloor.Add_Line(dX, dY - dBar * hSize.NHeight, dX, dY + dBar * hSize.NHeight);
     hFloor.Add_Letter(dX, dY);
@@ -120,17 +110,15 @@ void Add_Curve(const AreaSize& hSize, PictureFloor& hFloor) {
 }
 
 void Floor_Curve(benchmark::State& state, const AreaSize& hSize) {
-  CurveShown h;
-  if (!Begin_Curve(hSize, h)) return state.SkipWithError("the curve is not whole");
+  if (!Begin_Curve(hSize)) return state.SkipWithError("the curve is not whole");
   PictureFloor hFloor(hSize.NWidth, hSize.NHeight, dDrawing_Ratio(), 0.018816 * hSize.NHeight);
   Add_Curve(hSize, hFloor);
   for (auto _ : state) hFloor.Draw();
 }
 
 void Draw_Curve(benchmark::State& state, const AreaSize& hSize) {
-  CurveShown h;
-  if (!Begin_Curve(hSize, h)) return state.SkipWithError("the curve is not whole");
-  for (auto _ : state) Show_Curve(h);
+  if (!Begin_Curve(hSize)) return state.SkipWithError("the curve is not whole");
+  for (auto _ : state) Show_Curve();
 }
 
 }  // namespace
@@ -172,11 +160,11 @@ void Floor_Nearest(benchmark::State& state) {
 
 void Bench_Nearest(benchmark::State& state) {
   if (!Show_Section(hSmall)) return state.SkipWithError("there is no section");
-  I4 iTrnPnt = 0, iTwcPnt = 0;
+  PickedPoint hPicked;
   for (auto _ : state) {
-    QCS_Section_Point(0.5f * fXCMU, 0.5f * fYCMU, 1, iTypeDecay, hShown, fXCMU, iTrnPnt, iTwcPnt);
+    hPicked = QCS_Section_Point({0.5f * fXCMU, 0.5f * fYCMU}, 1, iTypeDecay, hShown, fXCMU);
   }
-  if (iTrnPnt == 0) state.SkipWithError("no point was found");
+  if (hPicked.iTrn == 0) state.SkipWithError("no point was found");
 }
 
 void Floor_Curve_Small(benchmark::State& state) {

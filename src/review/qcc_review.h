@@ -12,16 +12,17 @@
 #pragma once
 
 #include "base/types.h"
+#include "review/review_flag.h"
 
 namespace quillan {
 
-// Module state: the plot type (qcc_plot.h) last looked at, for all transients of the run. QCC_Review keeps it.
+// Module state: the plot type (plot_types.h) last looked at, for all transients of the run. QCC_Review keeps it.
 inline I4 iCurvePlotType = 1;
 
 void QCC_Review_Initialize();
 
-/// Shows transients until the user leaves. iTrn: the first one in, the last one out, held to 1..NTrn. iFlag:
-/// iFlagSection, iFlagSave or iFlagExit (review_flag.h). iError: 0. A close request ends the run.
-void QCC_Review(I4& iTrn, I4& iFlag, I4& iError);
+/// Shows transients, beginning with iTrn held to 1..NTrn, until the user leaves. iFlag: iFlagSection, iFlagSave or
+/// iFlagExit. iTrn: the last one shown. A close request ends the run.
+[[nodiscard]] ReviewEnd QCC_Review(I4 iTrn);
 
 }  // namespace quillan

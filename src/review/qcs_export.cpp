@@ -16,8 +16,6 @@
 namespace quillan {
 namespace {
 
-constexpr std::string_view sBlankLine = " ";
-
 constexpr EditForm hStnForm = "(F14.3)";
 constexpr EditForm hXYZForm = "(F14.1)";
 constexpr EditForm hValueForm = "(ES14.5)";
@@ -33,16 +31,16 @@ void Begin_Export(std::string_view sWhat, std::string_view sFile) {
   LogText(sFile);
 }
 
-/// Puts the file in its place and says so, or why not.
-void End_Export(TextWriter& out, std::string_view sFile, std::string_view sDone, I4& iError) {
+/// Puts the file in its place and says so, or why not. Returns 0; 1 it is not there.
+I4 End_Export(TextWriter& out, std::string_view sFile, std::string_view sDone) {
   out.Commit();
   if (out.Has_Failed()) {
-    iError = 1;
     LogErr({"ERROR while trying to write ", std::string(sFile), out.Reason(),
             "The export is not written; choose it again."});
-    return;
+    return 1;
   }
   LogText(std::string(sFile).append(sDone));
+  return 0;
 }
 
 // ---- table
@@ -74,7 +72,7 @@ void Write_Header(const Transient& hFirst, TextWriter& out) {
 void Write_Transient(const Transient& h, I4 iPlotType, TextWriter& out) {
   Put_Field(out, Str_Write_R8(h.dRxStn, hStnForm).trimmed());
   for (const R8 dXYZ : h.dRxXYZ) Put_Field(out, Str_Write_R8(dXYZ, hXYZForm).trimmed());
-  const WindowValues& fValue = QCS_Values(h, iPlotType);
+  const WindowValues& fValue = Plot_Values(h, iPlotType);
   for (I4 I = 1; I <= h.NTW; ++I) Put_Field(out, Str_Write_R4(fValue(I), hValueForm).trimmed());
   out.Line("");
 }
@@ -93,11 +91,6 @@ std::vector<ControlRecord> Titles() {
       {"TBTitle2", hTemSurvey.sJobFor.str()},
       {"TBTitle3", std::string(Held_Entry(sTemArray, hTemSurvey.iTemArray)) + " TEM Profile Plot"},
       {},
-  };
-}
-
-std::vector<ControlRecord> Glosses() {
-  return {
       {"TBGloss1", ""},
       {"TBGloss2", ""},
       {"TBGloss3", ""},
@@ -108,7 +101,9 @@ std::vector<ControlRecord> Glosses() {
   };
 }
 
-std::vector<ControlRecord> Line_Ends(const SectionRecord& h) {
+/// Bearings and stations of both ends of the line, and the columns of the table: station, and the first window after
+/// the coordinates.
+std::vector<ControlRecord> Line_and_Columns(const SectionRecord& h) {
   const R4 fAzimuth = hTemSurvey.fLineAzimuth;
   const R4 fReversed = Is_Present(fAzimuth) ? std::fmod(720.0f + fAzimuth - 180.0f, 360.0f) : fDummy;
   return {
@@ -118,15 +113,9 @@ std::vector<ControlRecord> Line_Ends(const SectionRecord& h) {
       {"Stn.Left", Str_Write_R8(hTrn(h.iTrnBeg).dRxStn, hStnForm).str()},
       {"Stn.Right", Str_Write_R8(hTrn(h.iTrnEnd).dRxStn, hStnForm).str()},
       {},
-  };
-}
-
-/// Columns of the table: station, and the first window behind the coordinates.
-std::vector<ControlRecord> Columns() {
-  return {
       {"XCol", "1"},
       {"YCol", "5"},
-      {}
+      {},
   };
 }
 
@@ -148,52 +137,38 @@ std::vector<ControlRecord> Panels(I4 NTW) {
 
 void Write_Records(const std::vector<ControlRecord>& hRecord, TextWriter& out) {
   for (const ControlRecord& h : hRecord) {
-    if (h.sKeyword.empty()) {
-      out.Line(sBlankLine);
-    } else {
-      out.Line("$" + h.sKeyword + "=" + h.sValue);
-    }
+    out.Line(h.sKeyword.empty() ? " " : "$" + h.sKeyword + "=" + h.sValue);
   }
 }
 
 }  // namespace
 
 std::string QCS_Export_Path(std::string_view sDataFile, I4 iSection, I4 iPlotType, std::string_view sExtension) {
-  const std::string sLetter(QCS_Component_Letter(First_Transient(iSection).iRxCmp));
-  const std::string sPlotted = iPlotType == 1 ? "dB" + sLetter + "dt" : "B" + sLetter;
+  const std::string sPlotted = Export_Part(First_Transient(iSection).iRxCmp, iPlotType);
   return std::string(File_Stem(sDataFile)).append(sPlotted).append(sExtension);
 }
 
-void QCS_Section_Write_CSV(std::string_view sCsvFile, I4 iSection, I4 iPlotType, I4& iError) {
-  QCS_Check_Section("QCS_Section_Write_CSV", iSection, iPlotType, iError);
-  if (iError != 0) return;
-  QCS_Section_Write_MDE(std::string(File_Stem(sCsvFile)) + ".mde", iSection, iPlotType, iError);
-  if (iError != 0) return;
+I4 QCS_Section_Write_CSV(std::string_view sCsvFile, I4 iSection, I4 iPlotType) {
+  if (QCS_Check_Section("QCS_Section_Write_CSV", iSection, iPlotType) != 0) return 1;
+  if (QCS_Section_Write_MDE(std::string(File_Stem(sCsvFile)) + ".mde", iSection, iPlotType) != 0) return 1;
   Begin_Export("Exporting TEM profile-plot data to", sCsvFile);
   TextWriter out(sCsvFile);
   Write_Header(First_Transient(iSection), out);
   for (I4 j = hSection(iSection).iTrnBeg; j <= hSection(iSection).iTrnEnd; ++j) {
     Write_Transient(hTrn(j), iPlotType, out);
   }
-  End_Export(out, sCsvFile, " data export is complete.", iError);
+  return End_Export(out, sCsvFile, " data export is complete.");
 }
 
-void QCS_Section_Write_MDE(std::string_view sMdeFile, I4 iSection, I4 iPlotType, I4& iError) {
-  QCS_Check_Section("QCS_Section_Write_MDE", iSection, iPlotType, iError);
-  if (iError != 0) return;
+I4 QCS_Section_Write_MDE(std::string_view sMdeFile, I4 iSection, I4 iPlotType) {
+  if (QCS_Check_Section("QCS_Section_Write_MDE", iSection, iPlotType) != 0) return 1;
   Begin_Export("Exporting TEM profile-plot annotation and plot-control to", sMdeFile);
   TextWriter out(sMdeFile);
   Write_Records(Titles(), out);
-  Write_Records(Glosses(), out);
-  Write_Records(Line_Ends(hSection(iSection)), out);
-  Write_Records(Columns(), out);
+  Write_Records(Line_and_Columns(hSection(iSection)), out);
   Write_Records(Panels(First_Transient(iSection).NTW), out);
-  Write_Records(
-      {
-          {"Auto", "No"}
-  },
-      out);
-  End_Export(out, sMdeFile, " plot-control export is complete.", iError);
+  out.Line("$Auto=No");
+  return End_Export(out, sMdeFile, " plot-control export is complete.");
 }
 
 }  // namespace quillan

@@ -36,10 +36,10 @@ inline constexpr I4 NTWPanel = 7;  // windows in a panel
 std::string QCS_Export_Path(std::string_view sDataFile, I4 iSection, I4 iPlotType, std::string_view sExtension);
 
 /// Writes the table and, before it, its plot-control file. iPlotType: 1 fuVmag, 2 fBmag, 3 fARes.
-/// iError: 0; 1 there is no such section or plot type, or one of the files could not be written; both are reported.
-void QCS_Section_Write_CSV(std::string_view sCsvFile, I4 iSection, I4 iPlotType, I4& iError);
+/// Returns 0; 1 there is no such section or plot type, or one of the files could not be written; both are reported.
+[[nodiscard]] I4 QCS_Section_Write_CSV(std::string_view sCsvFile, I4 iSection, I4 iPlotType);
 
-/// Writes the plot-control file. iError as above.
-void QCS_Section_Write_MDE(std::string_view sMdeFile, I4 iSection, I4 iPlotType, I4& iError);
+/// Writes the plot-control file. Returns as above.
+[[nodiscard]] I4 QCS_Section_Write_MDE(std::string_view sMdeFile, I4 iSection, I4 iPlotType);
 
 }  // namespace quillan

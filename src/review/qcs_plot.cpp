@@ -7,7 +7,8 @@
 #include "foundations/str_write.h"
 #include "metadata/enm_data.h"
 #include "model/tmd_data.h"
-#include "review/plot/igr_util.h"
+#include "review/plot/text_size.h"
+#include "review/plot/ticks.h"
 #include "toolkit/draw/draw.h"
 #include "toolkit/draw/hardcopy.h"
 #include "toolkit/draw/last_error.h"
@@ -27,10 +28,6 @@ constexpr R4 fYUM = 0.5f;          // character heights between the plot and a s
 constexpr R4 fLabelClear = 1.15f;  // character heights between the middles of two station labels
 constexpr I4 MSectionTick = 45;
 
-/// Text as fractions of the drawing area.
-struct TextSize {
-  R4 fWidth, fHeight;
-};
 constexpr TextSize hSize6{0.0039249f, 0.0118921f};
 constexpr TextSize hSize8{0.0052332f, 0.0158562f};
 constexpr TextSize hSize10{0.0065415f, 0.0198202f};
@@ -38,10 +35,6 @@ constexpr TextSize hSize12{0.0078498f, 0.0237843f};
 
 constexpr I4 iColourLive = 0;
 constexpr I4 iColourSkipped = 200 + 256 * 200 + 65536 * 200;
-
-void Use_Font(const TextSize& hSize) {
-  WGrTextFont(hSize.fWidth, hSize.fHeight);
-}
 
 const Transient& First_of(I4 iSection) {
   return hTrn(hSection(iSection).iTrnBeg);
@@ -51,9 +44,8 @@ const Transient& First_of(I4 iSection) {
 
 /// Width of a line of upright text that is turned to read upward, in plot units of X.
 R4 Turned_Line_Width(const PlotRange& hRange) {
-  R4 fDX = 0.0f, fDY = 0.0f;
-  IGrPixelSize(fDX, fDY);
-  const R4 fUnits = InfoGraphics(iCharHeight) / fDY * fDX;
+  const GrPoint hPixel = IGrPixelSize();
+  const R4 fUnits = InfoGraphics(iCharHeight) / hPixel.fY * hPixel.fX;
   return fUnits * (hRange.fXPmax - hRange.fXPmin) / ((fPlotXMax - fPlotXMin) * fXCMU);
 }
 
@@ -63,40 +55,51 @@ void Draw_Stations(I4 iSection, const PlotRange& hRange) {
   const R4 fRise = fYUM * InfoGraphics(iCharHeight);
   const std::vector<StationLabel> hLabel =
       QCS_Station_Labels(iSection, hRange, fLabelClear * Turned_Line_Width(hRange));
-  R4 fXGr = 0.0f, fYGr = 0.0f;
+  const auto fXGr = [&hRange](const StationLabel& h) { return IPgUnitsToGrUnits(h.fX, hRange.fYPmax).fX; };
   for (const StationLabel& h : hLabel) {
-    IPgUnitsToGrUnits(h.fX, hRange.fYPmax, fXGr, fYGr);
-    if (!h.sLabel.empty()) WGrTextString(fXGr, fPlotTop + fRise, h.sLabel);
+    if (!h.sLabel.empty()) WGrTextString(fXGr(h), fPlotTop + fRise, h.sLabel);
   }
   Use_Font(hSize6);
-  for (const StationLabel& h : hLabel) {
-    IPgUnitsToGrUnits(h.fX, hRange.fYPmax, fXGr, fYGr);
-    IGrMarker(fXGr, fPlotTop, iMarkerDisc);
-  }
+  for (const StationLabel& h : hLabel) IGrMarker(fXGr(h), fPlotTop, iMarkerDisc);
 }
 
 void Draw_Scale(const PlotRange& hRange) {
-  I4 NYTick = 0;
-  std::vector<R4> fYTick;
-  std::vector<std::string> sYTick;
-  Asinh10_Ticks(hRange.fYPmin, hRange.fYPmax, fYPScale, MSectionTick, NYTick, fYTick, sYTick);
+  const Ticks h = Asinh10_Ticks(hRange.fYPmin, hRange.fYPmax, fYPScale, MSectionTick);
   Use_Font(hSize8);
-  IPgYUserScale(fYTick, sYTick, "I");
+  IPgYUserScale(h.fYTick, h.sYTick, "I");
 }
 
-void Draw_Type(std::string_view sPlotType) {
+/// The plot type upward beside the scale, and two lines of title at the upper edge of the area, clear of the station
+/// labels.
+void Draw_Titles(I4 iSection, std::string_view sPlotType) {
   Use_Font(hSize10);
   WGrTextOrientation(Justify::Centre, -90.0f);
-  WGrTextString(fPlotLeft - fTypeOffset, 0.5f * (fPlotYMin + fPlotYMax) * fYCMU, Trimmed(sPlotType));
-}
-
-/// Two lines at the upper edge of the area, clear of the station labels.
-void Draw_Title(I4 iSection, std::string_view sPlotType) {
+  WGrTextString(fPlotLeft - fTypeOffset, 0.5f * (fPlotYMin + fPlotYMax) * fYCMU, sPlotType);
   Use_Font(hSize12);
   WGrTextOrientation(Justify::Centre, 0.0f);
   const R4 fLine = InfoGraphics(iCharHeight);
   WGrTextString(fPlotMiddle, fYCMU - 0.6f * fLine, QCS_Section_Title(iSection));
-  WGrTextString(fPlotMiddle, fYCMU - 1.6f * fLine, Trimmed(sPlotType));
+  WGrTextString(fPlotMiddle, fYCMU - 1.6f * fLine, sPlotType);
+}
+
+void Set_Plot_Units(const PlotRange& hRange) {
+  WindowClear();
+  IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
+  IGrUnits(0.0f, 0.0f, fXCMU, fYCMU);
+  IPgArea(fPlotXMin, fPlotYMin, fPlotXMax, fPlotYMax);
+  IPgScaling(Scaling::Linear, Scaling::Linear);
+  IPgUnits(hRange.fXPmin, hRange.fYPmin, hRange.fXPmax, hRange.fYPmax);
+}
+
+void Draw_Axes(I4 iSection, I4 iPlotType, const PlotRange& hRange) {
+  IPgClipRectangle("G");
+  IGrColour("BLACK");
+  IGrLineType(LineType::Solid);
+  IGrLineWidth(1.0f);
+  IPgBorder();
+  Draw_Stations(iSection, hRange);
+  Draw_Scale(hRange);
+  Draw_Titles(iSection, Section_Type(First_of(iSection).iRxCmp, iPlotType));
 }
 
 /// Where profiles change their sign.
@@ -106,66 +109,7 @@ void Draw_Zero_Line(const PlotRange& hRange) {
   IPgJoin2(hRange.fXPmin, 0.0f, hRange.fXPmax, 0.0f);
 }
 
-// ---- files
-
-constexpr I4 NPngWidth = 3780, NPngHeight = 2803;  // 24 by 17.8 cm at 400 dots an inch
-constexpr I4 NWmfWidth = 2880, NWmfHeight = 2136;  // at 120 units a centimetre
-
-struct Picture {
-  HardCopyDriver iDriver;
-  I4 NWidth, NHeight;
-};
-
-void Plot_into_File(const Picture& hPicture, std::string_view sFile, I4 iSection, I4 iPlotType,
-                    std::string_view sPlotType, const PlotRange& hRange, I4& iError) {
-  QCS_Check_Section("QCS_Section_Plot", iSection, iPlotType, iError);
-  if (iError != 0) return;
-  const GraphicsKeeper keeper;
-  IGrHardCopySelect(hPicture.iDriver);
-  IGrHardCopySize(hPicture.NWidth, hPicture.NHeight);
-  IGrHardCopy(sFile);
-  QCS_Section_Plot(iSection, iPlotType, sPlotType, hRange, iError);
-  bool bDone = false;
-  IGrHardCopyEnd(bDone);
-  if (bDone) return;
-  InqWintError("TS_Plot_Profile " + std::string(File_Name(sFile)));
-  LogErr({"ERROR writing file " + std::string(sFile), "The plot is not exported."});
-  iError = 1;
-}
-
-}  // namespace
-
-void QCS_Section_Plot(I4 iSection, I4 iPlotType, std::string_view sPlotType, const PlotRange& hRange, I4& iError) {
-  QCS_Check_Section("QCS_Section_Plot", iSection, iPlotType, iError);
-  if (iError != 0) return;
-  QCS_Section_Window(hRange);
-  QCS_Section_Axes(iSection, sPlotType, hRange);
-  QCS_Section_Profiles(hRange);
-  InqWintError("QCS_Section_Plot");
-}
-
-void QCS_Section_Window(const PlotRange& hRange) {
-  WindowClear();
-  IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
-  IGrUnits(0.0f, 0.0f, fXCMU, fYCMU);
-  IPgArea(fPlotXMin, fPlotYMin, fPlotXMax, fPlotYMax);
-  IPgScaling(Scaling::Linear, Scaling::Linear);
-  IPgUnits(hRange.fXPmin, hRange.fYPmin, hRange.fXPmax, hRange.fYPmax);
-}
-
-void QCS_Section_Axes(I4 iSection, std::string_view sPlotType, const PlotRange& hRange) {
-  IPgClipRectangle("G");
-  IGrColour("BLACK");
-  IGrLineType(LineType::Solid);
-  IGrLineWidth(1.0f);
-  IPgBorder();
-  Draw_Stations(iSection, hRange);
-  Draw_Scale(hRange);
-  Draw_Type(sPlotType);
-  Draw_Title(iSection, sPlotType);
-}
-
-void QCS_Section_Profiles(const PlotRange& hRange) {
+void Draw_Profiles(const PlotRange& hRange) {
   IPgClipRectangle("P");
   IGrLineWidth(1.0f);
   Draw_Zero_Line(hRange);
@@ -182,16 +126,45 @@ void QCS_Section_Profiles(const PlotRange& hRange) {
   IPgClipRectangle("G");
 }
 
-void QCS_Section_Plot_PNG(std::string_view sPltFile, I4 iSection, I4 iPlotType, std::string_view sPlotType,
-                          const PlotRange& hRange, I4& iError) {
-  Plot_into_File({HardCopyDriver::Png, NPngWidth, NPngHeight}, sPltFile, iSection, iPlotType, sPlotType, hRange,
-                 iError);
+// ---- files
+
+struct Picture {
+  HardCopyDriver iDriver;
+  I4 NWidth, NHeight;
+};
+constexpr Picture hPng{HardCopyDriver::Png, 3780, 2803};       // pixels, 24 by 17.8 cm at 400 dots an inch
+constexpr Picture hWmf{HardCopyDriver::Metafile, 2880, 2136};  // at 120 units a centimetre
+
+I4 Plot_into_File(const Picture& hPicture, std::string_view sFile, I4 iSection, I4 iPlotType, const PlotRange& hRange) {
+  if (QCS_Check_Section("QCS_Section_Plot", iSection, iPlotType) != 0) return 1;
+  const GraphicsKeeper keeper;
+  IGrHardCopySelect(hPicture.iDriver);
+  IGrHardCopySize(hPicture.NWidth, hPicture.NHeight);
+  IGrHardCopy(sFile);
+  const I4 iError = QCS_Section_Plot(iSection, iPlotType, hRange);
+  if (IGrHardCopyEnd()) return iError;
+  InqWintError("TS_Plot_Profile " + std::string(File_Name(sFile)));
+  LogErr({"ERROR writing file " + std::string(sFile), "The plot is not exported."});
+  return 1;
 }
 
-void QCS_Section_Plot_WMF(std::string_view sPltFile, I4 iSection, I4 iPlotType, std::string_view sPlotType,
-                          const PlotRange& hRange, I4& iError) {
-  Plot_into_File({HardCopyDriver::Metafile, NWmfWidth, NWmfHeight}, sPltFile, iSection, iPlotType, sPlotType, hRange,
-                 iError);
+}  // namespace
+
+I4 QCS_Section_Plot(I4 iSection, I4 iPlotType, const PlotRange& hRange) {
+  if (QCS_Check_Section("QCS_Section_Plot", iSection, iPlotType) != 0) return 1;
+  Set_Plot_Units(hRange);
+  Draw_Axes(iSection, iPlotType, hRange);
+  Draw_Profiles(hRange);
+  InqWintError("QCS_Section_Plot");
+  return 0;
+}
+
+I4 QCS_Section_Plot_PNG(std::string_view sPltFile, I4 iSection, I4 iPlotType, const PlotRange& hRange) {
+  return Plot_into_File(hPng, sPltFile, iSection, iPlotType, hRange);
+}
+
+I4 QCS_Section_Plot_WMF(std::string_view sPltFile, I4 iSection, I4 iPlotType, const PlotRange& hRange) {
+  return Plot_into_File(hWmf, sPltFile, iSection, iPlotType, hRange);
 }
 
 std::string QCS_Section_Title(I4 iSection) {

@@ -13,21 +13,14 @@
 
 namespace quillan {
 
-/// Draws a section in hRange into the window, or into the hardcopy that is open: window, axes, profiles. iError: 0; 1
+/// Draws a section in hRange into the window, or into the hardcopy that is open: window, axes, profiles. Returns 0; 1
 /// there is no such section or plot type, which is reported; nothing is drawn then.
-void QCS_Section_Plot(I4 iSection, I4 iPlotType, std::string_view sPlotType, const PlotRange& hRange, I4& iError);
+[[nodiscard]] I4 QCS_Section_Plot(I4 iSection, I4 iPlotType, const PlotRange& hRange);
 
-// Its steps.
-void QCS_Section_Window(const PlotRange& hRange);
-void QCS_Section_Axes(I4 iSection, std::string_view sPlotType, const PlotRange& hRange);
-void QCS_Section_Profiles(const PlotRange& hRange);
-
-/// The same picture in a file, 3780 by 2803 pixels or 2880 by 2136 units. iError: 0; 1 nothing was drawn or the file
+/// The same picture in a file, 3780 by 2803 pixels or 2880 by 2136 units. Returns 0; 1 nothing was drawn or the file
 /// could not be written, which is reported.
-void QCS_Section_Plot_PNG(std::string_view sPltFile, I4 iSection, I4 iPlotType, std::string_view sPlotType,
-                          const PlotRange& hRange, I4& iError);
-void QCS_Section_Plot_WMF(std::string_view sPltFile, I4 iSection, I4 iPlotType, std::string_view sPlotType,
-                          const PlotRange& hRange, I4& iError);
+[[nodiscard]] I4 QCS_Section_Plot_PNG(std::string_view sPltFile, I4 iSection, I4 iPlotType, const PlotRange& hRange);
+[[nodiscard]] I4 QCS_Section_Plot_WMF(std::string_view sPltFile, I4 iSection, I4 iPlotType, const PlotRange& hRange);
 
 // What is written on it, apart from drawing.
 

@@ -1,57 +1,43 @@
 #include "review/qcs_review.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 #include <vector>
 
 #include "foundations/file_util.h"
-#include "foundations/log_file.h"
 #include "foundations/str_write.h"
-#include "model/tmd_data.h"
-#include "review/plot/igr_util.h"
+#include "model/edits.h"
+#include "review/plot/gestures.h"
+#include "review/plot/plot_mouse.h"
 #include "review/qcs_export.h"
 #include "review/qcs_plot.h"
-#include "review/review_flag.h"
+#include "review/qcs_sections.h"
 #include "review/tool_window.h"
 #include "toolkit/dialog/dialog.h"
 #include "toolkit/draw/draw.h"
 #include "toolkit/draw/last_error.h"
-#include "toolkit/draw/plot_axes.h"
-#include "toolkit/window/menus.h"
-#include "toolkit/window/messages.h"
 #include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {
 
-constexpr I4 iStay = 0;  // iFlag while the review goes on
 constexpr I4 iErrorClosed = 3;
 
 constexpr R4 fReachFlag = 0.5f;   // graphics units in which a click finds a point
 constexpr R4 fReachCurve = 2.0f;  // the same for View Curve
-constexpr R4 fZoomHalfX = 1.0f;   // graphics units, least half sizes of a zoom
-constexpr R4 fZoomHalfY = 0.7f;
 
 /// What the review knows.
-struct SectionView {
-  explicit SectionView(I4& iTrnShown) : iTrn(iTrnShown) {}
-
-  I4& iTrn;
+struct SectionView : ReviewView {
+  I4 iTrn = 1;
   I4 iSection = 1;
   I4 iSectionShown = 0;  // 0: none yet
   I4 iPlotType = 1;
   I4 NPlotType = 1;
-  Array1<Text<16>, MPlotType> sPlotType;
   PlotRange hRange, hFull;
   R4 fYPNoise0 = fDummy;  // what was last put into the field of the noise floor
   bool bFieldChanged = false;
-  bool bInitialize = true;  // the range has to be made anew, which ends a zoom
-  bool bRedraw = true;
-  I4 iFlag = iStay;
+  bool bInitialize = true;  // the range has to be made again, which ends a zoom
   I4 iError = 0;
-
-  std::string_view Type() const { return sPlotType(iPlotType).trimmed(); }
 };
 
 // ---- fields of the tool window
@@ -60,13 +46,10 @@ struct SectionView {
 /// Before the first one is shown the field holds nothing of the user's.
 void Read_Noise_Floor(SectionView& hView) {
   if (hView.iSectionShown == 0) return;
-  R4 fField = 0.0f;
-  InfoError();
-  WDialogGetReal(iFldNoiseFloor, fField);
-  if (InfoError() != iErrNone) return;
-  L4 bChanged = false;
-  QCS_Take_Noise_Floor(hView.iSectionShown, hView.iPlotType, fField, hView.fYPNoise0, bChanged);
-  hView.bInitialize = hView.bInitialize || bChanged;
+  const auto fField = WDialogGetReal(iFldNoiseFloor);
+  if (fField && QCS_Take_Noise_Floor(hView.iSectionShown, hView.iPlotType, *fField, hView.fYPNoise0)) {
+    hView.bInitialize = true;
+  }
 }
 
 void Read_Fields(SectionView& hView) {
@@ -79,45 +62,26 @@ void Read_Fields(SectionView& hView) {
   if (hView.iPlotType != iPlotType0) hView.bInitialize = true;
 }
 
-void Put_Noise_Floor(SectionView& hView) {
-  hView.fYPNoise0 = fYPNoise(hView.iPlotType);
-  WDialogPutReal(iFldNoiseFloor, hView.fYPNoise0, "(1P,G14.3)");
-}
-
 // ---- what is shown
 
 void Begin_Section(SectionView& hView) {
   hView.iSectionShown = hView.iSection;
   hView.iTrn = hSection(hView.iSection).iTrnBeg;
-  QCS_Plot_Types(hTrn(hView.iTrn).iRxCmp, hView.NPlotType, hView.sPlotType);
+  const std::vector<std::string> sPlotType = QCS_Plot_Types(hTrn(hView.iTrn).iRxCmp);
+  hView.NPlotType = static_cast<I4>(sPlotType.size());
   hView.iPlotType = std::clamp(hView.iPlotType, 1, hView.NPlotType);
-  std::vector<std::string> sEntry;
-  for (I4 I = 1; I <= hView.NPlotType; ++I) sEntry.push_back(hView.sPlotType(I).str());
-  WDialogPutMenu1(iMnuView, sEntry, hView.iPlotType);
+  WDialogPutMenu1(iMnuView, sPlotType, hView.iPlotType);
   hView.bInitialize = true;
 }
 
 void Initialize_Plot(SectionView& hView) {
   hView.bInitialize = false;
-  hView.hFull = PlotRange{};  // a section without values must not show the scale of the one before
-  I4 iError = 0;
-  QCS_Section_Initialize(hView.iSection, hView.iPlotType, hView.hFull, iError);
+  // A section without values must not show the scale of the one before.
+  hView.hFull = QCS_Section_Initialize(hView.iSection, hView.iPlotType).value_or(PlotRange{});
   hView.hRange = hView.hFull;
-  Put_Noise_Floor(hView);
+  hView.fYPNoise0 = fYPNoise(hView.iPlotType);
+  WDialogPutReal(iFldNoiseFloor, hView.fYPNoise0, "(1P,G14.3)");
   hView.bRedraw = true;
-}
-
-void Put_Place(const SectionView& hView) {
-  WDialogPutString(iLblSectionTitle,
-                   "Section " + Str_Write_I4(hView.iSection).str() + "/" + Str_Write_I4(NSection).str());
-  WDialogPutTrackbar(iTrkSection, hView.iSection);
-}
-
-void Draw(SectionView& hView) {
-  if (!hView.bRedraw) return;
-  hView.bRedraw = false;
-  I4 iError = 0;
-  QCS_Section_Plot(hView.iSection, hView.iPlotType, hView.Type(), hView.hRange, iError);
 }
 
 /// Brings fields, ranges and picture up to date.
@@ -125,26 +89,29 @@ void Show(SectionView& hView) {
   Read_Fields(hView);
   if (hView.iSection != hView.iSectionShown) Begin_Section(hView);
   if (hView.bInitialize) Initialize_Plot(hView);
-  Put_Place(hView);
-  Draw(hView);
+  WDialogPutString(iLblSectionTitle,
+                   "Section " + Str_Write_I4(hView.iSection).str() + "/" + Str_Write_I4(NSection).str());
+  WDialogPutTrackbar(iTrkSection, hView.iSection);
+  if (!hView.bRedraw) return;
+  hView.bRedraw = false;
+  // What cannot be drawn was reported; the user goes on to another section.
+  static_cast<void>(QCS_Section_Plot(hView.iSection, hView.iPlotType, hView.hRange));
 }
 
 // ---- gestures
 
-void Page(SectionView& hView, I4 iStep) {
-  hView.iSection = std::clamp(hView.iSection + iStep, 1, NSection);
+void Next(SectionView& hView) {
+  hView.iSection = std::min(hView.iSection + 1, NSection);
+}
+
+void Previous(SectionView& hView) {
+  hView.iSection = std::max(hView.iSection - 1, 1);
 }
 
 void Zoom_In(SectionView& hView) {
-  R4 fX1 = 0.0f, fY1 = 0.0f, fX2 = 0.0f, fY2 = 0.0f;
-  I4 iError = 0;
-  IGr_ZoomMouseBox(iCursorCorner, fX1, fY1, fX2, fY2, iError);
-  if (iError != 0) return;
-  QCS_Shape_Box(fYCMU / fXCMU, fX1, fY1, fX2, fY2);
-  PlotRange hBox;
-  IPgUnitsFromGrUnits(fX1, fY1, hBox.fXPmin, hBox.fYPmin);
-  IPgUnitsFromGrUnits(fX2, fY2, hBox.fXPmax, hBox.fYPmax);
-  hView.hRange = QCS_Zoom_Range(hBox, hView.hFull);
+  const MouseBox h = IGr_ZoomMouseBox(iCursorCorner);
+  if (h.iError != 0) return;
+  hView.hRange = Shift_Inside(Range_of_Box(Shaped_Zoom_Box(fYCMU / fXCMU, h.hBox)), hView.hFull);
   hView.bRedraw = true;
 }
 
@@ -153,13 +120,12 @@ void Zoom_All(SectionView& hView) {
   hView.bRedraw = true;
 }
 
+/// After Esc the hint lines still speak of the box.
 void Flip_Stations(SectionView& hView) {
   Tool_Hint_Box();
-  R4 fX1 = 0.0f, fY1 = 0.0f, fX2 = 0.0f, fY2 = 0.0f;
-  I4 iError = 0;
-  IGr_ZoomMouseBox(iCursorTwoWay, fX1, fY1, fX2, fY2, iError);
-  if (iError != 0) return;
-  QCS_Section_FlipTrn(hView.iSection, fX1, fX2);
+  const MouseBox h = IGr_ZoomMouseBox(iCursorTwoWay);
+  if (h.iError != 0) return;
+  QCS_Section_FlipTrn(hView.iSection, h.hBox.fX1, h.hBox.fX2);
   Tool_Hint_Flags();
   hView.bInitialize = true;
 }
@@ -169,50 +135,49 @@ void Flip_All(SectionView& hView) {
   hView.bInitialize = true;
 }
 
+PickedPoint Point_at(const SectionView& hView, const GrPoint& hClick, R4 fReach) {
+  return QCS_Section_Point(hClick, hView.iSection, hView.iPlotType, hView.hRange, fReach);
+}
+
 void View_Curve(SectionView& hView) {
   WDialogHide();
-  R4 fX = 0.0f, fY = 0.0f;
-  I4 iError = 0;
-  I4 iTrnPnt = 0, iTwcPnt = 0;
-  IGr_GetMousePoint(iCursorPick, fX, fY, iError);
-  if (iError == 0) {
-    QCS_Section_Point(fX, fY, hView.iSection, hView.iPlotType, hView.hRange, fReachCurve, iTrnPnt, iTwcPnt);
-    if (iTrnPnt == 0) WindowBell();
+  const MousePoint hClick = IGr_GetMousePoint(iCursorPick);
+  PickedPoint hPicked;
+  if (hClick.iError == 0) {
+    hPicked = Point_at(hView, hClick.hPoint, fReachCurve);
+    if (hPicked.iTrn == 0) WindowBell();
   }
-  if (iTrnPnt == 0) return Tool_Show();
-  hView.iTrn = iTrnPnt;
+  if (hPicked.iTrn == 0) return Tool_Show();
+  hView.iTrn = hPicked.iTrn;
   hView.iFlag = iFlagCurve;
 }
 
-/// Says in the status bar what became of an export.
-void Tell_Export(const std::string& sFile, I4 iError) {
-  const std::string sName(File_Name(sFile));
-  WindowOutStatusBar(2, iError == 0 ? sName + " is written." : sName + " could not be written.");
+std::string Export_Path(const SectionView& hView, std::string_view sExtension) {
+  return QCS_Export_Path(sAvgFile, hView.iSection, hView.iPlotType, sExtension);
 }
 
-void Export_Picture(SectionView& hView, std::string_view sExtension, decltype(QCS_Section_Plot_PNG) Plot) {
-  const std::string sFile = QCS_Export_Path(sAvgFile, hView.iSection, hView.iPlotType, sExtension);
-  I4 iError = 0;
-  Plot(sFile, hView.iSection, hView.iPlotType, hView.Type(), hView.hRange, iError);
-  Tell_Export(sFile, iError);
-  hView.bRedraw = true;  // plot units are those of the picture until the window is drawn again
+/// Says in the status bar what became of an export. The window is drawn again: plot units are those of a picture until
+/// then, and a table leaves it blank.
+void End_Export(SectionView& hView, const std::string& sFile, I4 iError) {
+  const std::string sName(File_Name(sFile));
+  WindowOutStatusBar(2, iError == 0 ? sName + " is written." : sName + " could not be written.");
+  hView.bRedraw = true;
 }
 
 void Export_Wmf(SectionView& hView) {
-  Export_Picture(hView, ".wmf", QCS_Section_Plot_WMF);
+  const std::string sFile = Export_Path(hView, ".wmf");
+  End_Export(hView, sFile, QCS_Section_Plot_WMF(sFile, hView.iSection, hView.iPlotType, hView.hRange));
 }
 
 void Export_Png(SectionView& hView) {
-  Export_Picture(hView, ".png", QCS_Section_Plot_PNG);
+  const std::string sFile = Export_Path(hView, ".png");
+  End_Export(hView, sFile, QCS_Section_Plot_PNG(sFile, hView.iSection, hView.iPlotType, hView.hRange));
 }
 
 void Export_Csv(SectionView& hView) {
   WindowClear();
-  const std::string sFile = QCS_Export_Path(sAvgFile, hView.iSection, hView.iPlotType, ".csv");
-  I4 iError = 0;
-  QCS_Section_Write_CSV(sFile, hView.iSection, hView.iPlotType, iError);
-  Tell_Export(sFile, iError);
-  hView.bRedraw = true;
+  const std::string sFile = Export_Path(hView, ".csv");
+  End_Export(hView, sFile, QCS_Section_Write_CSV(sFile, hView.iSection, hView.iPlotType));
 }
 
 void Leave_to_Save(SectionView& hView) {
@@ -223,158 +188,73 @@ void Leave(SectionView& hView) {
   hView.iFlag = iFlagExit;
 }
 
-struct Gesture {
-  I4 iCommand;  // of the menu
-  I4 iButton;   // of the tool window; 0: none
-  void (*Carry_Out)(SectionView& hView);
+// clang-format off
+constexpr Gesture<SectionView> hGesture[] = {
+    // button          key        procedure      menu
+    {iBtnZoomIn,        0,         Zoom_In,       {0, iCmdZoomIn,        "Zoom In",
+        "Click to set rubber-band-box corner, then drag to expand  zoom-in area.", ""}},
+    {iBtnZoomAll,       0,         Zoom_All,      {0, iCmdZoomAll,       "Zoom All",
+        "Return to default plot extent.", ""}},
+    {iBtnFlipTransient, 0,         Flip_Stations, {0, iCmdFlipTransient, "Flip Transient",
+        "Reverse transient polarity.", ""}},
+    {iBtnFlipAll,       0,         Flip_All,      {0, iCmdFlipAll,       "Flip All",
+        "Reverse polarity of all transients.", ""}},
+    {iBtnViewCurve,     0,         View_Curve,    {0, iCmdViewCurve,     "View Curve",
+        "Show TEM transient plot.", ""}},
+    {0,                 0,         nullptr,       {0, 0,                 "Export Plot", "", ""}},
+    {0,                 0,         Export_Wmf,    {1, iCmdExportWmf,     "Export plot to WMF",
+        "Export profile plot to windows metafile (WMF) file.", ""}},
+    {0,                 0,         Export_Png,    {1, iCmdExportPng,     "Export plot to PNG",
+        "Export profile plot to portable network graphics (PNG) file.", ""}},
+    {0,                 0,         Export_Csv,    {1, iCmdExportCsv,     "Export profile data to CSV",
+        "Export profile data to a CSV file", ""}},
+    {iBtnSaveData,      0,         Leave_to_Save, {0, iCmdSaveData,      "Save Data",
+        "Save data in updated avg file or other data file formats.", "Ctrl+S"}},
+    {iBtnExitReview,    0,         Leave,         {0, iCmdExit,          "Exit Review",
+        "Exit data review without saving changes.", ""}},
+    {0,                 'N',       Next},
+    {0,                 iKeyDown,  Next},
+    {0,                 iKeyRight, Next},
+    {0,                 'P',       Previous},
+    {0,                 iKeyUp,    Previous},
+    {0,                 iKeyLeft,  Previous},
 };
+// clang-format on
 
-constexpr Gesture hGesture[] = {
-    {iCmdZoomIn,        iBtnZoomIn,        Zoom_In      },
-    {iCmdZoomAll,       iBtnZoomAll,       Zoom_All     },
-    {iCmdFlipTransient, iBtnFlipTransient, Flip_Stations},
-    {iCmdFlipAll,       iBtnFlipAll,       Flip_All     },
-    {iCmdViewCurve,     iBtnViewCurve,     View_Curve   },
-    {iCmdExportWmf,     0,                 Export_Wmf   },
-    {iCmdExportPng,     0,                 Export_Png   },
-    {iCmdExportCsv,     0,                 Export_Csv   },
-    {iCmdSaveData,      iBtnSaveData,      Leave_to_Save},
-    {iCmdExit,          iBtnExitReview,    Leave        },
-};
-
-void On_Choice(SectionView& hView, I4 Gesture::*iChoice, I4 iChosen) {
-  LogErr_Begin_Command();
-  for (const Gesture& h : hGesture) {
-    if (h.*iChoice == iChosen) return h.Carry_Out(hView);
-  }
-}
-
-void On_Key(SectionView& hView, I4 iKey) {
-  switch (iKey) {
-    case 'N':
-    case 'n':
-    case iKeyDown:
-    case iKeyRight: Page(hView, +1); break;
-    case 'P':
-    case 'p':
-    case iKeyUp:
-    case iKeyLeft: Page(hView, -1); break;
-    default: break;
-  }
-}
-
-void Flag_Point(SectionView& hView, const Message& hMessage) {
-  I4 iTwcPnt = 0;
-  QCS_Section_Point(hMessage.GX, hMessage.GY, hView.iSection, hView.iPlotType, hView.hRange, fReachFlag, hView.iTrn,
-                    iTwcPnt);
-  if (hView.iTrn == 0) return;
-  hTrn(hView.iTrn).bSkip(iTwcPnt) = hMessage.VALUE1 == iMouseLeft;
+void On_Press(SectionView& hView, const Message& hPress) {
+  if (hPress.VALUE2 == iByWheel) return hPress.VALUE1 == iMouseForward ? Next(hView) : Previous(hView);
+  if (hPress.VALUE1 != iMouseLeft && hPress.VALUE1 != iMouseRight) return;
+  const PickedPoint hPicked = Point_at(hView, {hPress.GX, hPress.GY}, fReachFlag);
+  hView.iTrn = hPicked.iTrn;
+  if (hPicked.iTrn == 0) return;
+  Edit_Window_Flag(hPicked.iTrn, hPicked.iTwc, hPress.VALUE1 == iMouseLeft);
   hView.bRedraw = true;
 }
 
-void On_Press(SectionView& hView, const Message& hMessage) {
-  if (hMessage.VALUE3 != 0) return;
-  if (hMessage.VALUE2 == iByWheel) return Page(hView, hMessage.VALUE1 == iMouseForward ? +1 : -1);
-  if (hMessage.VALUE1 == iMouseLeft || hMessage.VALUE1 == iMouseRight) Flag_Point(hView, hMessage);
+void On_Field(SectionView& hView, I4) {
+  hView.bFieldChanged = true;
 }
 
-void On_Resize(SectionView& hView) {
-  Tool_Follow();
-  hView.bRedraw = true;
-}
-
-void On_Message(SectionView& hView, MessageType iType, const Message& hMessage) {
-  switch (iType) {
-    case MessageType::Key: On_Key(hView, hMessage.VALUE1); break;
-    case MessageType::Menu: On_Choice(hView, &Gesture::iCommand, hMessage.VALUE1); break;
-    case MessageType::Button: On_Choice(hView, &Gesture::iButton, hMessage.VALUE1); break;
-    case MessageType::MouseDown: On_Press(hView, hMessage); break;
-    case MessageType::Field: hView.bFieldChanged = true; break;
-    case MessageType::Expose: hView.bRedraw = true; break;
-    case MessageType::Resize: On_Resize(hView); break;
-    case MessageType::Close:
-      hView.iFlag = iFlagExit;
-      hView.iError = iErrorClosed;
-      break;
-    default: break;
-  }
-}
-
-void Open_Tool() {
-  WMenu(iMenuSection);
-  Tool_Open(iDlgReviewSection, iTrkSection, NSection);
-  WDialogPutString(iLblSectionCount, Str_Write_I4(NSection).trimmed());
-  Tool_Hint_Flags();
-  Tool_Show();
-}
-
-/// Moves a pair of limits, widths kept, to where the lower one is.
-void Shift_to_Low(R4 fLow, R4& fMin, R4& fMax) {
-  fMax += fLow - fMin;
-  fMin = fLow;
-}
-
-void Shift_to_High(R4 fHigh, R4& fMin, R4& fMax) {
-  fMin -= fMax - fHigh;
-  fMax = fHigh;
-}
-
-/// Gives a side of a box at least its least half size about its middle.
-void Widen_Side(R4 fHalf, R4& f1, R4& f2) {
-  const R4 fMiddle = 0.5f * (f1 + f2);
-  const R4 fReach = std::max(0.5f * std::abs(f2 - f1), fHalf);
-  f1 = fMiddle - fReach;
-  f2 = fMiddle + fReach;
+void On_Close(SectionView& hView) {
+  hView.iFlag = iFlagExit;
+  hView.iError = iErrorClosed;
 }
 
 }  // namespace
 
-void QCS_Review(I4& iTrn, I4& iFlag, I4& iError) {
-  iError = 0;
-  iFlag = iFlagExit;
-  if (NTrn < 1 || NSection < 1) {
-    iError = 1;
-    return;
+ReviewEnd QCS_Review(I4 iTrn) {
+  if (NTrn < 1 || NSection < 1) return {iFlagExit, 1, iTrn};
+  SectionView hView;
+  hView.iTrn = std::clamp(iTrn, 1, NTrn);
+  hView.iSection = std::clamp(hTrn(hView.iTrn).iSection, 1, NSection);
+  Define_Menu(iMenuSection, hGesture);
+  WMenu(iMenuSection);
+  {
+    const ToolWindow hTool(iDlgReviewSection, iTrkSection, iLblSectionCount, NSection);
+    Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
   }
-  iTrn = std::clamp(iTrn, 1, NTrn);
-  SectionView hView{iTrn};
-  hView.iSection = std::clamp(hTrn(iTrn).iSection, 1, NSection);
-  Open_Tool();
-  while (hView.iFlag == iStay) {
-    Show(hView);
-    MessageType iType = MessageType::None;
-    Message hMessage;
-    WMessage(iType, hMessage);
-    On_Message(hView, iType, hMessage);
-  }
-  Tool_Close();
   WMenu(iNoMenu);
-  iFlag = hView.iFlag;
-  iError = hView.iError;
-}
-
-void QCS_Shape_Box(R4 fYXArea, R4& fXGr1, R4& fYGr1, R4& fXGr2, R4& fYGr2) {
-  Widen_Side(fZoomHalfX, fXGr1, fXGr2);
-  Widen_Side(fZoomHalfY, fYGr1, fYGr2);
-  const R4 fHalfX = 0.5f * (fXGr2 - fXGr1);
-  const R4 fHalfY = 0.5f * (fYGr2 - fYGr1);
-  Widen_Side(fHalfY / fYXArea, fXGr1, fXGr2);
-  Widen_Side(fHalfX * fYXArea, fYGr1, fYGr2);
-}
-
-PlotRange QCS_Zoom_Range(const PlotRange& hBox, const PlotRange& hFull) {
-  PlotRange h = hBox;
-  if (h.fXPmin < hFull.fXPmin) Shift_to_Low(hFull.fXPmin, h.fXPmin, h.fXPmax);
-  if (h.fXPmax > hFull.fXPmax) Shift_to_High(hFull.fXPmax, h.fXPmin, h.fXPmax);
-  h.fXPmin = std::max(h.fXPmin, hFull.fXPmin);  // a box wider than the section shows all of it
-
-  if (h.fYPmin < hFull.fYPmin) {
-    Shift_to_Low(hFull.fYPmin, h.fYPmin, h.fYPmax);
-    h.fYPmax = std::min(h.fYPmax, hFull.fYPmax);
-  } else if (h.fYPmax > hFull.fYPmax) {
-    Shift_to_High(hFull.fYPmax, h.fYPmin, h.fYPmax);
-  }
-  return h;
+  return {hView.iFlag, hView.iError, hView.iTrn};
 }
 
 }  // namespace quillan

@@ -12,19 +12,20 @@
 #pragma once
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/array.h"
-#include "base/text.h"
 #include "base/types.h"
 #include "model/tmd_data.h"
+#include "review/plot/plot_range.h"
+#include "review/plot/plot_types.h"
 
 namespace quillan {
 
 inline constexpr I4 MSection = MTrn;  // a section has at least one transient
-inline constexpr I4 MPlotType = 3;    // 1 decay value (dB/dt, E(t)), 2 B(t), 3 apparent resistivity
 
 // Graphics units of the section plot: the whole drawing area is 0 to fXCMU by 0 to fYCMU.
 inline constexpr R4 fXCMU = 24.0f;
@@ -33,29 +34,15 @@ inline constexpr R4 fYCMU = 17.8f;
 /// The noise floor of each plot type, in the unit of its values.
 using NoiseFloors = Array1<R4, MPlotType>;
 
+struct ValueRange {
+  R4 fMin = fRangeMin0, fMax = fRangeMax0;
+};
+
 struct SectionRecord {
   I4 iTrnBeg = 0, iTrnEnd = 0;                    // first and last transient
   R4 fStnMin = fRangeMin0, fStnMax = fRangeMax0;  // dRxKvrStn of iTrnBeg and of iTrnEnd, not sorted
-  R4 fTWCmin = fRangeMin0, fTWCmax = fRangeMax0;  // msec, range of the window centres
-  R4 fuVmin = fRangeMin0, fuVmax = fRangeMax0;    // idBdtUnit, range of fuVmag
-  R4 fBmin = fRangeMin0, fBmax = fRangeMax0;      // iBUnit, range of fBmag
-  R4 fARmin = fRangeMin0, fARmax = fRangeMax0;    // ohm-m, range of fARes
+  Array1<ValueRange, MPlotType> hValue{};         // by plot type, in the unit of its values
   NoiseFloors fYPNoise = Filled<NoiseFloors>(1.0f);
-};
-
-/// What a section plot shows, in plot units: X receiver station as recorded, Y scaled value.
-struct PlotRange {
-  R4 fXPmin = 0.0f, fXPmax = 1.0f;
-  R4 fYPmin = 0.0f, fYPmax = 1.0f;
-
-  bool Has_X(R4 fX) const { return fX >= fXPmin && fX <= fXPmax; }
-  bool Has_Y(R4 fY) const { return fY >= fYPmin && fY <= fYPmax; }
-};
-
-/// Plot units to graphics units on two linear axes: fXGr = fXGr0 + fXGrPerUnit * (fX - fX0), and so for Y.
-struct PlotMap {
-  R4 fX0 = 0.0f, fXGr0 = 0.0f, fXGrPerUnit = 1.0f;
-  R4 fY0 = 0.0f, fYGr0 = 0.0f, fYGrPerUnit = 1.0f;
 };
 
 /// A point of the plot.
@@ -96,37 +83,30 @@ void QCS_Initialize();
 /// Groups the transients of the store, in their order, and numbers them in iSection. A new section begins where the
 /// component changes and, with a fixed, long-offset or central loop, the transmitter station (beyond 10000 spacings of
 /// that of the section's first transient, in R8) or, with a moving loop, the separation dRxStn - dTxStn (the same in
-/// R4). Noise floors of before are forgotten. iError: 0; 1 the store is empty, and there are no sections.
-void QCS_Allocate(I4& iError);
+/// R4). Noise floors of before are forgotten. Returns 0; 1 the store is empty, and there are no sections.
+[[nodiscard]] I4 QCS_Allocate();
 
-/// Empties a record: no transients, empty ranges, noise floors of 1. iError: 0.
-void QCS_Initialize_SectionJ(SectionRecord& hSectionJ, I4& iError);
-/// Ranges from those of its transients. iError: 0; 1 its transients are not in the store, which is reported.
-void QCS_Range_SectionJ(SectionRecord& hSectionJ, I4& iError);
-/// Ranges of all sections. iError: 0; 1 one of them failed.
-void QCS_Range_Sections(I4& iError);
+/// The ranges of a section from those of its transients. Returns 0; 1 its transients are not in the store, which is
+/// reported.
+[[nodiscard]] I4 QCS_Range_SectionJ(SectionRecord& hSectionJ);
 
-/// Letter of a component: "x", "y", "z", and "R" for those without an axis.
-std::string_view QCS_Component_Letter(I4 iRxCmp);
-/// The plot types that a component offers, by name: sPlotType(1..NPlotType).
-void QCS_Plot_Types(I4 iRxCmp, I4& NPlotType, Array1<Text<16>, MPlotType>& sPlotType);
-/// The values that a plot type shows: fuVmag, fBmag or fARes.
-const WindowValues& QCS_Values(const Transient& h, I4 iPlotType);
+/// The plot types that a component offers, by name.
+std::vector<std::string> QCS_Plot_Types(I4 iRxCmp);
 
-/// Whether section, plot type and the section's transients exist. iError: 0; 1 they do not, which is reported under
+/// Whether section, plot type and the section's transients exist. Returns 0; 1 they do not, which is reported under
 /// the name of the caller's routine.
-void QCS_Check_Section(std::string_view sRoutine, I4 iSection, I4 iPlotType, I4& iError);
+[[nodiscard]] I4 QCS_Check_Section(std::string_view sRoutine, I4 iSection, I4 iPlotType);
 
 /// Takes up what the noise floor's field holds: limited to 1.0E-12 to 1.0E9 it is in force for the plot type. Where it
 /// differs from fYPNoise0, the value last put into the field, by more than 100 spacings, it is the user's: the section
-/// keeps it, and bChanged asks for QCS_Section_Initialize.
-void QCS_Take_Noise_Floor(I4 iSection, I4 iPlotType, R4 fField, R4 fYPNoise0, L4& bChanged);
+/// keeps it, and true asks for QCS_Section_Initialize.
+[[nodiscard]] L4 QCS_Take_Noise_Floor(I4 iSection, I4 iPlotType, R4 fField, R4 fYPNoise0);
 
-/// The full range of a section's plot: makes the section's ranges anew, puts its noise floor in force (never above 1),
+/// The full range of a section's plot: makes the section's ranges again, puts its noise floor in force (never above 1),
 /// and scales its values for all that follows. The range is never empty: one station is widened, and Y takes in 0 and
-/// at least one unit. iError: 0; 1 there is no such section or plot type, or it has no station or no value; this is
-/// reported, hRange stays, and no point is visible.
-void QCS_Section_Initialize(I4 iSection, I4 iPlotType, PlotRange& hRange, I4& iError);
+/// at least one unit. Nothing where there is no such section or plot type, or it has no station or no value; this is
+/// reported, and no point is visible.
+std::optional<PlotRange> QCS_Section_Initialize(I4 iSection, I4 iPlotType);
 
 /// Visit(SectionPoint) for each visible point: transients in their order, windows of each from the first.
 template <class Visit>
@@ -136,13 +116,15 @@ void QCS_Visit_Points(const PlotRange& hRange, Visit visit);
 template <class Visit>
 void QCS_Visit_Joins(const PlotRange& hRange, Visit visit);
 
+/// A window that was picked; 0: none was.
+struct PickedPoint {
+  I4 iTrn = 0;  // transient
+  I4 iTwc = 0;  // time window
+};
 /// The visible point nearest to a click, within fRGrMax of it, all in graphics units; the first of equally near ones.
-/// iTrnPnt, iTwcPnt: its transient and its window; 0 if there is none.
-void QCS_Nearest_Point(R4 fXGr1, R4 fYGr1, const PlotRange& hRange, const PlotMap& hMap, R4 fRGrMax, I4& iTrnPnt,
-                       I4& iTwcPnt);
+PickedPoint QCS_Nearest_Point(const GrPoint& hClick, const PlotRange& hRange, const PlotMap& hMap, R4 fRGrMax);
 /// The same in the plot that is on the screen, for a click within the drawing area.
-void QCS_Section_Point(R4 fXGr1, R4 fYGr1, I4 iSection, I4 iPlotType, const PlotRange& hRange, R4 fRGrMax, I4& iTrnPnt,
-                       I4& iTwcPnt);
+PickedPoint QCS_Section_Point(const GrPoint& hClick, I4 iSection, I4 iPlotType, const PlotRange& hRange, R4 fRGrMax);
 
 /// Reverses the polarity (fuVmag, fBmag and their ranges) of the transients of a section from station fXPlt1 to fXPlt2,
 /// up to the first one beyond fXPlt2. Missing values stay missing; the section is to be initialised again.
@@ -183,11 +165,9 @@ void QCS_Visit_Joins(const PlotRange& hRange, Visit visit) {
   }
 }
 
-// The same, the status returned.
-[[nodiscard]] inline I4 QCS_Allocate() {
-  I4 iError = 0;
-  QCS_Allocate(iError);
-  return iError;
+// Old forms; they go when the last caller has changed.
+inline void QCS_Allocate(I4& iError) {
+  iError = QCS_Allocate();
 }
 
 }  // namespace quillan

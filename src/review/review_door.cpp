@@ -6,7 +6,6 @@
 #include "review/qcc_review.h"
 #include "review/qcs_review.h"
 #include "review/qcs_sections.h"
-#include "review/review_flag.h"
 #include "toolkit/draw/draw.h"
 #include "toolkit/window/menus.h"
 
@@ -26,25 +25,20 @@ I4 TEM_First_Review() {
   return hSection(1).fStnMax - hSection(1).fStnMin <= fSingleSounding ? iFlagCurve : iFlagSection;
 }
 
-void TEM_Review_Data(I4& iFlag, I4& iError) {
-  iFlag = 0;
-  iError = NTrn < 1 || NSection < 0 ? 1 : 0;
-  if (iError != 0) return;
+ReviewEnd TEM_Review_Data() {
+  if (NTrn < 1 || NSection < 0) return {.iError = 1};
 
-  iFlag = TEM_First_Review();
-  hDoor.iTrn = std::clamp(hDoor.iTrn, 1, NTrn);
+  ReviewEnd h{.iFlag = TEM_First_Review(), .iTrn = std::clamp(hDoor.iTrn, 1, NTrn)};
   WMenu(iNoMenu);
-  while (iFlag == iFlagSection || iFlag == iFlagCurve) {
-    hDoor.iFlag0 = iFlag;
-    if (iFlag == iFlagSection) {
-      QCS_Review(hDoor.iTrn, iFlag, iError);
-    } else {
-      QCC_Review(hDoor.iTrn, iFlag, iError);
-    }
+  while (h.iFlag == iFlagSection || h.iFlag == iFlagCurve) {
+    hDoor.iFlag0 = h.iFlag;
+    h = h.iFlag == iFlagSection ? QCS_Review(h.iTrn) : QCC_Review(h.iTrn);
+    hDoor.iTrn = h.iTrn;
   }
-  iError = 0;
   WindowClear();
   WMenu(iMenuMain);
+  h.iError = 0;
+  return h;
 }
 
 }  // namespace quillan

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/types.h"
+#include "review/review_flag.h"
 
 namespace quillan {
 
@@ -19,18 +20,14 @@ void TEM_Review_Initialize();
 I4 TEM_First_Review();
 
 /// Lets the user review until leaving; the main window then has its menu again and is blank. iFlag: iFlagSave or
-/// iFlagExit (review_flag.h). iError: 0; 1 there is nothing to review, iFlag is then 0.
-void TEM_Review_Data(I4& iFlag, I4& iError);
+/// iFlagExit. iError: 0; 1 there is nothing to review, iFlag is then 0.
+[[nodiscard]] ReviewEnd TEM_Review_Data();
 
-// The same, the results returned.
-struct ReviewEnd {
-  I4 iFlag = 0;
-  I4 iError = 0;
-};
-[[nodiscard]] inline ReviewEnd TEM_Review_Data() {
-  ReviewEnd h;
-  TEM_Review_Data(h.iFlag, h.iError);
-  return h;
+// Old forms; they go when the last caller has changed.
+inline void TEM_Review_Data(I4& iFlag, I4& iError) {
+  const ReviewEnd h = TEM_Review_Data();
+  iFlag = h.iFlag;
+  iError = h.iError;
 }
 
 }  // namespace quillan

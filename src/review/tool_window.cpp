@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "foundations/log_file.h"
+#include "foundations/str_write.h"
 #include "model/tmd_data.h"
 #include "toolkit/dialog/dialog.h"
 #include "toolkit/draw/draw.h"
@@ -18,11 +18,21 @@ constexpr I4 NStepMost = 21;  // a trackbar of so many steps or more is too fine
 
 }  // namespace
 
-void Tool_Open(I4 iDialog, I4 iTrackbar, I4 NItem) {
+ToolWindow::ToolWindow(I4 iDialog, I4 iTrackbar, I4 iLblCount, I4 NItem) {
   WDialogLoad(iDialog);
   WMessageEnable(MessageType::Field, true);
   WDialogRangeTrackbar(iTrackbar, 1, std::max(2, NItem), Tool_Trackbar_Step(NTrn));
+  WDialogPutString(iLblCount, Str_Write_I4(NItem).trimmed());
+  Tool_Hint_Flags();
+  Tool_Show();
   InqWintError("Tool_Open");
+}
+
+ToolWindow::~ToolWindow() {
+  WDialogUnload();
+  WMessageEnable(MessageType::Field, false);
+  IPgForget();
+  WindowClear();
 }
 
 void Tool_Show() {
@@ -32,13 +42,6 @@ void Tool_Show() {
 void Tool_Follow() {
   WDialogHide();
   Tool_Show();
-}
-
-void Tool_Close() {
-  WDialogUnload();
-  WMessageEnable(MessageType::Field, false);
-  IPgForget();
-  WindowClear();
 }
 
 I4 Tool_Trackbar_Step(I4 NTransient) {

@@ -2,19 +2,41 @@
 #pragma once
 
 #include "base/types.h"
+#include "toolkit/window/ids.h"
 
 namespace quillan {
 
-/// Loads a review's dialog, ranges its trackbar from 1 to the larger of 2 and NItem, and switches its messages on. The
-/// step of the trackbar doubles while the NTrn transients of the store make more than 20 steps.
-void Tool_Open(I4 iDialog, I4 iTrackbar, I4 NItem);
+// Controls of dialogs 115, the curves, and 118, the sections.
+inline constexpr I4 iBtnSaveData = 1060;
+inline constexpr I4 iLblCurveCount = 1079;
+inline constexpr I4 iLblCurveTitle = 1080;
+inline constexpr I4 iBtnSkipAll = 1082;
+inline constexpr I4 iBtnClearAll = 1083;
+inline constexpr I4 iBtnZoomIn = 1084;
+inline constexpr I4 iLblSectionCount = 1086;
+inline constexpr I4 iMnuView = 1090;
+inline constexpr I4 iLblSectionTitle = 1108;
+inline constexpr I4 iBtnFlipTransient = 1112;
+inline constexpr I4 iBtnFlipAll = 1113;
+inline constexpr I4 iBtnViewCurve = 1114;
+inline constexpr I4 iBtnViewSection = 1115;
+
+/// A review's dialog on show, to the end of its scope: then it and its messages are gone and the plot is cleared.
+class ToolWindow {
+ public:
+  /// Ranges the trackbar from 1 to the larger of 2 and NItem, puts NItem beside it, and shows the dialog. A step of the
+  /// trackbar doubles while the NTrn transients of the store make more than 20 steps.
+  ToolWindow(I4 iDialog, I4 iTrackbar, I4 iLblCount, I4 NItem);
+  ~ToolWindow();
+  ToolWindow(const ToolWindow&) = delete;
+  ToolWindow& operator=(const ToolWindow&) = delete;
+};
+
 /// Shows it at the top of the main window, its right edge one pixel from the window's, or where the user put it.
 void Tool_Show();
 /// After the main window has changed its size: it goes along with the corner that it stands in, unless the user has put
 /// it elsewhere.
 void Tool_Follow();
-/// Takes it away, with its messages, and clears the plot.
-void Tool_Close();
 
 /// Step of the trackbar: 1, doubled while NTrn / step is 21 or more.
 I4 Tool_Trackbar_Step(I4 NTrn);

@@ -4,7 +4,6 @@
 
 #include "review/qcc_review.h"
 #include "review/qcs_sections.h"
-#include "review/review_flag.h"
 #include "review/tool_window.h"
 #include "support/survey_builder.h"
 
@@ -31,14 +30,9 @@ TEST(ReviewDoor, OpensTheLastReviewOrTheOneThatShowsSomething) {
 
 TEST(ReviewDoor, AnEmptyStoreHasNothingToReview) {
   Begin_Test();
-  I4 iFlag = 9, iError = 0;
-  TEM_Review_Data(iFlag, iError);
-  EXPECT_EQ(iFlag, 0);
-  EXPECT_EQ(iError, 1);
-  I4 iTrn = 7;
-  QCC_Review(iTrn, iFlag, iError);
-  EXPECT_EQ(iFlag, iFlagExit);
-  EXPECT_EQ(iError, 0);
+  EXPECT_EQ(TEM_Review_Data().iFlag, 0);
+  EXPECT_EQ(TEM_Review_Data().iError, 1);
+  EXPECT_EQ(QCC_Review(7).iFlag, iFlagExit);
 }
 
 TEST(ToolWindow, ASweepOfTheTrackbarTakesAtMostTwentySteps) {

@@ -1,4 +1,4 @@
-#include "review/plot/cft_data.h"
+#include "review/plot/colour_table.h"
 
 #include <gtest/gtest.h>
 
@@ -12,46 +12,33 @@ class CftData : public testing::Test {
  protected:
   void SetUp() override {
     bAutoErr = true;
-    I4 IOERR = 0;
-    Log_Initialize("quillan", IOERR);
+    ASSERT_EQ(Log_Initialize("quillan"), 0);
     CFT_Initialize("no_such_file.clr");
   }
   void TearDown() override { Log_Close(); }
 
   static I4 Read(const std::string& sRows) {
     Write_File("test.clr", sRows);
-    I4 iError = -1;
-    CFT_Read("test.clr", iError);
-    return iError;
+    return CFT_Read("test.clr");
   }
-  static std::string Colour(R4 fPercent) {
-    I4 iRed = -1, iGreen = -1, iBlue = -1;
-    CFT_Get(fPercent, iRed, iGreen, iBlue);
-    return std::to_string(iRed) + " " + std::to_string(iGreen) + " " + std::to_string(iBlue);
+  static std::string Colour_of(R4 fPercent) {
+    const Colour h = CFT_Get(fPercent);
+    return std::to_string(h.iRed) + " " + std::to_string(h.iGreen) + " " + std::to_string(h.iBlue);
   }
 };
 
-constexpr const char* sBlueToRed[] = {"0 0 255", "0 128 255", "0 255 255", "0 255 0", "255 255 0", "255 0 0"};
-
-void Expect_Blue_to_Red(std::string (*Colour)(R4)) {
-  const R4 fPercent[] = {0.0f, 12.5f, 25.0f, 50.0f, 75.0f, 100.0f};
-  for (std::size_t I = 0; I < std::size(fPercent); ++I) EXPECT_EQ(Colour(fPercent[I]), sBlueToRed[I]) << fPercent[I];
-}
-
-TEST_F(CftData, WithoutAFileColoursRunFromBlueToRed) {
-  EXPECT_EQ(NCFT, 5);
-  Expect_Blue_to_Red(Colour);
-  EXPECT_EQ(Colour(-20.0f), "0 0 255");
-  EXPECT_EQ(Colour(1.0E30f), "255 0 0");
-}
-
-TEST_F(CftData, TheFileThatIsShippedHoldsTheSameColours) {
-  EXPECT_EQ(Read("0 9 9 9\n"), 0);
-  I4 iError = -1;
-  CFT_Read(std::string(QUILLAN_SOURCE_DIR) + "/share/cftable.clr", iError);
-  EXPECT_EQ(iError, 0);
-  EXPECT_EQ(NCFT, 5);
-  Expect_Blue_to_Red(Colour);
+TEST_F(CftData, WithoutAFileAndInTheOneThatIsShippedColoursRunFromBlueToRed) {
+  for (const bool bShipped : {false, true}) {
+    if (bShipped) {
+      EXPECT_EQ(Read("0 9 9 9\n"), 0);
+      EXPECT_EQ(CFT_Read(std::string(QUILLAN_SOURCE_DIR) + "/share/cftable.clr"), 0);
+    }
+    EXPECT_EQ(NCFT, 5);
+    std::string sColours;
+    for (const R4 fPercent : {-20.0f, 0.0f, 12.5f, 25.0f, 50.0f, 75.0f, 100.0f, 1.0E30f})
+      sColours += Colour_of(fPercent) + ", ";
+    EXPECT_EQ(sColours, "0 0 255, 0 0 255, 0 128 255, 0 255 255, 0 255 0, 255 255 0, 255 0 0, 255 0 0, ") << bShipped;
+  }
 }
 
 TEST_F(CftData, RowsAreSortedHeldToTheirRangesAndTheFirstOfAPercentStays) {
@@ -68,21 +55,18 @@ TEST_F(CftData, RowsAreSortedHeldToTheirRangesAndTheFirstOfAPercentStays) {
                  "50 8 8 8"),
             0);
   EXPECT_EQ(NCFT, 3);
-  EXPECT_EQ(Colour(0.0f), "10 20 30");
-  EXPECT_EQ(Colour(50.0f), "1 2 3");
-  EXPECT_EQ(Colour(100.0f), "255 0 100");
-  EXPECT_EQ(Colour(75.0f), "128 1 52") << "halves are rounded away from zero";
-}
-
-TEST_F(CftData, OneRowIsTheColourOfEveryPercent) {
-  EXPECT_EQ(Read("40 7 8 9\n"), 0);
-  for (const R4 fPercent : {0.0f, 40.0f, 100.0f}) EXPECT_EQ(Colour(fPercent), "7 8 9");
+  EXPECT_EQ(Colour_of(0.0f), "10 20 30");
+  EXPECT_EQ(Colour_of(50.0f), "1 2 3");
+  EXPECT_EQ(Colour_of(100.0f), "255 0 100");
+  EXPECT_EQ(Colour_of(75.0f), "128 1 52") << "halves are rounded away from zero";
 }
 
 TEST_F(CftData, BeyondTheRowsOfAFileTheEndColoursGoOn) {
   EXPECT_EQ(Read("40 100 0 0\n60 200 0 0\n"), 0);
-  EXPECT_EQ(Colour(0.0f), "100 0 0");
-  EXPECT_EQ(Colour(100.0f), "200 0 0");
+  EXPECT_EQ(Colour_of(0.0f), "100 0 0");
+  EXPECT_EQ(Colour_of(100.0f), "200 0 0");
+  EXPECT_EQ(Read("40 7 8 9\n"), 0);
+  for (const R4 fPercent : {0.0f, 40.0f, 100.0f}) EXPECT_EQ(Colour_of(fPercent), "7 8 9");
 }
 
 TEST_F(CftData, OfTheLinesThatCannotBeReadTheFirstIsReported) {
