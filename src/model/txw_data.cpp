@@ -14,8 +14,6 @@ namespace quillan {
 
 namespace {
 
-constexpr R8 dRangeMin0 = 1.0E32;
-constexpr R8 dRangeMax0 = -1.0E32;
 constexpr R4 fPi = 3.14159265f;
 constexpr R4 fRadian = 0.0174532924f;  // radians in a degree
 constexpr I4 NCornerMin = 3;           // fewer enclose nothing
@@ -24,6 +22,7 @@ constexpr R4 fSideMin = 0.01f;         // where the search for the longest wire 
 constexpr R4 fAzimuthMax = 360.1f;     // degrees, either way
 constexpr R8 dStnMax = 1.0E20;         // a station number beyond it is a missing value
 constexpr R8 dStnSpacings = 100.0;     // within so many spacings two identifiers are one station
+constexpr const char* sNoArea = "has less than 3 wire endpoints => no surface area.";
 
 bool Is_Same_Stn(R8 dStn, R8 dStnK) {
   return std::abs(dStnK - dStn) <= dStnSpacings * Spacing(dStn);
@@ -41,10 +40,6 @@ void Report(const ErrorLines& sError) {
 /// "Txw_Get_Area.ERROR: Tx loop for Tx.Stn=1200"
 std::string Loop_Text(const char* sRoutine, const WireLoop& hTxwJ) {
   return std::string(sRoutine) + ".ERROR: Tx loop for Tx.Stn=" + Str_Write_XYZR8(hTxwJ.dTxStn).str();
-}
-
-bool Is_Identity(const std::vector<I4>& JSort) {
-  return std::is_sorted(JSort.begin(), JSort.end());
 }
 
 /// Of each run of one station the first loop stays.
@@ -137,81 +132,71 @@ void Txw_Initialize() {
   NTxw = 0;
   hTxw.Allocate(0);
   NTxwError = 0;
-  dTxStnMin = dRangeMin0;
-  dTxStnMax = dRangeMax0;
-  dTxUTMMin.fill(dRangeMin0);
-  dTxUMTMax.fill(dRangeMax0);
-  fTxDepthMin = 0.0f;
-  fTxDepthMax = 0.0f;
 }
 
-void Txw_Allocate(I4& iError) {
-  iError = NTxw < 1 ? 1 : 0;
+I4 Txw_Allocate() {
   hTxw.Allocate(std::max(NTxw, 0));
+  return NTxw < 1 ? 1 : 0;
 }
 
-void Txw_Sort(I4& iError) {
-  iError = 0;
+void Txw_Sort() {
   if (NTxw < 2) return;
-
   std::vector<R8> dTxStn(static_cast<std::size_t>(NTxw));
   std::vector<I4> JSort(dTxStn.size());
   for (I4 K = 1; K <= NTxw; ++K) dTxStn[static_cast<std::size_t>(K - 1)] = hTxw(K).dTxStn;
   InsertSort_R8(NTxw, dTxStn, JSort);
-  if (Is_Identity(JSort)) return;
+  if (std::is_sorted(JSort.begin(), JSort.end())) return;
 
   const WireTable hTxw0 = hTxw;
   for (I4 K = 1; K <= NTxw; ++K) hTxw(K) = hTxw0(JSort[static_cast<std::size_t>(K - 1)]);
   Drop_Repeated_Loops();
 }
 
-void Txw_Get_Area(WireLoop& hTxwJ, I4& iError) {
-  iError = 0;
+I4 Txw_Get_Area(WireLoop& hTxwJ) {
   if (hTxwJ.NTxUTMV < NCornerMin) {
-    iError = 1;
-    Report({Loop_Text("Txw_Get_Area", hTxwJ), "has less than 3 wire endpoints => no surface area."});
-    return;
+    Report({Loop_Text("Txw_Get_Area", hTxwJ), sNoArea});
+    return 1;
   }
   Set_Center(hTxwJ);
   Order_by_Angle(hTxwJ);
   const R4 fArea = Signed_Area(hTxwJ);
   hTxwJ.fTxArea = std::abs(fArea);
   if (fArea < 0.0f) Reverse_Order(hTxwJ);
+  return 0;
 }
 
-void Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength, I4& iError) {
-  iError = 1;
+I4 Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength) {
   fTxLength.fill(1.0f);
   if (!(hTxwJ.fTxArea >= fAreaMin)) {
     Report({Loop_Text("Txw_Get_Length", hTxwJ), "has surface area < 0.01 m^2"});
-    return;
+    return 1;
   }
   fTxLength.fill(std::sqrt(hTxwJ.fTxArea));
   if (hTxwJ.NTxUTMV < NCornerMin) {
-    Report({Loop_Text("Txw_Get_Length", hTxwJ), "has less than 3 wire endpoints => no surface area."});
-    return;
+    Report({Loop_Text("Txw_Get_Length", hTxwJ), sNoArea});
+    return 1;
   }
   if (!(std::abs(fXazm) <= fAzimuthMax)) {
     Report({"Txw_Get_Length.ERROR:",
             "input X azimuth =" + Str_Write_R4(fXazm, "(F0.1)").str() + " < 360 or > 360 degrees"});
-    return;
+    return 1;
   }
 
-  iError = 0;
   R4 fXLength = 0.0f, fYLength = 0.0f;
   Longest_Wires(hTxwJ, fXazm, fXLength, fYLength);
   const R4 fLenScale = std::sqrt(hTxwJ.fTxArea / (fXLength * fYLength));
   fTxLength(1) = fLenScale * fXLength;
   fTxLength(2) = fLenScale * fYLength;
+  return 0;
 }
 
-void Txw_Get_iTxw(R8 dTxStn, I4& iTxw, I4& iError) {
-  iTxw = 0;
-  iError = NTxw < 1 || !(std::abs(dTxStn) <= dStnMax) ? 1 : 0;
-  for (I4 K = 1; iError == 0 && K <= NTxw; ++K) {
-    if (Is_Same_Stn(dTxStn, hTxw(K).dTxStn)) iTxw = K;
-    if (iTxw > 0 || hTxw(K).dTxStn > dTxStn) return;
+LoopFound Txw_Get_iTxw(R8 dTxStn) {
+  if (NTxw < 1 || !(std::abs(dTxStn) <= dStnMax)) return {.iError = 1};
+  for (I4 K = 1; K <= NTxw; ++K) {
+    if (Is_Same_Stn(dTxStn, hTxw(K).dTxStn)) return {.iTxw = K};
+    if (hTxw(K).dTxStn > dTxStn) break;
   }
+  return {};
 }
 
 }  // namespace quillan

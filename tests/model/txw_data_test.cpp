@@ -6,7 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "foundations/log_file.h"
+#include "support/reports.h"
+#include "support/survey_builder.h"
 
 namespace quillan {
 namespace {
@@ -28,30 +29,17 @@ WireLoop Loop(R8 dTxStn, const std::vector<Corner>& hCorner) {
   return h;
 }
 
-/// Reports that a user would have seen as boxes.
-I4 Shown(std::string_view sPart) {
-  I4 NShown = 0;
-  for (I4 I = 1; I <= NTextBuffer; ++I) {
-    if (sTextBuffer(I).trimmed().find(sPart) != std::string_view::npos) ++NShown;
-  }
-  return NShown;
-}
-
 class WireLoops : public testing::Test {
  protected:
   void SetUp() override {
-    bAutoErr = true;
-    I4 IOERR = 0;
-    Log_Initialize("quillan", IOERR);
+    Begin_Test();
     LogText_Reset();
     Txw_Initialize();
   }
 
   static void Put(const std::vector<R8>& dTxStn) {
     NTxw = static_cast<I4>(dTxStn.size());
-    I4 iError = 1;
-    Txw_Allocate(iError);
-    ASSERT_EQ(iError, 0);
+    ASSERT_EQ(Txw_Allocate(), 0);
     for (I4 K = 1; K <= NTxw; ++K) {
       hTxw(K).dTxStn = dTxStn[static_cast<std::size_t>(K - 1)];
       hTxw(K).NTxUTMV = K;  // tells the loops apart after a sort
@@ -76,13 +64,10 @@ TEST_F(WireLoops, SquareHasItsAreaInWhateverOrderItsCornersCome) {
   };
   for (const auto& hCorner : hOrder) {
     WireLoop h = Loop(1, hCorner);
-    I4 iError = 1;
-    Txw_Get_Area(h, iError);
-    EXPECT_EQ(iError, 0);
+    EXPECT_EQ(Txw_Get_Area(h), 0);
     EXPECT_FLOAT_EQ(h.fTxArea, 40000.0f);
-    EXPECT_EQ(h.dTxUTMC, (Array1<R8, 3>{
-                             {350200.0, 6240120.0, 10.0}
-    }));
+    EXPECT_EQ(h.dTxUTMC(1), 350200.0);
+    EXPECT_EQ(h.dTxUTMC(2), 6240120.0);
     for (I4 J = 1; J <= 4; ++J) {  // anticlockwise, and each corner has kept its own depth
       const I4 JNext = J % 4 + 1;
       EXPECT_GT((h.dTxUTMV(1, J) - 350200) * (h.dTxUTMV(2, JNext) - 6240120) -
@@ -109,12 +94,10 @@ TEST_F(WireLoops, SidesKeepTheAreaAndTheProportions) {
                            {300, 100},
                            {0,   100}
   });
-  I4 iError = 1;
-  Txw_Get_Area(h, iError);
+  ASSERT_EQ(Txw_Get_Area(h), 0);
   for (const Case& hOne : hCase) {
     Array1<R4, 2> fTxLength{};
-    Txw_Get_Length(h, hOne.fXazm, fTxLength, iError);
-    EXPECT_EQ(iError, 0) << hOne.sWhat;
+    EXPECT_EQ(Txw_Get_Length(h, hOne.fXazm, fTxLength), 0) << hOne.sWhat;
     EXPECT_NEAR(fTxLength(1), hOne.fAlong, 0.01f) << hOne.sWhat;
     EXPECT_NEAR(fTxLength(2), hOne.fAcross, 0.01f) << hOne.sWhat;
   }
@@ -125,16 +108,13 @@ TEST_F(WireLoops, LoopWithoutSidesIsReportedOnScreenOnce) {
                                   {0,   0},
                                   {100, 0}
   });
-  I4 iError = 0;
-  Txw_Get_Area(hWire, iError);
-  EXPECT_EQ(iError, 1);
+  EXPECT_EQ(Txw_Get_Area(hWire), 1);
   EXPECT_FALSE(Is_Present(hWire.fTxArea));
   EXPECT_EQ(Shown("Txw_Get_Area.ERROR: Tx loop for Tx.Stn=1200"), 1);
   EXPECT_EQ(Shown("has less than 3 wire endpoints => no surface area."), 1);
 
   Array1<R4, 2> fTxLength{};
-  Txw_Get_Length(hWire, 0.0f, fTxLength, iError);
-  EXPECT_EQ(iError, 1);
+  EXPECT_EQ(Txw_Get_Length(hWire, 0.0f, fTxLength), 1);
   EXPECT_EQ(fTxLength(1), 1.0f);
   EXPECT_EQ(Shown("has surface area < 0.01 m^2"), 0) << "a second box";
   EXPECT_EQ(NTxwError, 2);
@@ -147,34 +127,26 @@ TEST_F(WireLoops, LengthWithoutAnAzimuthIsThatOfTheSquare) {
                            {400, 100},
                            {0,   100}
   });
-  I4 iError = 0;
-  Txw_Get_Area(h, iError);
+  ASSERT_EQ(Txw_Get_Area(h), 0);
   Array1<R4, 2> fTxLength{};
-  Txw_Get_Length(h, 400.0f, fTxLength, iError);
-  EXPECT_EQ(iError, 1);
-  EXPECT_EQ(fTxLength, (Array1<R4, 2>{
-                           {200.0f, 200.0f}
-  }));
+  EXPECT_EQ(Txw_Get_Length(h, 400.0f, fTxLength), 1);
+  EXPECT_EQ(fTxLength(1), 200.0f);
+  EXPECT_EQ(fTxLength(2), 200.0f);
   EXPECT_EQ(Shown("input X azimuth =400 < 360 or > 360 degrees"), 1);
 }
 
 TEST_F(WireLoops, SortKeepsTheFirstLoopOfAStationUnlessTheFileWasInOrder) {
-  I4 iError = 1;
   Put({30, 10, 20, 10, 30});
-  Txw_Sort(iError);
-  EXPECT_EQ(iError, 0);
+  Txw_Sort();
   EXPECT_EQ(Places(), (std::vector<I4>{2, 3, 1}));
 
   Put({10, 20, 20, 30});
-  Txw_Sort(iError);
+  Txw_Sort();
   EXPECT_EQ(Places(), (std::vector<I4>{1, 2, 3, 4}));
 }
 
 TEST_F(WireLoops, LookUpTakesTheLoopOfTheStation) {
-  I4 iTxw = 7, iError = 0;
-  Txw_Get_iTxw(10.0, iTxw, iError);
-  EXPECT_EQ(iError, 1) << "no loops";
-  EXPECT_EQ(iTxw, 0);
+  EXPECT_EQ(Txw_Get_iTxw(10.0).iError, 1) << "no loops";
 
   Put({-10, 10, 20});
   struct Case {
@@ -190,9 +162,9 @@ TEST_F(WireLoops, LookUpTakesTheLoopOfTheStation) {
       {dDummy,         0, 1},
   };
   for (const Case& h : hCase) {
-    Txw_Get_iTxw(h.dTxStn, iTxw, iError);
-    EXPECT_EQ(iTxw, h.iTxw) << h.dTxStn;
-    EXPECT_EQ(iError, h.iError) << h.dTxStn;
+    const LoopFound hFound = Txw_Get_iTxw(h.dTxStn);
+    EXPECT_EQ(hFound.iTxw, h.iTxw) << h.dTxStn;
+    EXPECT_EQ(hFound.iError, h.iError) << h.dTxStn;
   }
 }
 
