@@ -61,7 +61,7 @@ bool Fits(const Transient& h) {
          std::all_of(h.fTWCen.begin(), h.fTWCen.begin() + h.NTW, Fits_Time);
 }
 
-/// Whether a transient is told from the one before it by more than the rounding of the file.
+/// Whether a transient differs from the one before it by more than the rounding of the file.
 bool Stands_Apart(const Transient& h0, const Transient& h) {
   constexpr R8 dStnSteps = 0.002;
   constexpr R4 fTimeSteps = 3.0E-4f;

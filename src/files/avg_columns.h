@@ -35,92 +35,96 @@ enum class AvgContent {
   Weight,     // 1.0 for a window in use, 0.0 for a skipped one; read for its errors, without effect
 };
 
-/// A column of the legacy format.
-struct AvgLegacyForm {
-  I4 iPlace = 0;       // from the left; 0: not in this format
-  I4 NWidth = 0;       // characters, the blank at the end included
-  EditForm form = {};  // of a number; a time without a form is written by AVG_Write_TWC0
-  I4 iMark = 0;        // place of the "*" that stands for no value
-};
-
-/// A column of the current format.
+/// A column as a format writes it.
 struct AvgForm {
-  I4 NWidth = 0;  // characters, comma included; 0: not in this format
-  EditForm form = {};
-  I4 iMark = 0;
-};
-
-/// When there is something to write.
-struct AvgNeed {
-  WindowValues Transient::*hValue = nullptr;  // the column is in a file if this value is above fNoValueLimit in any
-                                              // window of the store; in every file without it
-  bool bEachWindow = false;  // and so in each window; else a window has a value if the column's own is present
+  I4 NWidth = 0;       // characters with what separates it from the next; 0: not in this format
+  EditForm form = {};  // of its numbers
+  I4 iMark = 0;        // place of the "*" that stands for no value
+  I4 iPlace = 0;       // legacy format: of the column from the left
 };
 
 struct AvgColumn {
   std::string_view sLabel;  // as we write it
-  std::string_view CAlias;  // other spellings, upper case, blanks between
-  AvgContent iContent;
-  R4 fBlank;  // what a blank or unreadable field of a number means; stations and skip flags follow the metadata
-  AvgLegacyForm hLegacy;
-  AvgForm hForm = {};
+  AvgContent iContent = AvgContent::Window;
   WindowValues Transient::*hValue = nullptr;  // of AvgContent::Window
-  AvgNeed hNeed = {};
-  R4 fAbsent = fDummy;     // the value where a file has no such column
-  bool bRequired = false;  // without it the rows below a line of labels are of no use
+  R4 fBlank = 0.0f;                           // a blank or unreadable number; stations and flags follow the metadata
+  R4 fAbsent = fDummy;                        // the value where a file has no such column
+  bool bRequired = false;                     // rows without it are of no use
+  std::string_view CAlias = {};               // other spellings that are read, upper case, blanks between
+  WindowValues Transient::*hNeed = nullptr;   // written to a file in which any window has this above fNoValueLimit
+  bool bNeedEach = false;                     // and so window by window; else a value is written if it is present
+  AvgForm hCurrent = {}, hLegacy = {};        // a legacy time has no form: AVG_Write_TWC0 writes it
 };
 
 /// In the order in which the reader takes them and the current format writes them.
 inline constexpr AvgColumn hAvgColumn[] = {
-    {"Skip", "SKP", AvgContent::Skip, 0.0f, {1, 3}},
-    {"Tx.KvrStn", "TX TX-COORD", AvgContent::TxStation, 0.0f, {2, 9, "(F14.2)"}},
-    {"Rx.KvrStn", "STATION", AvgContent::RxStation, 0.0f, {3, 9, "(F14.2)"}},
-    {"Rx.Cmp", "CMP", AvgContent::Component, 0.0f, {5, 3}},
-    {"Tx.Freq", "FREQ", AvgContent::Frequency, 0.0f, {4, 6, "(1P,G11.4E1)"}},
-    {"Tx.Amp", "AMP AMPS", AvgContent::Current, fDummy, {6, 5, "(1P,G11.4E1)"}},
-    {"TWin.Index", "WIN", AvgContent::Index, 0.0f, {7, 3}, {3}},
-    {"TWin.Center",
-     "TIME", AvgContent::Window,
-     fDummy, {8, 7},
-     {11, "ES10.4E1", 10},
-     &Transient::fTWCen,
-     {},
-     fDummy, true},
-    {"TWin.Beg", "", AvgContent::Window, fDummy, {}, {11, "ES10.4E1", 10}, &Transient::fTWBeg},
-    {"TWin.End", "", AvgContent::Window, fDummy, {}, {11, "ES10.4E1", 10}, &Transient::fTWEnd},
-    {"dBdt.Mag",
-     "E.MAG EFIELD.MAG MAGNITUDE REF.MAG TXAMP.MAG", AvgContent::Window,
-     0.0f, {9, 11, "ES12.4E1", 5},
-     {13, "ES12.5", 12},
-     &Transient::fuVmag,
-     {},
-     fDummy, true},
-    {"dBdt.Err",
-     "E.ERR EFIELD.ERR REF.ERR TXAMP.ERR", AvgContent::Window,
-     0.0f, {},
-     {10, "ES9.2", 9},
-     &Transient::fuVerr},
-    {"dBdt.%Err",
-     "%MAG E.%ERR REF.%ERR TXAMP.%ERR", AvgContent::Window,
-     0.0f, {12, 6, "F6.1", 7},
-     {8, "F7.1", 7},
-     &Transient::fuVpct,
-     {},
-     1.0f},
-    {"dBdt.Wgt", "E.WGT EFIELD.WGT REF.WGT TXAMP.WGT", AvgContent::Weight, 1.0f, {}, {8}},
-    {"ARes.Mag",
-     "RAMPAPPRES RESISTIVITY", AvgContent::Window,
-     0.0f, {10, 11, "ES10.3E1", 4},
-     {11, "ES10.3", 12},
-     &Transient::fARes,
-     {&Transient::fARes, true}},
-    {"Depth.Image",
-     "DEPTH", AvgContent::Window,
-     0.0f, {11, 11, "ES9.3E1", 4},
-     {10, "ES9.3E1", 11},
-     &Transient::fDepth,
-     {&Transient::fARes, true}},
-    {"B.Mag", "BMAG", AvgContent::Window, 0.0f, {}, {13, "ES12.5", 12}, &Transient::fBmag, {&Transient::fBmag}},
+    {.sLabel = "Skip", .iContent = AvgContent::Skip, .CAlias = "SKP", .hLegacy = {.NWidth = 3, .iPlace = 1}},
+    {.sLabel = "Tx.KvrStn",
+     .iContent = AvgContent::TxStation,
+     .CAlias = "TX TX-COORD",
+     .hLegacy = {9, "(F14.2)", 0, 2}},
+    {.sLabel = "Rx.KvrStn", .iContent = AvgContent::RxStation, .CAlias = "STATION", .hLegacy = {9, "(F14.2)", 0, 3}},
+    {.sLabel = "Rx.Cmp", .iContent = AvgContent::Component, .CAlias = "CMP", .hLegacy = {.NWidth = 3, .iPlace = 5}},
+    {.sLabel = "Tx.Freq", .iContent = AvgContent::Frequency, .CAlias = "FREQ", .hLegacy = {6, "(1P,G11.4E1)", 0, 4}},
+    {.sLabel = "Tx.Amp",
+     .iContent = AvgContent::Current,
+     .fBlank = fDummy,
+     .CAlias = "AMP AMPS",
+     .hLegacy = {5, "(1P,G11.4E1)", 0, 6}},
+    {.sLabel = "TWin.Index",
+     .iContent = AvgContent::Index,
+     .CAlias = "WIN",
+     .hCurrent = {3},
+     .hLegacy = {.NWidth = 3, .iPlace = 7}},
+    {.sLabel = "TWin.Center",
+     .hValue = &Transient::fTWCen,
+     .fBlank = fDummy,
+     .bRequired = true,
+     .CAlias = "TIME",
+     .hCurrent = {11, "ES10.4E1", 10},
+     .hLegacy = {.NWidth = 7, .iPlace = 8}},
+    {.sLabel = "TWin.Beg", .hValue = &Transient::fTWBeg, .fBlank = fDummy, .hCurrent = {11, "ES10.4E1", 10}},
+    {.sLabel = "TWin.End", .hValue = &Transient::fTWEnd, .fBlank = fDummy, .hCurrent = {11, "ES10.4E1", 10}},
+    {.sLabel = "dBdt.Mag",
+     .hValue = &Transient::fuVmag,
+     .bRequired = true,
+     .CAlias = "E.MAG EFIELD.MAG MAGNITUDE REF.MAG TXAMP.MAG",
+     .hCurrent = {13, "ES12.5", 12},
+     .hLegacy = {11, "(ES12.4E1)", 5, 9}},
+    {.sLabel = "dBdt.Err",
+     .hValue = &Transient::fuVerr,
+     .CAlias = "E.ERR EFIELD.ERR REF.ERR TXAMP.ERR",
+     .hCurrent = {10, "ES9.2", 9}},
+    {.sLabel = "dBdt.%Err",
+     .hValue = &Transient::fuVpct,
+     .fAbsent = 1.0f,
+     .CAlias = "%MAG E.%ERR REF.%ERR TXAMP.%ERR",
+     .hCurrent = {8, "F7.1", 7},
+     .hLegacy = {6, "F6.1", 7, 12}},
+    {.sLabel = "dBdt.Wgt",
+     .iContent = AvgContent::Weight,
+     .fBlank = 1.0f,
+     .CAlias = "E.WGT EFIELD.WGT REF.WGT TXAMP.WGT",
+     .hCurrent = {8}},
+    {.sLabel = "ARes.Mag",
+     .hValue = &Transient::fARes,
+     .CAlias = "RAMPAPPRES RESISTIVITY",
+     .hNeed = &Transient::fARes,
+     .bNeedEach = true,
+     .hCurrent = {11, "ES10.3", 12},
+     .hLegacy = {11, "(ES10.3E1)", 4, 10}},
+    {.sLabel = "Depth.Image",
+     .hValue = &Transient::fDepth,
+     .CAlias = "DEPTH",
+     .hNeed = &Transient::fARes,
+     .bNeedEach = true,
+     .hCurrent = {10, "ES9.3E1", 11},
+     .hLegacy = {11, "(ES9.3E1)", 4, 11}},
+    {.sLabel = "B.Mag",
+     .hValue = &Transient::fBmag,
+     .CAlias = "BMAG",
+     .hNeed = &Transient::fBmag,
+     .hCurrent = {13, "ES12.5", 12}},
 };
 inline constexpr I4 MAvgColumn = static_cast<I4>(std::size(hAvgColumn));
 
@@ -138,7 +142,7 @@ constexpr I4 AVG_Column_of(AvgContent iContent) {
 
 /// Whether window I has a value to write in a column of AvgContent::Window.
 inline bool AVG_Has_Value(const AvgColumn& hColumn, const Transient& h, I4 I) {
-  if (hColumn.hNeed.bEachWindow) return (h.*hColumn.hNeed.hValue)(I) > fNoValueLimit;
+  if (hColumn.bNeedEach) return (h.*hColumn.hNeed)(I) > fNoValueLimit;
   return (h.*hColumn.hValue)(I) > fDummyLimit;
 }
 

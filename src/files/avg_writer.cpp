@@ -37,8 +37,8 @@ bool Any_Above(WindowValues Transient::*hValue, R4 fLimit) {
 std::vector<const AvgColumn*> Choose_Columns() {
   std::vector<const AvgColumn*> hChosen;
   for (const AvgColumn& h : hAvgColumn) {
-    if (h.hForm.NWidth == 0) continue;
-    if (h.hNeed.hValue == nullptr || Any_Above(h.hNeed.hValue, fNoValueLimit)) hChosen.push_back(&h);
+    if (h.hCurrent.NWidth == 0) continue;
+    if (h.hNeed == nullptr || Any_Above(h.hNeed, fNoValueLimit)) hChosen.push_back(&h);
   }
   return hChosen;
 }
@@ -69,8 +69,8 @@ class RowText {
 
 /// A value in its form; the mark at its place where there is none or it is too wide.
 void Add_Value(const Transient& h, I4 I, const AvgColumn& hColumn, RowText& row) {
-  if (AVG_Has_Value(hColumn, h, I) && row.Add_Number((h.*hColumn.hValue)(I), hColumn.hForm.form)) return;
-  row.Pad_To(row.Size() + static_cast<std::size_t>(hColumn.hForm.iMark - 1));
+  if (AVG_Has_Value(hColumn, h, I) && row.Add_Number((h.*hColumn.hValue)(I), hColumn.hCurrent.form)) return;
+  row.Pad_To(row.Size() + static_cast<std::size_t>(hColumn.hCurrent.iMark - 1));
   row.Add('*');
 }
 
@@ -90,7 +90,7 @@ void Write_Row(const Transient& h, I4 I, const std::vector<const AvgColumn*>& hC
     }
     if (hColumn == hChosen.back()) break;
     row.Add(',');
-    row.Pad_To(N0 + static_cast<std::size_t>(hColumn->hForm.NWidth));
+    row.Pad_To(N0 + static_cast<std::size_t>(hColumn->hCurrent.NWidth));
   }
   out.Line(row.View());
 }

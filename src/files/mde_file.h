@@ -2,7 +2,7 @@
 //
 //   ! Orrin basin, line 12                     comment
 //   $ Job.Name = "Orrin basin"                 keyword record: $ name = value
-//   $ Narvo: Contour.Inc = 5                   a record of another program, told by its name before the colon
+//   $ Narvo: Contour.Inc = 5                   a record of another program, known by the name before the colon
 //
 // A record has at most 128 characters when it is read and 80 when it is carried over in an update. Comments begin with
 // ! \ / or ' when the file is read; in an update a double quote stands in place of the apostrophe, so that a line in
