@@ -24,7 +24,6 @@ namespace {
 constexpr R4 fRxAreaLeast = 0.001f;  // m^2, below it no area was given
 constexpr R4 fRxAreaDefault = 10000.0f;
 constexpr R4 fTxLeast = 1.0E-6f;      // hertz and amp, below it a row cannot be used
-constexpr R8 dStnTolerance = 100.0;   // spacings within which two stations are the same
 constexpr I4 NRecordsPerLook = 8192;  // between looks at the user's messages
 constexpr std::size_t MPlain = 32;    // characters of a number that is read where it stands
 
@@ -212,14 +211,10 @@ std::string_view Fault_of(const AvgRow& hRow) {
   return {};
 }
 
-bool Differs(R8 dStn0, R8 dStn) {
-  return dStn0 != dStn && std::abs(dStn0 - dStn) > dStnTolerance * Spacing(dStn0);
-}
-
 /// Whether a row begins a transient; remembers its stations and time for the next row.
 bool Begins_Transient(const AvgRow& hRow, AvgReadState& hRead) {
-  const bool bTx = Differs(hRead.dTxKvrStn0, hRow.dTxKvrStn);
-  const bool bRx = Differs(hRead.dRxKvrStn0, hRow.dRxKvrStn);
+  const bool bTx = !Is_Same_Stn(hRead.dTxKvrStn0, hRow.dTxKvrStn);
+  const bool bRx = !Is_Same_Stn(hRead.dRxKvrStn0, hRow.dRxKvrStn);
   // A time that falls back is a repeat at the same stations; only this tells repeats apart.
   const bool bRepeat = hRow.fValue(JTWCen) < hRead.fTWCen0;
   if (bTx) hRead.dTxKvrStn0 = hRow.dTxKvrStn;

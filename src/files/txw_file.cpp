@@ -13,6 +13,7 @@
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
 #include "foundations/user.h"
+#include "model/station_scale.h"
 #include "model/txw_data.h"
 #include "platform/file_names.h"
 
@@ -162,7 +163,7 @@ bool Is_Within_Limit(TxwImport& hImport, I4 iRecord, I4 J, R8 dValue) {
 
 void Keep_Endpoint(TxwImport& hImport, const Array1<R8, NVariable>& dValue) {
   const R8 dTxStn = dValue(1);
-  if (hImport.NLoop == 0 || std::abs(dTxStn - hImport.dTxStn0) > dStnSpacings * Spacing(hImport.dTxStn0)) {
+  if (hImport.NLoop == 0 || !Is_Same_Stn(hImport.dTxStn0, dTxStn, dStnSpacings)) {
     ++hImport.NLoop;
     hImport.NCorner = 0;
     hImport.dTxStn0 = dTxStn;

@@ -15,7 +15,6 @@ constexpr R8 dFixedLoopStn = 1.0;      // station of the one loop of a fixed-loo
 constexpr R4 fTWTolerance = 0.01f;     // msec, at any window centre
 constexpr R4 fAResLeast = 0.001f;      // ohm-m, least resistivity that counts in a range
 constexpr I4 iTimeMsec = 2;            // code in sTimeUnit
-constexpr R8 dStnSpacings = 100.0;     // within so many spacings two stations are one
 constexpr R4 fRadian = 0.0174532924f;  // radians in a degree
 
 /// Whether one of the three angles is not set.
@@ -132,7 +131,7 @@ I4 TMD_TxUTMC_from_hTxw() {
   LoopFound hFound{.iTxw = 1};
   R8 dTxStn = hTxw(1).dTxStn;
   for (I4 j = 1; j <= NTrn; ++j) {
-    if (!(std::abs(hTrn(j).dTxStn - dTxStn) <= dStnSpacings * Spacing(dTxStn))) {
+    if (!Is_Same_Stn(dTxStn, hTrn(j).dTxStn)) {
       dTxStn = hTrn(j).dTxStn;
       hFound = Txw_Get_iTxw(dTxStn);
       iError = hFound.iError;  // of the last station alone

@@ -1,4 +1,4 @@
-// station_scale.h: recorded station numbers become those of the survey.
+// station_scale.h: station numbers: when two are one, and how recorded ones become those of the survey.
 //
 //   station = (recorded - Stn.KvrBeg) * Stn.Inc / Stn.KvrInc + Stn.Beg
 //
@@ -7,9 +7,16 @@
 // the increments: the numbers of a file that is opened and saved again then stay what they were.
 #pragma once
 
+#include <cmath>
+
 #include "base/types.h"
 
 namespace quillan {
+
+/// Whether two numbers are those of one station: rescaling and printing change their last digits.
+inline bool Is_Same_Stn(R8 dStn0, R8 dStn, R8 dSpacings = 100.0) {
+  return dStn == dStn0 || std::abs(dStn - dStn0) <= dSpacings * Spacing(dStn0);
+}
 
 /// The scale of one survey: recorded numbers in, station numbers out.
 struct StationScale {

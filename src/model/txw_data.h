@@ -47,6 +47,7 @@ class WireTable {
     assert(K >= 1 && K <= MLoop());
     return hLoop[static_cast<std::size_t>(K - 1)];
   }
+  auto begin() { return hLoop.begin(); }
   I4 MLoop() const { return static_cast<I4>(hLoop.size()); }
   /// Room for NLoop loops, each with its start values.
   void Allocate(I4 NLoop) { hLoop.assign(static_cast<std::size_t>(NLoop), WireLoop{}); }

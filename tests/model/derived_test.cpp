@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 #include "model/txw_data.h"
@@ -28,20 +29,14 @@ std::vector<I4> Configurations() {
 }
 
 TEST(Store, FreshStoreHasNothingOfTheLastSurvey) {
-  Load_Times({{1.0f}});
-  hTrn(1).fuVmag(MTW) = 5.0f;
-  hTrn(MTrn).bSkip(1) = true;
-  hTrn(MTrn).sKvrDate = "2020-09-14";
+  Load({TransientBuilder().Values({5})});
+  hTrn(MTrn).bSkip(MTW) = true;
   hTemSurvey.sJobName = "Orrin basin";
-  hAvgKept.sAvgCmt(++hAvgKept.NAvgCmt) = "\\ remark";
-
+  hAvgKept.NAvgCmt = 1;
   TMD_Initialize();
-
   EXPECT_EQ(NTrn, 0);
-  EXPECT_EQ(hTrn(1).NTW, 0);
-  EXPECT_FALSE(Is_Present(hTrn(1).fuVmag(MTW)));
-  EXPECT_FALSE(hTrn(MTrn).bSkip(1));
-  EXPECT_TRUE(hTrn(MTrn).sKvrDate.Is_Blank());
+  EXPECT_FALSE(Is_Present(hTrn(1).fuVmag(1)));
+  EXPECT_FALSE(hTrn(MTrn).bSkip(MTW));
   EXPECT_TRUE(hTemSurvey.sJobName.Is_Blank());
   EXPECT_EQ(hAvgKept.NAvgCmt, 0);
 }
@@ -92,22 +87,22 @@ TEST(PrepareOutput, DepthsFollowTheResistivitiesAndOnlyTheCurrentFormatIsInMsec)
   EXPECT_EQ(hTemSurvey.iTimeUnit, 2);
 }
 
-/// Loops with one triangle each, whose centre has the station as its east.
+/// Loops of 60 by 30 m, whose centre has the station as its east.
 void Put_Loops(const std::vector<R8>& dTxStn) {
   NTxw = static_cast<I4>(dTxStn.size());
   ASSERT_EQ(Txw_Allocate(), 0);
   for (I4 K = 1; K <= NTxw; ++K) {
     WireLoop& h = hTxw(K);
-    const R8 dEast = h.dTxStn = dTxStn[static_cast<std::size_t>(K - 1)];
-    const R8 dOffset[3][2] = {
-        {-30.0, 0.0 },
-        {30.0,  0.0 },
-        {0.0,   60.0}
-    };
-    for (const auto& d : dOffset) {
-      ++h.NTxUTMV;
-      h.dTxUTMV(1, h.NTxUTMV) = dEast + d[0];
-      h.dTxUTMV(2, h.NTxUTMV) = d[1];
+    h.dTxStn = dTxStn[static_cast<std::size_t>(K - 1)];
+    for (const auto& [dEast, dNorth] : std::vector<std::pair<R8, R8>>{
+             {-30, 0 },
+             {30,  0 },
+             {30,  30},
+             {-30, 30}
+    }) {
+      h.dTxUTMV.hColumn(++h.NTxUTMV) = {
+          {h.dTxStn + dEast, dNorth, 0.0}
+      };
     }
     ASSERT_EQ(Txw_Get_Area(h), 0);
   }
@@ -130,7 +125,7 @@ TEST(TransmitterPositions, WireLoopsPlaceTheTransmitters) {
   }
   EXPECT_EQ(hTemSurvey.dTxXYZC(1), 100.0);
   EXPECT_FLOAT_EQ(hTemSurvey.fTxArea, 1800.0f);
-  EXPECT_NEAR(hTemSurvey.fTxLength(1) * hTemSurvey.fTxLength(2), 1800.0f, 0.1f);
+  EXPECT_NEAR(hTemSurvey.fTxLength(1), 60.0f, 0.01f);
   EXPECT_EQ(hTemSurvey.fTxHPR(1), 90.0f);
 }
 

