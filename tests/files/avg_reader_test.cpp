@@ -123,15 +123,6 @@ TEST(AvgReader, MoreThanTheStoreHoldsStopsTheReadAndMoreWindowsAreDropped) {
   EXPECT_EQ(hTrn(1).NTW, MTW);
 }
 
-TEST(AvgReader, LineEndsOfOtherSystemsReadTheSame) {
-  const std::string sRows = "1, 90, 0.5, 12, 7\n2, 40, 0.6, 11, 7";
-  std::string sCrLf = sHead + std::string(sLabels) + sRows;
-  for (std::size_t K = 0; (K = sCrLf.find('\n', K)) != std::string::npos; K += 2) sCrLf.replace(K, 1, "\r\n");
-  ASSERT_EQ(Read("\xEF\xBB\xBF" + sCrLf), 0);
-  EXPECT_EQ(hTrn(1).NTW, 2);
-  EXPECT_EQ(hTrn(1).fARes(2), 11.0f);
-}
-
 TEST(AvgReader, HostileBytesNeitherStopNorSpoilTheRest) {
   const std::string sGood = "3, 70, 1, 1, 7\n";
   const std::string hHostile[] = {std::string("1, 9\0, 1, 1, 7\n", 15),

@@ -89,15 +89,6 @@ TEST_F(MetadataFile, MissingFileStillSettlesTheStationScaling) {
   EXPECT_EQ(MdStn.dStnInc, 1.0);
 }
 
-TEST_F(MetadataFile, AnyBytesAreHarmless) {
-  using namespace std::string_literals;
-  Write_File("line.mde",
-             "$ Job.Name\0= x\n"s + std::string(10 << 20, 'x') + "\n$ Job.For = \xFF\xFE\n$ Job.By = crew"s);
-  EXPECT_EQ(Read(), 0);
-  EXPECT_EQ(MdJob.sBy, "crew");
-  EXPECT_NE(Updated(Read_Whole_File("line.mde")).find("\n" + std::string(80, 'x') + "\n"), std::string::npos);
-}
-
 TEST_F(MetadataFile, UpdateKeepsWhatIsNotOurs) {
   struct Case {
     const char* sWhat;
@@ -133,12 +124,6 @@ TEST_F(MetadataFile, UpdateKeepsWhatIsNotOurs) {
     const std::string sLine(Left_Adjusted(h.sLine));
     EXPECT_EQ(Updated(std::string(h.sLine) + "\n"), sSurveyLines + (h.bKept ? sLine + "\n" : "")) << h.sWhat;
   }
-}
-
-TEST_F(MetadataFile, UpdateIsStable) {
-  const std::string sText = Updated("! by hand\n$ FOO= 1   \n$ Job.Name = old\n");
-  EXPECT_EQ(sText, sSurveyLines + "! by hand\n$ FOO= 1\n");
-  EXPECT_EQ(Updated(sText), sText);
 }
 
 TEST_F(MetadataFile, UpdateCutsLongLinesBetweenCharacters) {

@@ -127,12 +127,5 @@ TEST_F(WireFile, TooManyLoopsAreCutOff) {
   EXPECT_EQ(hTxw(NTxw).dTxStn, R8{MTxwLoop}) << "the first loops of the file stay";
 }
 
-TEST_F(WireFile, AnyBytesAreHarmless) {
-  using namespace std::string_literals;
-  EXPECT_EQ(Read("\xEF\xBB\xBF"s + "1 0 0\r\n1 \0 5\n1 1 1\xFF\xFE\n"s + std::string(10 << 20, '7') + "\n1 2 2"), 0);
-  EXPECT_EQ(NTxw, 1);
-  EXPECT_EQ(hTxw(1).NTxUTMV, 2);
-}
-
 }  // namespace
 }  // namespace quillan

@@ -12,19 +12,18 @@
 namespace quillan {
 namespace {
 
-struct Corner {
-  R8 dEast, dNorth;
-};
+constexpr R8 dEast0 = 350100.0, dNorth0 = 6240020.0;  // map coordinates: in R4 alone off by half a metre
 
-WireLoop Loop(R8 dTxStn, const std::vector<Corner>& hCorner) {
+/// A rectangle of which the corners 1 to 4, anticlockwise from the south-west, come in some order; the depth of each
+/// tells it from the others.
+WireLoop Rectangle(R8 dEast, R8 dNorth, std::string_view sOrder = "1234") {
   WireLoop h;
-  h.dTxStn = dTxStn;
-  for (const Corner& hAt : hCorner) {
-    ++h.NTxUTMV;
-    h.dTxUTMV.hColumn(h.NTxUTMV) = {
-        {hAt.dEast, hAt.dNorth, 10.0}
-    };
-    h.fTxDepth(h.NTxUTMV) = static_cast<R4>(-hAt.dEast);
+  h.dTxStn = 1200.0;
+  for (const char c : sOrder) {
+    const I4 J = ++h.NTxUTMV;
+    h.dTxUTMV(1, J) = dEast0 + (c == '2' || c == '3' ? dEast : 0.0);
+    h.dTxUTMV(2, J) = dNorth0 + (c >= '3' ? dNorth : 0.0);
+    h.fTxDepth(J) = static_cast<R4>('0' - c);
   }
   return h;
 }
@@ -54,26 +53,16 @@ class WireLoops : public testing::Test {
 };
 
 TEST_F(WireLoops, SquareHasItsAreaInWhateverOrderItsCornersCome) {
-  // Map coordinates: in R4 the corners alone would be off by half a metre.
-  const Corner hSW{350100, 6240020}, hSE{350300, 6240020}, hNE{350300, 6240220}, hNW{350100, 6240220};
-  const std::vector<std::vector<Corner>> hOrder = {
-      {hSW, hSE, hNE, hNW},
-      {hNW, hNE, hSE, hSW},
-      {hSW, hNE, hSE, hNW},
-      {hNE, hNW, hSE, hSW}
-  };
-  for (const auto& hCorner : hOrder) {
-    WireLoop h = Loop(1, hCorner);
+  for (const char* sOrder : {"1234", "4321", "1324", "3421"}) {
+    WireLoop h = Rectangle(200, 200, sOrder);
     EXPECT_EQ(Txw_Get_Area(h), 0);
-    EXPECT_FLOAT_EQ(h.fTxArea, 40000.0f);
-    EXPECT_EQ(h.dTxUTMC(1), 350200.0);
-    EXPECT_EQ(h.dTxUTMC(2), 6240120.0);
+    EXPECT_FLOAT_EQ(h.fTxArea, 40000.0f) << sOrder;
+    EXPECT_EQ(h.dTxUTMC(1), dEast0 + 100.0);
+    EXPECT_EQ(h.dTxUTMC(2), dNorth0 + 100.0);
     for (I4 J = 1; J <= 4; ++J) {  // anticlockwise, and each corner has kept its own depth
-      const I4 JNext = J % 4 + 1;
-      EXPECT_GT((h.dTxUTMV(1, J) - 350200) * (h.dTxUTMV(2, JNext) - 6240120) -
-                    (h.dTxUTMV(1, JNext) - 350200) * (h.dTxUTMV(2, J) - 6240120),
-                0.0);
-      EXPECT_EQ(h.fTxDepth(J), static_cast<R4>(-h.dTxUTMV(1, J)));
+      const R4 fNext = h.fTxDepth(J) == -4.0f ? -1.0f : h.fTxDepth(J) - 1.0f;
+      EXPECT_EQ(h.fTxDepth(J % 4 + 1), fNext) << sOrder;
+      EXPECT_EQ(h.dTxUTMV(1, J) > dEast0, h.fTxDepth(J) == -2.0f || h.fTxDepth(J) == -3.0f) << sOrder;
     }
   }
 }
@@ -88,12 +77,7 @@ TEST_F(WireLoops, SidesKeepTheAreaAndTheProportions) {
       {"along north", 0.0f,   100.0f, 300.0f},
       {"a full turn", 360.0f, 100.0f, 300.0f},
   };
-  WireLoop h = Loop(1, {
-                           {0,   0  },
-                           {300, 0  },
-                           {300, 100},
-                           {0,   100}
-  });
+  WireLoop h = Rectangle(300, 100);
   ASSERT_EQ(Txw_Get_Area(h), 0);
   for (const Case& hOne : hCase) {
     Array1<R4, 2> fTxLength{};
@@ -104,10 +88,7 @@ TEST_F(WireLoops, SidesKeepTheAreaAndTheProportions) {
 }
 
 TEST_F(WireLoops, LoopWithoutSidesIsReportedOnScreenOnce) {
-  WireLoop hWire = Loop(1200, {
-                                  {0,   0},
-                                  {100, 0}
-  });
+  WireLoop hWire = Rectangle(100, 100, "12");
   EXPECT_EQ(Txw_Get_Area(hWire), 1);
   EXPECT_FALSE(Is_Present(hWire.fTxArea));
   EXPECT_EQ(Shown("Txw_Get_Area.ERROR: Tx loop for Tx.Stn=1200"), 1);
@@ -121,12 +102,7 @@ TEST_F(WireLoops, LoopWithoutSidesIsReportedOnScreenOnce) {
 }
 
 TEST_F(WireLoops, LengthWithoutAnAzimuthIsThatOfTheSquare) {
-  WireLoop h = Loop(1, {
-                           {0,   0  },
-                           {400, 0  },
-                           {400, 100},
-                           {0,   100}
-  });
+  WireLoop h = Rectangle(400, 100);
   ASSERT_EQ(Txw_Get_Area(h), 0);
   Array1<R4, 2> fTxLength{};
   EXPECT_EQ(Txw_Get_Length(h, 400.0f, fTxLength), 1);

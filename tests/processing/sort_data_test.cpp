@@ -63,11 +63,5 @@ TEST(SortData, FullStoreInReverseComesOutInOrder) {
   for (I4 j = 1; j <= NTrn; ++j) ASSERT_EQ(hTrn(j).dRxStn, j - 1);
 }
 
-TEST(SortData, OneTransientIsInOrder) {
-  Load({TransientBuilder()});
-  EXPECT_EQ(Sort_TEM_Data(), 1);
-  EXPECT_EQ(NTrn, 1);
-}
-
 }  // namespace
 }  // namespace quillan
