@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <vector>
 
 #include "base/array.h"
 #include "foundations/file_util.h"
@@ -41,13 +40,6 @@ constexpr R8 dStnSpacings = 10.0;    // within so many spacings two rows belong 
 constexpr std::size_t NLineMin = 3;  // shorter lines are passed over
 constexpr const char* sDropped = "Spurious data will be dropped.";
 
-struct Endpoint {
-  I4 iLoop;  // loop in the order of the file, from 1
-  R8 dTxStn;
-  Array1<R8, 3> dUTM;  // east, north, elevation
-  R4 fDepth;
-};
-
 ColumnMap Columns_without_Labels() {
   ColumnMap hColumn;
   hColumn.KCol = {1, 2, 3, 0, 0};  // identifier, east, north
@@ -61,11 +53,9 @@ struct TxwImport {
   L4 bValidLabels = true;  // the columns of the rows are known
   ColumnMap hColumn = Columns_without_Labels();
   FieldList hField{MTxwCol};
-  std::vector<Endpoint> hEndpoint;
-  R8 dTxStn0 = dDummy;  // identifier of the loop in hand
-  I4 NLoop = 0;
-  I4 NCorner = 0;    // of the loop in hand
-  I4 NErrLimit = 0;  // rows with a value beyond the limit
+  R8 dTxStn0 = dDummy;  // identifier in the first row of the loop in hand
+  L4 bTooMany = false;  // the table is full
+  I4 NErrLimit = 0;     // rows with a value beyond the limit
 };
 
 void Report(L4 bAuto, const ErrorLines& sError) {
@@ -161,17 +151,22 @@ bool Is_Within_Limit(TxwImport& hImport, I4 iRecord, I4 J, R8 dValue) {
   return false;
 }
 
-void Keep_Endpoint(TxwImport& hImport, const Array1<R8, NVariable>& dValue) {
-  const R8 dTxStn = dValue(1);
-  if (hImport.NLoop == 0 || !Is_Same_Stn(hImport.dTxStn0, dTxStn, dStnSpacings)) {
-    ++hImport.NLoop;
-    hImport.NCorner = 0;
-    hImport.dTxStn0 = dTxStn;
+/// Adds a corner to the loop in hand or, as its first, to a new one.
+void Keep_Corner(TxwImport& hImport, const Array1<R8, NVariable>& dValue) {
+  if (NTxw == 0 || !Is_Same_Stn(hImport.dTxStn0, dValue(1), dStnSpacings)) {
+    hImport.bTooMany = NTxw == MTxwLoop;
+    if (hImport.bTooMany) return;
+    hTxw.Add();
+    ++NTxw;
+    hImport.dTxStn0 = dValue(1);
   }
-  if (hImport.NLoop > MTxwLoop || hImport.NCorner >= MTxUTMV) return;
-  ++hImport.NCorner;
-  const R4 fDepth = 0.0f - static_cast<R4>(std::abs(dValue(5)));  // no negative zero
-  hImport.hEndpoint.push_back({hImport.NLoop, dTxStn, {{dValue(2), dValue(3), dValue(4)}}, fDepth});
+  WireLoop& h = hTxw(NTxw);
+  if (h.NTxUTMV == MTxUTMV) return;
+  h.dTxStn = dValue(1);
+  h.dTxUTMV.hColumn(++h.NTxUTMV) = {
+      {dValue(2), dValue(3), dValue(4)}
+  };
+  h.fTxDepth.fill(0.0f - static_cast<R4>(std::abs(dValue(5))));  // no negative zero
 }
 
 void Take_Row(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
@@ -183,7 +178,7 @@ void Take_Row(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
   for (I4 J = 1; J <= NVariable; ++J) {
     if (!Is_Within_Limit(hImport, iRecord, J, dValue(J))) return;
   }
-  Keep_Endpoint(hImport, dValue);
+  Keep_Corner(hImport, dValue);
 }
 
 void Take_Record(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
@@ -198,29 +193,15 @@ void Take_Record(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
 }
 
 void Take_Records(TxwImport& hImport, RecordReader& in) {
-  while (in.Next() && hImport.NLoop <= MTxwLoop) Take_Record(hImport, in.iRecord(), in.Record());
+  while (!hImport.bTooMany && in.Next()) Take_Record(hImport, in.iRecord(), in.Record());
   if (in.Has_Failed()) {
     Report(hImport.bAuto,
            {"ERROR while reading file near line " + Str_Write_I4(in.iRecord()).str(), std::string(hImport.sFileName)});
   }
-  if (hImport.NLoop > MTxwLoop) {
+  if (hImport.bTooMany) {
     Report(hImport.bAuto, {"WARNING: more than " + Str_Write_I4(MTxwLoop).str() + " Tx loops in",
                            std::string(hImport.sFileName), "Further loops will be dropped."});
-    hImport.NLoop = MTxwLoop;
   }
-}
-
-void Store_Loops(const std::vector<Endpoint>& hEndpoint) {
-  LogText("Reading Tx wire endpoint data.");
-  for (const Endpoint& h : hEndpoint) {
-    WireLoop& hTxwJ = hTxw(h.iLoop);
-    hTxwJ.dTxStn = h.dTxStn;
-    hTxwJ.dTxUTMV.hColumn(++hTxwJ.NTxUTMV) = h.dUTM;
-    hTxwJ.fTxDepth.fill(h.fDepth);
-  }
-  Txw_Sort();
-  // A loop of one or two corners is kept without an area, and reports itself.
-  for (I4 K = 1; K <= NTxw; ++K) static_cast<void>(Txw_Get_Area(hTxw(K)));
 }
 
 }  // namespace
@@ -241,13 +222,15 @@ I4 Txw_Read(std::string& sTxwFile, L4 bAuto) {
   hImport.sFileName = File_Name(sTxwFile);
   hImport.bAuto = bAuto;
   Take_Records(hImport, in);
-  NTxw = hImport.NLoop;
-  if (Txw_Allocate() != 0) {
+  if (NTxw == 0) {
     Report(bAuto, {"ERROR: No valid Tx loop wire endpoint coordinates recovered from", sTxwFile,
                    "Expecting space or comma separated columns of Tx.ID,easting,northing,[elevation],[depth]"});
     return 1;
   }
-  Store_Loops(hImport.hEndpoint);
+  LogText("Reading Tx wire endpoint data.");
+  Txw_Sort();
+  // A loop of one or two corners is kept without an area, and reports itself.
+  for (I4 K = 1; K <= NTxw; ++K) static_cast<void>(Txw_Get_Area(hTxw(K)));
   LogText("Tx wire endpoint coordinates for " + Str_Write_I4(NTxw).str() + " loops read from " +
           std::string(hImport.sFileName));
   return 0;

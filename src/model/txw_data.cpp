@@ -116,13 +116,8 @@ void Longest_Wires(const WireLoop& hTxwJ, R4 fXazm, R4& fXLength, R4& fYLength) 
 
 void Txw_Initialize() {
   NTxw = 0;
-  hTxw.Allocate(0);
+  hTxw.Clear();
   NTxwError = 0;
-}
-
-I4 Txw_Allocate() {
-  hTxw.Allocate(std::max(NTxw, 0));
-  return NTxw < 1 ? 1 : 0;
 }
 
 void Txw_Sort() {

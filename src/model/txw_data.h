@@ -49,8 +49,9 @@ class WireTable {
   }
   auto begin() { return hLoop.begin(); }
   I4 MLoop() const { return static_cast<I4>(hLoop.size()); }
-  /// Room for NLoop loops, each with its start values.
-  void Allocate(I4 NLoop) { hLoop.assign(static_cast<std::size_t>(NLoop), WireLoop{}); }
+  /// One loop more, without corners.
+  void Add() { hLoop.emplace_back(); }
+  void Clear() { hLoop.clear(); }
 
  private:
   std::vector<WireLoop> hLoop;
@@ -63,9 +64,6 @@ inline I4 NTxwError = 0;  // reports on areas and lengths since the last read; t
 
 /// No loops, and no reports so far.
 void Txw_Initialize();
-
-/// Makes a table of NTxw loops without corners. Returns 0; 1 when NTxw is below 1, the table is then empty.
-[[nodiscard]] I4 Txw_Allocate();
 
 /// Puts the loops in the order of rising identifiers. If they were not so already, only the first loop of each
 /// identifier is kept; a table that is in order is not looked at for duplicates, since a file so ordered was made to be

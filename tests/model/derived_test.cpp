@@ -89,11 +89,10 @@ TEST(PrepareOutput, DepthsFollowTheResistivitiesAndOnlyTheCurrentFormatIsInMsec)
 
 /// Loops of 60 by 30 m, whose centre has the station as its east.
 void Put_Loops(const std::vector<R8>& dTxStn) {
-  NTxw = static_cast<I4>(dTxStn.size());
-  ASSERT_EQ(Txw_Allocate(), 0);
-  for (I4 K = 1; K <= NTxw; ++K) {
-    WireLoop& h = hTxw(K);
-    h.dTxStn = dTxStn[static_cast<std::size_t>(K - 1)];
+  for (const R8 dStn : dTxStn) {
+    hTxw.Add();
+    WireLoop& h = hTxw(++NTxw);
+    h.dTxStn = dStn;
     for (const auto& [dEast, dNorth] : std::vector<std::pair<R8, R8>>{
              {-30, 0 },
              {30,  0 },

@@ -37,11 +37,11 @@ class WireLoops : public testing::Test {
   }
 
   static void Put(const std::vector<R8>& dTxStn) {
-    NTxw = static_cast<I4>(dTxStn.size());
-    ASSERT_EQ(Txw_Allocate(), 0);
-    for (I4 K = 1; K <= NTxw; ++K) {
-      hTxw(K).dTxStn = dTxStn[static_cast<std::size_t>(K - 1)];
-      hTxw(K).NTxUTMV = K;  // tells the loops apart after a sort
+    Txw_Initialize();
+    for (const R8 dStn : dTxStn) {
+      hTxw.Add();
+      hTxw(++NTxw).dTxStn = dStn;
+      hTxw(NTxw).NTxUTMV = NTxw;  // tells the loops apart after a sort
     }
   }
 
