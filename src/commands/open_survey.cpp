@@ -52,8 +52,7 @@ I4 Read_File(const std::string& sDataFile, I4 iError) {
 }
 
 /// What follows from the data, each step from those before it: windows are integrated in order, and ranges take in
-/// B(t). Returns the status of the sections, the only one that a store with data can make other than 0 but for the sort
-/// of a single transient.
+/// B(t). Returns the status of the sections; the other steps fail for an empty store, or find one transient in order.
 I4 Complete_Data() {
   TEM_Complete_Transients();
   static_cast<void>(TMD_Trns_Set_iTWCfg());

@@ -33,12 +33,6 @@ std::vector<const AvgColumn*> Legacy_Columns() {
   return hLegacy;
 }
 
-std::string Right_Justified(I4 iValue, I4 NWidth) {
-  const std::string sValue = Str_Write_I4(iValue).str();
-  const auto NBlank = static_cast<std::size_t>(NWidth) - std::min(static_cast<std::size_t>(NWidth), sValue.size());
-  return std::string(NBlank, ' ') + sValue;
-}
-
 /// A value in its form, the mark at its place for one that is missing or too wide. Exponents are left-adjusted; a
 /// fixed form keeps its points below each other.
 std::string Value_or_Mark(const Transient& h, I4 I, const AvgColumn& hColumn) {
@@ -59,7 +53,7 @@ std::string Field(const Transient& h, I4 I, const AvgColumn& hColumn) {
     case AvgContent::Frequency: return Str_Write_R4(h.fTxFreq, form).str();
     case AvgContent::Current: return Str_Write_R4(h.fTxAmp, form).str();
     case AvgContent::Component: return " " + std::string(Held_Entry(sChnCmp, h.iRxCmp).substr(0, 2));
-    case AvgContent::Index: return Right_Justified(I, hColumn.hLegacy.NWidth);
+    case AvgContent::Index: return (I < 10 ? "  " : " ") + Str_Write_I4(I).str();
     default: return form == EditForm{} ? AVG_Write_TWC0((h.*hColumn.hValue)(I)) : Value_or_Mark(h, I, hColumn);
   }
 }

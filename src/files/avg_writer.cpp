@@ -25,10 +25,10 @@ constexpr R4 fT0DelayLeast = 0.005f;  // usec, what two decimals can show
 
 // ---- rows
 
-bool Any_Above(WindowValues Transient::*hValue, R4 fLimit) {
+bool Has_Any(WindowValues Transient::*hValue) {
   for (I4 j = 1; j <= NTrn; ++j) {
     const R4* const fFirst = (hTrn(j).*hValue).data();
-    if (std::any_of(fFirst, fFirst + hTrn(j).NTW, [fLimit](R4 fValue) { return fValue > fLimit; })) return true;
+    if (std::any_of(fFirst, fFirst + hTrn(j).NTW, [](R4 fValue) { return fValue > fNoValueLimit; })) return true;
   }
   return false;
 }
@@ -38,7 +38,7 @@ std::vector<const AvgColumn*> Choose_Columns() {
   std::vector<const AvgColumn*> hChosen;
   for (const AvgColumn& h : hAvgColumn) {
     if (h.hCurrent.NWidth == 0) continue;
-    if (h.hNeed == nullptr || Any_Above(h.hNeed, fNoValueLimit)) hChosen.push_back(&h);
+    if (h.hNeed == nullptr || Has_Any(h.hNeed)) hChosen.push_back(&h);
   }
   return hChosen;
 }

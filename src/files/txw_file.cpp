@@ -1,6 +1,5 @@
 #include "files/txw_file.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 
