@@ -32,7 +32,7 @@ constexpr R8 dStnKvrIncDefault = 1.0;
 constexpr std::string_view sReadComment = "\\/!'";
 constexpr std::string_view sUpdateComment = "!\"\\/";
 
-// An older program of the same survey keywords: its lines were once written by our updates.
+// An older program with the same survey keywords: its lines were once written by our updates.
 constexpr std::string_view CLegacyProgram = "NARVO";
 
 // Marks of the comment block that earlier versions wrote above their records.
@@ -143,10 +143,8 @@ I4 MDE_Read(std::string& sMdeFile) {
   if (!IOsFileExists(sMdeFile)) {
     const std::string sChosen =
         hUser.Choose_File("Optional *.mde files|*.mde|", "Select optional survey information *.mde file.");
-    if (sChosen.empty())
-      iError = 1;
-    else
-      sMdeFile = sChosen;
+    if (!sChosen.empty()) sMdeFile = sChosen;
+    iError = sChosen.empty() ? 1 : 0;
   }
   if (iError == 0) iError = Read_Lines(sMdeFile);
   Settle_Station_Scaling(MdStn);

@@ -107,7 +107,7 @@ std::string Missing_Labels(const ColumnMap& hColumn) {
 }
 
 void Take_Labels(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
-  // Which label is missing is reported here in one report, so the matching itself is silent.
+  // One report names all labels that are missing, so the matching itself is silent.
   static_cast<void>(
       Str_Column_Labels_Alias_List(sRecord, false, false, CTxwAlias, CTxwLabel, MTxwCol, hImport.hColumn));
   const std::string sMissing = Missing_Labels(hImport.hColumn);

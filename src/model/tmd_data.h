@@ -75,7 +75,6 @@ struct Transient {
   WindowValues fARes = Filled<WindowValues>(fDummy);       // ohm-m, apparent resistivity
   WindowValues fDepth = Filled<WindowValues>(fDummy);      // iLengthUnit, image depth
   WindowValues fBmag = Filled<WindowValues>(fDummy);       // iBUnit, integrated field B(t)
-  WindowValues fYplt = Filled<WindowValues>(fDummy);       // what a plot chose to show
   R4 fTWCmin = fRangeMin0, fTWCmax = fRangeMax0;           // msec, first and last centre
   R4 fuVmin = fRangeMin0, fuVmax = fRangeMax0;             // range of fuVmag
   R4 fBmin = fRangeMin0, fBmax = fRangeMax0;               // range of fBmag
