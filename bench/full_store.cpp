@@ -9,8 +9,8 @@
 #include <filesystem>
 #include <random>
 
-#include "commands/open_survey.h"
 #include "metadata/mdp_data.h"
+#include "model/derived.h"
 #include "processing/b_field.h"
 
 namespace quillan {
@@ -80,16 +80,14 @@ void Set_Windows(R4 fStrength, Random& hRandom, Transient& h) {
 }
 
 void Begin_Store() {
-  I4 iError = 0;
-  TMD_Initialize(iError);
-  MDP_Initialize(iError);
+  TMD_Initialize();
+  MDP_Initialize();
   Set_Survey();
 }
 
 }  // namespace
 
 void Make_Full_Store() {
-  I4 iError = 0;
   Begin_Store();
   Random hRandom(12);
   for (NTrn = 1; NTrn <= MTrn; ++NTrn) {
@@ -97,11 +95,10 @@ void Make_Full_Store() {
     Set_Windows(Uniform(hRandom, 0.05f, 0.5f), hRandom, hTrn(NTrn));
   }
   NTrn = MTrn;
-  dBdt_2_B(iError);
+  static_cast<void>(dBdt_2_B());  // the store holds data
 }
 
 void Make_Full_Section() {
-  I4 iError = 0;
   Begin_Store();
   Random hRandom(12);
   for (NTrn = 1; NTrn <= MTrn; ++NTrn) {
@@ -112,8 +109,8 @@ void Make_Full_Section() {
     for (I4 I = 1; I <= MTW; ++I) h.bSkip(I) = Uniform(hRandom, 0.0f, 1.0f) < fPartSkipped;
   }
   NTrn = MTrn;
-  dBdt_2_B(iError);
-  TEM_Trn_Data_Range(iError);
+  static_cast<void>(dBdt_2_B());  // the store holds data
+  TEM_Trn_Data_Range();
 }
 
 KeptStore Keep_Store() {

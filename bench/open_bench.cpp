@@ -1,9 +1,12 @@
 // open_bench.cpp: what else happens between the choice of a file and its data on the screen.
+#include <type_traits>
+
 #include "benches.h"
 #include "commands/open_survey.h"
 #include "files/mde_file.h"
 #include "foundations/file_util.h"
 #include "metadata/mdp_data.h"
+#include "model/derived.h"
 #include "processing/b_field.h"
 #include "processing/moving_average.h"
 #include "processing/sort_data.h"
@@ -19,20 +22,24 @@ void Run_Step(benchmark::State& state, Step Carry_Out) {
     state.PauseTiming();
     Put_Store(hBench.hRead);
     state.ResumeTiming();
-    Carry_Out(iError);
+    if constexpr (std::is_void_v<decltype(Carry_Out())>) {
+      Carry_Out();
+    } else {
+      iError = Carry_Out();
+    }
   }
   if (iError != 0 || NTrn != MTrn) state.SkipWithError("the step has failed");
 }
 
-void Initialize(I4& iError) {
-  TMD_Initialize(iError);
-  MDP_Initialize_MD(iError, true);
+void Initialize() {
+  TMD_Initialize();
+  MDP_Initialize_MD(true);
   NTrn = MTrn;
 }
 
-void Read_Metadata(I4& iError) {
+I4 Read_Metadata() {
   std::string sMdeFile = std::string(File_Stem(hBench.sFile)) + ".mde";
-  MDE_Read(sMdeFile, iError);
+  return MDE_Read(sMdeFile);
 }
 
 }  // namespace
@@ -46,11 +53,11 @@ void Bench_MDE(benchmark::State& state) {
 }
 
 void Bench_Widths(benchmark::State& state) {
-  Run_Step(state, [](I4&) { Get_TWWidth(); });
+  Run_Step(state, Get_TWWidth);
 }
 
 void Bench_Complete(benchmark::State& state) {
-  Run_Step(state, [](I4&) { TEM_Complete_Transients(); });
+  Run_Step(state, TEM_Complete_Transients);
 }
 
 void Bench_TWCfg(benchmark::State& state) {
@@ -66,13 +73,13 @@ void Bench_B(benchmark::State& state) {
 }
 
 void Bench_Ranges(benchmark::State& state) {
-  Run_Step(state, TEM_Trn_Data_Range);
+  Run_Step(state, [] { TEM_Trn_Data_Range(); });
 }
 
 /// All of Open, through the real dialog, in which the script of bench_main.cpp presses Continue.
 void Bench_Open(benchmark::State& state) {
   I4 iError = 0;
-  for (auto _ : state) TEM_Read_Data(hBench.sFile, iError);
+  for (auto _ : state) iError = TEM_Read_Data(hBench.sFile);
   if (iError != 0 || NTrn != MTrn) state.SkipWithError("TEM_Read_Data has not read the whole file");
 }
 

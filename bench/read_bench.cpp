@@ -47,7 +47,7 @@ void Floor_Read(benchmark::State& state) {
 
 void Bench_Read(benchmark::State& state) {
   I4 iError = 0;
-  for (auto _ : state) AVG_Read(hBench.sFile, iError);
+  for (auto _ : state) iError = AVG_Read(hBench.sFile);
   if (iError != 0 || NTrn != MTrn) state.SkipWithError("AVG_Read has not read the whole file");
 }
 

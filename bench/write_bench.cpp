@@ -31,15 +31,15 @@ template <class Step>
 void Run_Write(benchmark::State& state, Step Write) {
   Put_Store(hBench.hMade);
   I4 iError = 0;
-  for (auto _ : state) Write(iError);
+  for (auto _ : state) iError = Write();
   if (iError != 0) state.SkipWithError("the file was not written");
 }
 
-void Write_SafeFile(const std::string& sPath, I4& iError) {
+I4 Write_SafeFile(const std::string& sPath) {
   SafeFile out(sPath);
   out.Write(hBench.sBytes);
   out.Commit();
-  if (out.Has_Failed()) iError = 1;
+  return out.Has_Failed() ? 1 : 0;
 }
 
 }  // namespace
@@ -66,16 +66,16 @@ void Floor_Write(benchmark::State& state) {
 
 /// On a memory file system, where to sync costs nothing.
 void Bench_Write(benchmark::State& state) {
-  Run_Write(state, [](I4& iError) { AVG_Write(hBench.sOut, iError); });
+  Run_Write(state, [] { return AVG_Write(hBench.sOut); });
 }
 
 void Bench_Write_Disk(benchmark::State& state) {
-  Run_Write(state, [](I4& iError) { AVG_Write(hBench.sDiskFile, iError); });
+  Run_Write(state, [] { return AVG_Write(hBench.sDiskFile); });
 }
 
 /// The same bytes to the disk without making them: write, sync, rename, sync the folder.
 void Bench_Sync(benchmark::State& state) {
-  Run_Write(state, [](I4& iError) { Write_SafeFile(hBench.sDiskFile, iError); });
+  Run_Write(state, [] { return Write_SafeFile(hBench.sDiskFile); });
 }
 
 }  // namespace quillan

@@ -22,18 +22,16 @@
 
 namespace quillan {
 
-/// Writes the store. Depths are computed anew on the way and stay in the store. iError: 0; 1 when the store is empty or
-/// the file could not be written, which is reported; the file of before is then whole.
-void AVG_Write0(std::string_view sFile, I4& iError);
+/// Writes the store, which Prepare_Output has made ready. Returns 0; 1 when the store is empty or the file could not be
+/// written, which is reported; the file of before is then whole.
+[[nodiscard]] I4 AVG_Write0(std::string_view sFile);
 
 /// A time in msec as the table shows it, with fewer decimals the later it is; "*" when missing.
-void AVG_Write_TWC0(std::string& sOutput, R4 fTWC);
+std::string AVG_Write_TWC0(R4 fTWC);
 
-// The same, the status returned.
-[[nodiscard]] inline I4 AVG_Write0(std::string_view sFile) {
-  I4 iError = 0;
-  AVG_Write0(sFile, iError);
-  return iError;
+// Old forms; they go when the last caller has changed.
+inline void AVG_Write0(std::string_view sFile, I4& iError) {
+  iError = AVG_Write0(sFile);
 }
 
 }  // namespace quillan

@@ -7,7 +7,7 @@
 //
 // A record has at most 256 characters, and lines of fewer than three are passed over. A line that begins with a letter
 // names the columns until the next such line; "TWin.Center" and "dBdt.Mag" are required, and rows below a line
-// without them are ignored. Older files spell the labels otherwise (CAvgAlias). Rows need a $ line ahead of them.
+// without them are ignored. Older files spell the labels otherwise (avg_columns). Rows need a $ line ahead of them.
 //
 // Rows make one transient as long as both stations stay and the times rise: a time that falls back is a repeat. What
 // belongs to the whole transient is taken from its first row and the metadata in force there. The column SKIP holds 2
@@ -50,25 +50,13 @@ inline AvgReadState hAvgRead;
 /// msec, rising; fuVmag(I) and fuVerr(I) in idBdtUnit; fuVpct(I) in percent; fARes(I) in ohm-m. A row that cannot be
 /// used is dropped and named in the error file. Comment lines, and $ lines that no metadata group takes, are kept for
 /// the next file written.
-/// iError: 0 at least one transient was read; 1 none, the file could not be read, or its last label line lacks a
-/// required column.
-void AVG_Read(std::string_view sFile, I4& iError);
+/// Returns 0 when at least one transient was read; 1 when none was, the file could not be read, or its last line of
+/// labels lacks a required column.
+[[nodiscard]] I4 AVG_Read(std::string_view sFile);
 
-/// Takes a line of labels. iError: 0; 1 when a required column is missing, which is reported.
-void AVG_Read_Labels(std::string_view sRecord, AvgReadState& hRead, I4& iError);
-
-/// Takes one row. IOERR: 0; 1 when the row was dropped; -1 when the store is full.
-void AVG_Read_Data(std::string_view sRecord, I4 iRecord, AvgReadState& hRead, I4& IOERR);
-
-/// The axis (JCMP: 1 x, 2 y, 3 z) and field (JFLD: 1 E, 2 H) of the component that a text names, "Hx" to "Ez" as
-/// written; 3 and 3 without one.
-void sRecord_to_JCmp(std::string_view sRecord, I4& JCMP, I4& JFLD);
-
-// The same, the status returned.
-[[nodiscard]] inline I4 AVG_Read(std::string_view sFile) {
-  I4 iError = 0;
-  AVG_Read(sFile, iError);
-  return iError;
+// Old forms; they go when the last caller has changed.
+inline void AVG_Read(std::string_view sFile, I4& iError) {
+  iError = AVG_Read(sFile);
 }
 
 }  // namespace quillan

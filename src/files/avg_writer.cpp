@@ -7,69 +7,40 @@
 #include <vector>
 
 #include "base/program.h"
+#include "files/avg_columns.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "foundations/str_write.h"
 #include "metadata/enm_data.h"
-#include "model/tmd_exchange.h"
+#include "model/derived.h"
+#include "model/station_scale.h"
+#include "model/survey_keywords.h"
 #include "platform/clock.h"
 
 namespace quillan {
 namespace {
 
-constexpr I4 iTimeMsec = 2;           // code in sTimeUnit
-constexpr R4 fDepthFactor = 28.0f;    // m per sqrt(msec ohm-m)
 constexpr R8 dStnIncLeast = 1.0E-20;  // a recorded increment below it cannot be divided by
 constexpr R4 fT0DelayLeast = 0.005f;  // usec, what two decimals can show
 
 // ---- rows
 
-enum class AvgContent { Index, Value, Depth, Weight };
-
-struct AvgColumn {
-  std::string_view sLabel;
-  AvgContent iContent;
-  WindowValues Transient::*hValue;
-  EditForm form;
-  I4 LFldMin;  // characters, comma included
-  I4 iMark;    // place of the "*" that stands for no value
-  R4 fNone;    // at or below it there is no value
-};
-
-constexpr AvgColumn hAvgColumn[] = {
-    {"TWin.Index",  AvgContent::Index,  nullptr,            "F0.0",     3,  0,  0.0f         },
-    {"TWin.Center", AvgContent::Value,  &Transient::fTWCen, "ES10.4E1", 11, 10, fDummyLimit  },
-    {"TWin.Beg",    AvgContent::Value,  &Transient::fTWBeg, "ES10.4E1", 11, 10, fDummyLimit  },
-    {"TWin.End",    AvgContent::Value,  &Transient::fTWEnd, "ES10.4E1", 11, 10, fDummyLimit  },
-    {"dBdt.Mag",    AvgContent::Value,  &Transient::fuVmag, "ES12.5",   13, 12, fDummyLimit  },
-    {"dBdt.Err",    AvgContent::Value,  &Transient::fuVerr, "ES9.2",    10, 9,  fDummyLimit  },
-    {"dBdt.%Err",   AvgContent::Value,  &Transient::fuVpct, "F7.1",     8,  7,  fDummyLimit  },
-    {"dBdt.Wgt",    AvgContent::Weight, nullptr,            "F0.0",     8,  0,  0.0f         },
-    {"ARes.Mag",    AvgContent::Value,  &Transient::fARes,  "ES10.3",   11, 12, fNoValueLimit},
-    {"Depth.Image", AvgContent::Depth,  &Transient::fDepth, "ES9.3E1",  10, 11, fDummyLimit  },
-    {"B.Mag",       AvgContent::Value,  &Transient::fBmag,  "ES12.5",   13, 12, fDummyLimit  },
-};
-
-bool Any_Above(WindowValues Transient::*hValue, R4 fLimit) {
+bool Has_Any(WindowValues Transient::*hValue) {
   for (I4 j = 1; j <= NTrn; ++j) {
-    for (I4 I = 1; I <= hTrn(j).NTW; ++I) {
-      if ((hTrn(j).*hValue)(I) > fLimit) return true;
-    }
+    const R4* const fFirst = (hTrn(j).*hValue).data();
+    if (std::any_of(fFirst, fFirst + hTrn(j).NTW, [](R4 fValue) { return fValue > fNoValueLimit; })) return true;
   }
   return false;
 }
 
 /// The columns of the whole file, chosen by what the store holds.
-std::vector<AvgColumn> Choose_Columns() {
-  const bool bHaveARes = Any_Above(&Transient::fARes, fNoValueLimit);
-  const bool bHaveBmag = Any_Above(&Transient::fBmag, fNoValueLimit);
-  std::vector<AvgColumn> hColumn;
+std::vector<const AvgColumn*> Choose_Columns() {
+  std::vector<const AvgColumn*> hChosen;
   for (const AvgColumn& h : hAvgColumn) {
-    const bool bARes = h.hValue == &Transient::fARes || h.hValue == &Transient::fDepth;
-    const bool bBmag = h.hValue == &Transient::fBmag;
-    if ((bHaveARes || !bARes) && (bHaveBmag || !bBmag)) hColumn.push_back(h);
+    if (h.hCurrent.NWidth == 0) continue;
+    if (h.hNeed == nullptr || Has_Any(h.hNeed)) hChosen.push_back(&h);
   }
-  return hColumn;
+  return hChosen;
 }
 
 /// A row grows here: fields are written where they stay, for there are millions of them in a file.
@@ -92,14 +63,14 @@ class RowText {
   std::string_view View() const { return {sChar.data(), NText}; }
 
  private:
-  std::array<char, 2 * MFormText> sChar;  // the row, and room for any number behind it
+  std::array<char, 2 * MFormText> sChar;  // the row, and room for any number after it
   std::size_t NText = 0;
 };
 
 /// A value in its form; the mark at its place where there is none or it is too wide.
-void Add_Value(R4 fValue, bool bHave, const AvgColumn& hColumn, RowText& row) {
-  if (bHave && row.Add_Number(fValue, hColumn.form)) return;
-  row.Pad_To(row.Size() + static_cast<std::size_t>(hColumn.iMark - 1));
+void Add_Value(const Transient& h, I4 I, const AvgColumn& hColumn, RowText& row) {
+  if (AVG_Has_Value(hColumn, h, I) && row.Add_Number((h.*hColumn.hValue)(I), hColumn.hCurrent.form)) return;
+  row.Pad_To(row.Size() + static_cast<std::size_t>(hColumn.hCurrent.iMark - 1));
   row.Add('*');
 }
 
@@ -108,42 +79,29 @@ void Add_Index(I4 I, RowText& row) {
   row.Add(Str_Write_I4(I).trimmed());
 }
 
-void Add_Field(const Transient& h, I4 I, const AvgColumn& hColumn, RowText& row) {
-  const R4 fValue = hColumn.hValue != nullptr ? (h.*hColumn.hValue)(I) : fDummy;
-  switch (hColumn.iContent) {
-    case AvgContent::Index: Add_Index(I, row); break;
-    case AvgContent::Value: Add_Value(fValue, !(fValue <= hColumn.fNone), hColumn, row); break;
-    case AvgContent::Depth: Add_Value(fValue, h.fARes(I) > fNoValueLimit, hColumn, row); break;
-    case AvgContent::Weight: row.Add(AVG_Is_Skipped(h, I) ? " 0.0" : " 1.0"); break;
-  }
-}
-
-void Write_Row(const Transient& h, I4 I, const std::vector<AvgColumn>& hColumn, TextWriter& out) {
+void Write_Row(const Transient& h, I4 I, const std::vector<const AvgColumn*>& hChosen, TextWriter& out) {
   RowText row;
-  for (const AvgColumn& hField : hColumn) {
+  for (const AvgColumn* hColumn : hChosen) {
     const std::size_t N0 = row.Size();
-    Add_Field(h, I, hField, row);
-    if (&hField == &hColumn.back()) break;
+    switch (hColumn->iContent) {
+      case AvgContent::Index: Add_Index(I, row); break;
+      case AvgContent::Weight: row.Add(Is_Skipped(h, I) ? " 0.0" : " 1.0"); break;
+      default: Add_Value(h, I, *hColumn, row); break;
+    }
+    if (hColumn == hChosen.back()) break;
     row.Add(',');
-    row.Pad_To(N0 + static_cast<std::size_t>(hField.LFldMin));
+    row.Pad_To(N0 + static_cast<std::size_t>(hColumn->hCurrent.NWidth));
   }
   out.Line(row.View());
 }
 
-std::string Label_Line(const std::vector<AvgColumn>& hColumn) {
+std::string Label_Line(const std::vector<const AvgColumn*>& hChosen) {
   std::string sLabels;
-  for (const AvgColumn& h : hColumn) {
+  for (const AvgColumn* h : hChosen) {
     if (!sLabels.empty()) sLabels += ',';
-    sLabels += h.sLabel;
+    sLabels += h->sLabel;
   }
   return sLabels;
-}
-
-/// Depths follow the resistivities that are written beside them.
-void Set_Depths(Transient& h) {
-  for (I4 I = 1; I <= h.NTW; ++I) {
-    if (h.fARes(I) > fNoValueLimit) h.fDepth(I) = AVG_Depth(h, I);
-  }
 }
 
 // ---- metadata of a transient
@@ -172,15 +130,14 @@ void Write_Kvr(const Transient& h, Block& block) {
   block.Line("$Kvr.AcqMethod=", std::string(Held_Entry(sAcqMethod, h.iAcqMethod)));
 }
 
-void Write_Station(std::string_view sGroup, R8 dKvrStn, R8 dStnScale, Block& block) {
+void Write_Station(std::string_view sGroup, R8 dKvrStn, const StationScale& Rescaled, Block& block) {
   if (!Is_Present(dKvrStn)) return;
-  const R8 dStn = (dKvrStn - hTemSurvey.dStnKvrBeg) * dStnScale + hTemSurvey.dStnBeg;
   block.Line("$" + std::string(sGroup) + ".KvrStn=", Str_Write_R8(dKvrStn, "(F12.3)").str());
-  block.Line("$" + std::string(sGroup) + ".Stn=", Str_Write_R8(dStn, "(F12.3)").str());
+  block.Line("$" + std::string(sGroup) + ".Stn=", Str_Write_R8(Rescaled(dKvrStn), "(F12.3)").str());
 }
 
-void Write_Tx(const Transient& h, R8 dStnScale, Block& block) {
-  Write_Station("Tx", h.dTxKvrStn, dStnScale, block);
+void Write_Tx(const Transient& h, const StationScale& Rescaled, Block& block) {
+  Write_Station("Tx", h.dTxKvrStn, Rescaled, block);
   if (h.fTxFreq > 0.0f) block.Line("$Tx.Freq=", Str_Write_R4(h.fTxFreq, "(1P,G14.4E1)").str() + " hertz");
   if (h.NCycle > 0) block.Line("$Tx.NCycle=", Str_Write_I4(h.NCycle).str());
   if (h.fTxAmp > 0.0f) block.Line("$Tx.Amp=", Str_Write_R4(h.fTxAmp, "(F12.3)").str() + " amp");
@@ -194,8 +151,8 @@ std::string Triple(const Array1<Real, 3>& hValue, Write Str_Write, const EditFor
   return sTriple;
 }
 
-void Write_Rx(const Transient& h, R8 dStnScale, Block& block) {
-  Write_Station("Rx", h.dRxKvrStn, dStnScale, block);
+void Write_Rx(const Transient& h, const StationScale& Rescaled, Block& block) {
+  Write_Station("Rx", h.dRxKvrStn, Rescaled, block);
   if (Is_Present(*std::min_element(h.dRxXYZ.begin(), h.dRxXYZ.end()))) {
     block.Line("$Rx.Center=", Triple(h.dRxXYZ, Str_Write_R8, "(F14.3)") + " " +
                                   std::string(Held_Entry(sLengthUnit, hTemSurvey.iLengthUnit)));
@@ -223,97 +180,89 @@ void Write_Delays(const Transient& h, Block& block) {
 
 // ---- the file
 
-void Write_Header(TextWriter& out, I4& iError) {
-  for (I4 I = 1; I <= NAvgCmt; ++I) out.Line(sAvgCmt(I).trimmed());
-  out.Line("\\ TEM data reviewed with " + std::string(CPrgName) + " v" + std::string(sVersion) + " on " + AVG_Date());
-  AVG_Write_TEM_Line_MD(out, iError);
-  for (I4 I = 1; I <= NAvgMde; ++I) out.Line(sAvgMde(I).trimmed());
+void Write_Header(TextWriter& out) {
+  for (I4 I = 1; I <= hAvgKept.NAvgCmt; ++I) out.Line(hAvgKept.sAvgCmt(I).trimmed());
+  out.Line("\\ TEM data reviewed with " + AVG_Signature());
+  AVG_Write_TEM_Line_MD(out);
+  for (I4 I = 1; I <= hAvgKept.NAvgMde; ++I) out.Line(hAvgKept.sAvgMde(I).trimmed());
 }
 
-void Write_Transients(TextWriter& out, I4& iError) {
-  const std::vector<AvgColumn> hColumn = Choose_Columns();
-  const std::string sLabels = Label_Line(hColumn);
+/// Returns the status of the last block alone: callers take a file whose last transient is complete for a good one.
+I4 Write_Transients(TextWriter& out) {
+  const std::vector<const AvgColumn*> hChosen = Choose_Columns();
+  const std::string sLabels = Label_Line(hChosen);
+  I4 iError = 0;
   for (I4 j = 1; j <= NTrn; ++j) {
-    AVG_Write_TEM_Trns_MD(hTrn(j), out, iError);
-    Set_Depths(hTrn(j));
+    const Transient& h = hTrn(j);
+    iError = AVG_Write_TEM_Trns_MD(h, out);
     out.Line(sLabels);
-    for (I4 I = 1; I <= hTrn(j).NTW; ++I) Write_Row(hTrn(j), I, hColumn, out);
+    for (I4 I = 1; I <= h.NTW; ++I) Write_Row(h, I, hChosen, out);
   }
+  return iError;
 }
 
 }  // namespace
 
-void AVG_Write(std::string_view sFile, I4& iError) {
-  AVG_Begin_Write("AVG_Write", sFile, "Writing header block.", iError);
-  if (iError != 0) return;
+I4 AVG_Write(std::string_view sFile) {
+  if (AVG_Begin_Write("AVG_Write", sFile, "Writing header block.") != 0) return 1;
   TextWriter out(sFile);
-  AVG_Report_Write(out, "opening", sFile, iError);
-  if (iError != 0) return;
+  if (AVG_Report_Write(out, "opening", sFile) != 0) return 1;
+  Prepare_Output(true);  // until the save command calls it
 
-  Write_Header(out, iError);
-  Write_Transients(out, iError);
+  Write_Header(out);
+  const I4 iError = Write_Transients(out);
   out.Commit();
-  AVG_Report_Write(out, "writing", sFile, iError);
-  if (out.Has_Failed()) return;
+  if (AVG_Report_Write(out, "writing", sFile) != 0) return 1;
   LogText(Str_Write_I4(NTrn).str() + " transients written to");
   LogText(File_Name(sFile));
+  return iError;
 }
 
-void AVG_Write_TEM_Line_MD(TextWriter& out, I4& iError) {
-  hTemSurvey.iTimeUnit = iTimeMsec;
+void AVG_Write_TEM_Line_MD(TextWriter& out) {
   MdEntryList hEntry;
-  TMD_Survey_Append_MD(hEntry, iError);
+  static_cast<void>(TMD_Survey_Append_MD(hEntry));  // an empty list has room
   out.Line(" ");
   for (const MdEntry& h : hEntry) out.Line(MD_Entry_Line(h));
 }
 
-void AVG_Write_TEM_Trns_MD(const Transient& hTrnsK, TextWriter& out, I4& iError) {
-  iError = 0;
-  const R8 dStnKvrInc = hTemSurvey.dStnKvrInc;
-  if (std::abs(dStnKvrInc) < dStnIncLeast) {
-    LogErr({"AVG_Write_TEM_Trns_MD.ERROR:", "ABS(Stn.KvrInc)=" + Plain(std::abs(dStnKvrInc), "ES12.4") + " < 1.0E-20"});
-    iError = 1;
-    return;
+I4 AVG_Write_TEM_Trns_MD(const Transient& hTrnsK, TextWriter& out) {
+  const R8 dStnKvrInc = std::abs(hTemSurvey.dStnKvrInc);
+  if (dStnKvrInc < dStnIncLeast) {
+    LogErr({"AVG_Write_TEM_Trns_MD.ERROR:", "ABS(Stn.KvrInc)=" + Plain(dStnKvrInc, "ES12.4") + " < 1.0E-20"});
+    return 1;
   }
-  const R8 dStnScale = hTemSurvey.dStnInc / dStnKvrInc;
+  const StationScale Rescaled = Stn_Scale();
   out.Line(" ");
   Block block{out};
   Write_Kvr(hTrnsK, block);
-  Write_Tx(hTrnsK, dStnScale, block);
-  Write_Rx(hTrnsK, dStnScale, block);
+  Write_Tx(hTrnsK, Rescaled, block);
+  Write_Rx(hTrnsK, Rescaled, block);
   Write_Delays(hTrnsK, block);
+  return 0;
 }
 
-std::string AVG_Date() {
+std::string AVG_Signature() {
   const Date hDate = IOsDate();
-  return Str_Write_I4F22(hDate.iDay).str() + "/" + Str_Write_I4F22(hDate.iMonth).str() + "/" +
-         Str_Write_I4(hDate.iYear).str();
+  return std::string(CPrgName) + " v" + std::string(sVersion) + " on " + Str_Write_I4F22(hDate.iDay).str() + "/" +
+         Str_Write_I4F22(hDate.iMonth).str() + "/" + Str_Write_I4(hDate.iYear).str();
 }
 
-R4 AVG_Depth(const Transient& h, I4 I) {
-  return fDepthFactor * std::sqrt(h.fTWCen(I) * h.fARes(I));
-}
-
-bool AVG_Is_Skipped(const Transient& h, I4 I) {
-  return h.bSkip(I) || h.bSkipTrn;
-}
-
-void AVG_Begin_Write(std::string_view sRoutine, std::string_view sFile, std::string_view sHeaderLine, I4& iError) {
-  iError = NTrn < 1 ? 1 : 0;
-  if (iError != 0) {
+I4 AVG_Begin_Write(std::string_view sRoutine, std::string_view sFile, std::string_view sHeaderLine) {
+  if (NTrn < 1) {
     LogErr({std::string(sRoutine) + ".ERROR: No valid data present, NTrn<1"});
-    return;
+    return 1;
   }
   LogText("");
   LogText("Writing data to " + std::string(File_Name(sFile)));
   LogText(sHeaderLine);
+  return 0;
 }
 
-void AVG_Report_Write(const TextWriter& out, std::string_view sWhat, std::string_view sFile, I4& iError) {
-  if (!out.Has_Failed()) return;
-  iError = 1;
+I4 AVG_Report_Write(const TextWriter& out, std::string_view sWhat, std::string_view sFile) {
+  if (!out.Has_Failed()) return 0;
   LogErr({"ERROR " + std::string(sWhat) + " file " + std::string(sFile), out.Reason(),
           "The data are not saved; choose Save again."});
+  return 1;
 }
 
 }  // namespace quillan

@@ -16,6 +16,7 @@
 // has a B(t). A skipped window keeps its numbers and has the weight 0.0.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "base/types.h"
@@ -24,38 +25,29 @@
 
 namespace quillan {
 
-/// The most that a resistivity or a B(t) may be and still count as none.
-inline constexpr R4 fNoValueLimit = 1.0E-20f;
+/// Writes the store, which Prepare_Output has made ready. Returns 0; 1 when the store is empty, the file could not be
+/// written (the file of before is then whole) or the last transient has no metadata block; each is reported.
+[[nodiscard]] I4 AVG_Write(std::string_view sFile);
 
-/// Writes the store. Depths are computed anew on the way and stay in the store. iError: 0; 1 when the store is empty,
-/// the file could not be written (the file of before is then whole) or the last transient has no metadata block; each
-/// is reported.
-void AVG_Write(std::string_view sFile, I4& iError);
+/// The survey's block: one "$ name = value" line a record.
+void AVG_Write_TEM_Line_MD(TextWriter& out);
 
-/// The survey's block: one "$ name = value" line a record. Sets the survey's time unit to msec, the unit of the rows.
-void AVG_Write_TEM_Line_MD(TextWriter& out, I4& iError);
-
-/// The metadata block of one transient. iError: 0; 1 when the survey has no station increment: nothing is written then.
-void AVG_Write_TEM_Trns_MD(const Transient& hTrnsK, TextWriter& out, I4& iError);
+/// The metadata block of one transient. Returns 0; 1 when the survey has no station increment, which is reported:
+/// nothing is written then.
+[[nodiscard]] I4 AVG_Write_TEM_Trns_MD(const Transient& hTrnsK, TextWriter& out);
 
 // What both writers of averaged files share.
 
-/// Today as DD/MM/YYYY.
-std::string AVG_Date();
-/// Image depth of window I from its time and resistivity, m.
-R4 AVG_Depth(const Transient& h, I4 I);
-/// Whether a window is out of use, by its own flag or its transient's.
-bool AVG_Is_Skipped(const Transient& h, I4 I);
-/// Begins a file: the report of an empty store, and the log lines. iError 1 when there is nothing to write.
-void AVG_Begin_Write(std::string_view sRoutine, std::string_view sFile, std::string_view sHeaderLine, I4& iError);
-/// Reports a writer that has failed, with iError 1; else iError stays. sWhat: "opening" or "writing".
-void AVG_Report_Write(const TextWriter& out, std::string_view sWhat, std::string_view sFile, I4& iError);
+/// "QUILLAN v3.30n on 12/11/2020"
+std::string AVG_Signature();
+/// Begins a file: the report of an empty store, and the log lines. Returns 0; 1 when there is nothing to write.
+[[nodiscard]] I4 AVG_Begin_Write(std::string_view sRoutine, std::string_view sFile, std::string_view sHeaderLine);
+/// Reports a writer that has failed. Returns 0; 1 when it has. sWhat: "opening" or "writing".
+[[nodiscard]] I4 AVG_Report_Write(const TextWriter& out, std::string_view sWhat, std::string_view sFile);
 
-// The same, the status returned.
-[[nodiscard]] inline I4 AVG_Write(std::string_view sFile) {
-  I4 iError = 0;
-  AVG_Write(sFile, iError);
-  return iError;
+// Old forms; they go when the last caller has changed.
+inline void AVG_Write(std::string_view sFile, I4& iError) {
+  iError = AVG_Write(sFile);
 }
 
 }  // namespace quillan

@@ -15,7 +15,7 @@
 #include "foundations/user.h"
 #include "metadata/mdp_data.h"
 #include "metadata/stn_md.h"
-#include "model/tmd_exchange.h"
+#include "model/survey_keywords.h"
 #include "platform/file_names.h"
 
 namespace quillan {
@@ -32,19 +32,7 @@ constexpr R8 dStnKvrIncDefault = 1.0;
 constexpr std::string_view sReadComment = "\\/!'";
 constexpr std::string_view sUpdateComment = "!\"\\/";
 
-// Keywords that the survey record replaces, with their older spellings. One that occurs anywhere in the name of a
-// record is enough: LINE takes LINE.TYPE with it. There is no JOBBY, so a record of that name stays in its file.
-constexpr std::string_view CDrop[] = {
-    "PROJECT",      "COMPANY",   "CLIENT",      "JOBNAME",   "JOBAREA",     "JOBFOR",       "JOBNUM",     "JOBDATE",
-    "LINE",         "BRGBACK",   "ARRAY",       "LBLFRST",   "LBLDELT",     "STNLO",        "STNDELT",    "UNIT",
-    "TXDX",         "TXDY",      "TXCX",        "TXCY",      "RX.AZIMUTH",  "RX.PITCH",     "JOB.NAME",   "JOB.AREA",
-    "JOB.FOR",      "JOB.BY",    "JOB.NUMBER",  "JOB.DATE",  "SURVEY.TYPE", "SURVEY.ARRAY", "LINE.NAME",  "LINE.NUMBER",
-    "LINE.AZIMUTH", "RX.HPR",    "UNIT.LENGTH", "UNIT.TIME", "UNIT.DBDT",   "STN.KVRBEG",   "STN.KVRINC", "STN.BEG",
-    "STN.INC",      "TX.CENTER", "TX.LENGTH",   "TX.AREA",   "TX.HPR",      "TX.TURNS",     "TX.UTM",
-};
-static_assert(std::size(CDrop) == 47);
-
-// A program whose keywords are those of CDrop: its legacy lines were once written by our updates.
+// An older program with the same survey keywords: its lines were once written by our updates.
 constexpr std::string_view CLegacyProgram = "NARVO";
 
 // Marks of the comment block that earlier versions wrote above their records.
@@ -52,10 +40,6 @@ constexpr std::string_view sOwnComment[] = {
     "Kvr-to-final stn # scaling",
     "Legacy keywords for narvo",
 };
-
-bool Holds(std::string_view sText, std::string_view sPart) {
-  return sText.find(sPart) != std::string_view::npos;
-}
 
 /// Position of a character, from 1; 0 if there is none.
 std::size_t Index(std::string_view sText, char c) {
@@ -67,41 +51,32 @@ std::string_view Part(std::string_view sText, std::size_t I1, std::size_t I2) {
   return I2 < I1 ? std::string_view{} : sText.substr(I1 - 1, I2 - I1 + 1);
 }
 
-bool Ask_for_File(std::string& sMdeFile) {
-  const std::string sChosen =
-      hUser.Choose_File("Optional *.mde files|*.mde|", "Select optional survey information *.mde file.");
-  if (!sChosen.empty()) sMdeFile = sChosen;
-  return !sChosen.empty();
-}
-
 void Read_Line(I4 iRecord, std::string_view sRecord) {
   if (Trimmed(sRecord).size() < NLineMin) return;
   sRecord = Left_Adjusted(Trimmed(sRecord));
   if (sReadComment.find(sRecord.front()) != std::string_view::npos) return;
-  I4 IOERR = 0;  // a line that is no record of ours is none of our business
-  MDP_from_MDE(iRecord, sRecord, iPriorityMde, IOERR);
+  static_cast<void>(MDP_from_MDE(iRecord, sRecord, iPriorityMde));  // a line that is no record of ours is passed over
 }
 
-void Read_Lines(const std::string& sMdeFile, I4& iError) {
-  const std::string sFileName(File_Name(sMdeFile));
+I4 Read_Lines(const std::string& sMdeFile) {
   LogText("");
   LogText("Reading data from");
   LogText(sMdeFile);
   RecordReader in(sMdeFile, MMdeRecord);
   if (!in.Is_Open()) {
-    iError = 1;
     LogErr({"ERROR while trying to open ", sMdeFile});
-    return;
+    return 1;
   }
   Fld_Begin_File();
   while (in.Next()) Read_Line(in.iRecord(), in.Record());
   if (in.Has_Failed()) {
     LogErr({"ERROR while reading record # " + Str_Write_I4(in.iRecord()).str(), std::string(in.Record())});
   }
-  LogText("Project annotation and stn # scaling read from " + sFileName);
+  LogText("Project annotation and stn # scaling read from " + std::string(File_Name(sMdeFile)));
+  return 0;
 }
 
-/// Recorded numbers count from 0 in steps of 1 unless told, and the rescaled numbers are the recorded ones unless told.
+/// Without other word recorded numbers count from 0 in steps of 1, and the rescaled numbers are the recorded ones.
 void Settle_Station_Scaling(StnGroup& hStn) {
   const auto Is_No_Step = [](R8 dInc) { return dInc < dStnUnset || std::abs(dInc) < dStnIncMin; };
   if (hStn.dStnKvrBeg < dStnUnset) hStn.dStnKvrBeg = dStnKvrBegDefault;
@@ -110,93 +85,27 @@ void Settle_Station_Scaling(StnGroup& hStn) {
   if (Is_No_Step(hStn.dStnInc)) hStn.dStnInc = hStn.dStnKvrInc;
 }
 
-bool May_Update(const std::string& sMdeFile) {
-  return hUser.Says_Yes(std::string(File_Name(sMdeFile)) + " already exists, do you want to update it?",
-                        "File already exists");
-}
-
-/// Whether a program's name stands in the text between "$" and ":", but not right behind the "$": lines of that form
+/// Whether a program's name stands in the text between "$" and ":", but not right after the "$": lines of that form
 /// were typed by a user, ours have a blank there.
 bool Is_Program(const Text<32>& CProgram, std::string_view CName) {
   const std::size_t iName = CProgram.trimmed().find(CName);
   return iName != std::string_view::npos && iName > 0;
 }
 
-/// A failed save: what failed, the file, the reason, and what to do.
-void Report_Failure(std::string_view sWhat, const std::string& sMdeFile, const std::string& sReason) {
+/// A failed save: what failed, the file, the reason, and what to do. Returns the status of the save.
+I4 Report_Failure(std::string_view sWhat, const std::string& sMdeFile, const std::string& sReason) {
   ErrorLines sError = {std::string(sWhat), sMdeFile};
   if (!sReason.empty()) sError.push_back(sReason);
   sError.push_back("The data are not saved; choose Save again.");
   LogErr(sError);
+  return 1;
 }
 
-/// The lines of the old file that are not ours. iError: 0; 1 it could not be read to its end, which is reported.
-void Carry_Over(RecordReader& in, const std::string& sMdeFile, TextWriter& out, I4& iError) {
-  while (in.Next()) {
-    if (Trimmed(in.Record()).size() < NLineMin) continue;
-    const std::string_view sLine = Left_Adjusted(Trimmed(in.Record()));
-    if (MDE_Keeps_Line(sLine)) out.Line(sLine);
-  }
-  if (!in.Has_Failed()) return;
-  // What could not be read would be lost with the old file.
-  iError = 1;
-  Report_Failure("ERROR while reading " + std::string(File_Name(sMdeFile)) + " near line:", std::string(in.Record()),
-                 "");
-}
-
-}  // namespace
-
-void MDE_Read(std::string& sMdeFile, I4& iError) {
-  iError = 0;
-  sMdeFile = IOsFindCompanion(sMdeFile);
-  if (IOsFileExists(sMdeFile) || Ask_for_File(sMdeFile)) {
-    Read_Lines(sMdeFile, iError);
-  } else {
-    iError = 1;
-  }
-  Settle_Station_Scaling(MdStn);
-}
-
-void MDE_Update(std::string_view sMdeFile, I4& iError) {
-  iError = 1;
-  if (Trimmed(sMdeFile).empty()) return;
-  const std::string sFound = IOsFindCompanion(sMdeFile);
-  if (IOsFileExists(sFound) && !May_Update(sFound)) return;
-  MDE_Rewrite(sFound, iError);
-}
-
-void MDE_Rewrite(std::string_view sMdeFile, I4& iError) {
-  iError = 0;
-  const std::string sPath(sMdeFile);
-  const std::string sFileName(File_Name(sPath));
-  const bool bExists = IOsFileExists(sPath);
-  MdEntryList hEntry;
-  I4 IOERR = 0;
-  TMD_Survey_Append_MD(hEntry, IOERR);
-  LogText("");
-  LogText((bExists ? "Updating keyword records in " : "Writing QUILLAN keyword records into ") + sFileName);
-
-  RecordReader in(sPath, MMdeUpdate);
-  TextWriter out(sPath);
-  if ((bExists && !in.Is_Open()) || out.Has_Failed()) {
-    iError = 1;
-    Report_Failure("ERROR while trying to open ", sPath, out.Reason());
-    return;
-  }
-  for (const MdEntry& hOne : hEntry) out.Line(MD_Entry_Line(hOne));
-  Carry_Over(in, sPath, out, iError);
-  if (iError != 0) return;
-  out.Commit();
-  if (!out.Has_Failed()) return;
-  iError = 1;
-  Report_Failure("ERROR while trying to write ", sPath, out.Reason());
-}
-
-bool MDE_Keeps_Line(std::string_view sLine) {
-  if (sLine.empty()) return false;
+/// Whether an update keeps a line of the old file. sLine: left-adjusted, without trailing blanks.
+bool Keeps_Line(std::string_view sLine) {
   if (sUpdateComment.find(sLine.front()) != std::string_view::npos) {
     return std::none_of(std::begin(sOwnComment), std::end(sOwnComment),
-                        [&](std::string_view sMark) { return Holds(sLine, sMark); });
+                        [&](std::string_view sMark) { return sLine.find(sMark) != std::string_view::npos; });
   }
 
   // Where the program's name or the keyword begins, where the program's name ends, where the value begins.
@@ -210,8 +119,66 @@ bool MDE_Keeps_Line(std::string_view sLine) {
     if (!Is_Program(CProgram, CLegacyProgram)) return true;
   }
   const Text<32> CKeyword = Str_UpCase(Part(sLine, I2, I3));
-  return std::none_of(std::begin(CDrop), std::end(CDrop),
-                      [&](std::string_view CWord) { return Holds(CKeyword.trimmed(), CWord); });
+  return !Replaced_by_Survey(CKeyword.trimmed());
+}
+
+/// The lines of the old file that are not ours. Returns 0; 1 it could not be read to its end, which is reported.
+I4 Carry_Over(RecordReader& in, const std::string& sMdeFile, TextWriter& out) {
+  while (in.Next()) {
+    if (Trimmed(in.Record()).size() < NLineMin) continue;
+    const std::string_view sLine = Left_Adjusted(Trimmed(in.Record()));
+    if (!sLine.empty() && Keeps_Line(sLine)) out.Line(sLine);
+  }
+  if (!in.Has_Failed()) return 0;
+  // What could not be read would be lost with the old file.
+  return Report_Failure(
+      "ERROR while reading " + std::string(File_Name(sMdeFile)) + " near line:", std::string(in.Record()), "");
+}
+
+}  // namespace
+
+I4 MDE_Read(std::string& sMdeFile) {
+  I4 iError = 0;
+  sMdeFile = IOsFindCompanion(sMdeFile);
+  if (!IOsFileExists(sMdeFile)) {
+    const std::string sChosen =
+        hUser.Choose_File("Optional *.mde files|*.mde|", "Select optional survey information *.mde file.");
+    if (!sChosen.empty()) sMdeFile = sChosen;
+    iError = sChosen.empty() ? 1 : 0;
+  }
+  if (iError == 0) iError = Read_Lines(sMdeFile);
+  Settle_Station_Scaling(MdStn);
+  return iError;
+}
+
+I4 MDE_Update(std::string_view sMdeFile) {
+  if (Trimmed(sMdeFile).empty()) return 1;
+  const std::string sFound = IOsFindCompanion(sMdeFile);
+  if (IOsFileExists(sFound) &&
+      !hUser.Says_Yes(std::string(File_Name(sFound)) + " already exists, do you want to update it?",
+                      "File already exists"))
+    return 1;
+  return MDE_Rewrite(sFound);
+}
+
+I4 MDE_Rewrite(std::string_view sMdeFile) {
+  const std::string sPath(sMdeFile);
+  const bool bExists = IOsFileExists(sPath);
+  MdEntryList hEntry;
+  static_cast<void>(TMD_Survey_Append_MD(hEntry));  // an empty list has room
+  LogText("");
+  LogText((bExists ? "Updating keyword records in " : "Writing QUILLAN keyword records into ") +
+          std::string(File_Name(sPath)));
+
+  RecordReader in(sPath, MMdeUpdate);
+  TextWriter out(sPath);
+  if ((bExists && !in.Is_Open()) || out.Has_Failed()) {
+    return Report_Failure("ERROR while trying to open ", sPath, out.Reason());
+  }
+  for (const MdEntry& hOne : hEntry) out.Line(MD_Entry_Line(hOne));
+  if (Carry_Over(in, sPath, out) != 0) return 1;
+  out.Commit();
+  return out.Has_Failed() ? Report_Failure("ERROR while trying to write ", sPath, out.Reason()) : 0;
 }
 
 }  // namespace quillan

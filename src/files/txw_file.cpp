@@ -1,17 +1,17 @@
 #include "files/txw_file.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
-#include <vector>
 
 #include "base/array.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
+#include "foundations/str_parse.h"
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
 #include "foundations/user.h"
+#include "model/station_scale.h"
 #include "model/txw_data.h"
 #include "platform/file_names.h"
 
@@ -39,13 +39,6 @@ constexpr R8 dStnSpacings = 10.0;    // within so many spacings two rows belong 
 constexpr std::size_t NLineMin = 3;  // shorter lines are passed over
 constexpr const char* sDropped = "Spurious data will be dropped.";
 
-struct Endpoint {
-  I4 iLoop;  // loop in the order of the file, from 1
-  R8 dTxStn;
-  Array1<R8, 3> dUTM;  // east, north, elevation
-  R4 fDepth;
-};
-
 ColumnMap Columns_without_Labels() {
   ColumnMap hColumn;
   hColumn.KCol = {1, 2, 3, 0, 0};  // identifier, east, north
@@ -59,11 +52,9 @@ struct TxwImport {
   L4 bValidLabels = true;  // the columns of the rows are known
   ColumnMap hColumn = Columns_without_Labels();
   FieldList hField{MTxwCol};
-  std::vector<Endpoint> hEndpoint;
-  R8 dTxStn0 = dDummy;  // identifier of the loop in hand
-  I4 NLoop = 0;
-  I4 NCorner = 0;    // of the loop in hand
-  I4 NErrLimit = 0;  // rows with a value beyond the limit
+  R8 dTxStn0 = dDummy;  // identifier in the first row of the loop in hand
+  L4 bTooMany = false;  // the table is full
+  I4 NErrLimit = 0;     // rows with a value beyond the limit
 };
 
 void Report(L4 bAuto, const ErrorLines& sError) {
@@ -72,13 +63,6 @@ void Report(L4 bAuto, const ErrorLines& sError) {
   } else {
     LogErr(sError);
   }
-}
-
-bool Ask_for_File(std::string& sTxwFile) {
-  const std::string sChosen =
-      hUser.Choose_File("Select optional txw file or select Cancel|*.txw|", "Select optional Tx wire endpoints file");
-  if (!sChosen.empty()) sTxwFile = sChosen;
-  return !sChosen.empty();
 }
 
 /// The file that is to be read. False when there is none.
@@ -91,8 +75,13 @@ bool Locate(std::string& sTxwFile, L4 bAuto) {
   if (bAuto) {
     LogText("Did not find txw file");
     LogText(sTxwFile);
-  } else if (Ask_for_File(sTxwFile)) {
-    return true;
+  } else {
+    const std::string sChosen =
+        hUser.Choose_File("Select optional txw file or select Cancel|*.txw|", "Select optional Tx wire endpoints file");
+    if (!sChosen.empty()) {
+      sTxwFile = sChosen;
+      return true;
+    }
   }
   LogText("Txw file import canceled.");
   return false;
@@ -106,11 +95,28 @@ bool Is_Label(char c) {
   return c >= 'A' && c <= 'z';
 }
 
+/// "LOOP, EAST": the required labels without a column.
+std::string Missing_Labels(const ColumnMap& hColumn) {
+  std::string sMissing;
+  for (std::size_t iVariable = 0; iVariable < NRequired; ++iVariable) {
+    if (hColumn.KCol[iVariable] > 0) continue;
+    if (!sMissing.empty()) sMissing += ", ";
+    sMissing += CTxwLabel[iVariable];
+  }
+  return sMissing;
+}
+
 void Take_Labels(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
-  I4 iError = 0;
-  TXW_Read_Labels(iRecord, sRecord, hImport.bAuto, hImport.hColumn, iError);
-  hImport.bValidLabels = iError == 0;
-  if (!hImport.bValidLabels) return;
+  // One report names all labels that are missing, so the matching itself is silent.
+  static_cast<void>(
+      Str_Column_Labels_Alias_List(sRecord, false, false, CTxwAlias, CTxwLabel, MTxwCol, hImport.hColumn));
+  const std::string sMissing = Missing_Labels(hImport.hColumn);
+  hImport.bValidLabels = sMissing.empty();
+  if (!hImport.bValidLabels) {
+    Report(hImport.bAuto, {"Txw_Read.ERROR missing data column label(s) on record " + Str_Write_I4(iRecord).str(),
+                           "Missing: " + sMissing});
+    return;
+  }
   LogText("Have found correct column labels, now reading numerical data.");
   LogText(sDropped);
 }
@@ -124,12 +130,8 @@ std::string Where(const TxwImport& hImport, I4 iRecord) {
 bool Read_Value(const TxwImport& hImport, I4 iRecord, std::string_view sRecord, I4 J, R8& dValue) {
   const auto iVariable = static_cast<std::size_t>(J - 1);
   const std::string_view sField = hImport.hField(hImport.hColumn.KCol[iVariable]);
-  I4 IOERR = 0;
-  if (hImport.bAuto) {
-    Str_to_R8(sField, 0.0, dValue, IOERR);
-  } else {
-    Fld_to_R8({iRecord, sRecord, CTxwLabel[iVariable]}, sField, 0.0, dValue, IOERR);
-  }
+  const I4 IOERR = hImport.bAuto ? Str_to_R8(sField, 0.0, dValue)
+                                 : Fld_to_R8({iRecord, sRecord, CTxwLabel[iVariable]}, sField, 0.0, dValue);
   if (IOERR == 0 || (IOERR < 0 && J > NRequired)) return true;
   // What cannot be read was reported by the field reader, unless it was the quiet one.
   if (IOERR < 0 || hImport.bAuto) {
@@ -148,17 +150,22 @@ bool Is_Within_Limit(TxwImport& hImport, I4 iRecord, I4 J, R8 dValue) {
   return false;
 }
 
-void Keep_Endpoint(TxwImport& hImport, const Array1<R8, NVariable>& dValue) {
-  const R8 dTxStn = dValue(1);
-  if (hImport.NLoop == 0 || std::abs(dTxStn - hImport.dTxStn0) > dStnSpacings * Spacing(hImport.dTxStn0)) {
-    ++hImport.NLoop;
-    hImport.NCorner = 0;
-    hImport.dTxStn0 = dTxStn;
+/// Adds a corner to the loop in hand or, as its first, to a new one.
+void Keep_Corner(TxwImport& hImport, const Array1<R8, NVariable>& dValue) {
+  if (NTxw == 0 || !Is_Same_Stn(hImport.dTxStn0, dValue(1), dStnSpacings)) {
+    hImport.bTooMany = NTxw == MTxwLoop;
+    if (hImport.bTooMany) return;
+    hTxw.Add();
+    ++NTxw;
+    hImport.dTxStn0 = dValue(1);
   }
-  if (hImport.NLoop > MTxwLoop || hImport.NCorner >= MTxUTMV) return;
-  ++hImport.NCorner;
-  const R4 fDepth = 0.0f - static_cast<R4>(std::abs(dValue(5)));  // no negative zero
-  hImport.hEndpoint.push_back({hImport.NLoop, dTxStn, {{dValue(2), dValue(3), dValue(4)}}, fDepth});
+  WireLoop& h = hTxw(NTxw);
+  if (h.NTxUTMV == MTxUTMV) return;
+  h.dTxStn = dValue(1);
+  h.dTxUTMV.hColumn(++h.NTxUTMV) = {
+      {dValue(2), dValue(3), dValue(4)}
+  };
+  h.fTxDepth.fill(0.0f - static_cast<R4>(std::abs(dValue(5))));  // no negative zero
 }
 
 void Take_Row(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
@@ -170,7 +177,7 @@ void Take_Row(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
   for (I4 J = 1; J <= NVariable; ++J) {
     if (!Is_Within_Limit(hImport, iRecord, J, dValue(J))) return;
   }
-  Keep_Endpoint(hImport, dValue);
+  Keep_Corner(hImport, dValue);
 }
 
 void Take_Record(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
@@ -185,78 +192,26 @@ void Take_Record(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
 }
 
 void Take_Records(TxwImport& hImport, RecordReader& in) {
-  while (in.Next() && hImport.NLoop <= MTxwLoop) Take_Record(hImport, in.iRecord(), in.Record());
+  while (!hImport.bTooMany && in.Next()) Take_Record(hImport, in.iRecord(), in.Record());
   if (in.Has_Failed()) {
     Report(hImport.bAuto,
            {"ERROR while reading file near line " + Str_Write_I4(in.iRecord()).str(), std::string(hImport.sFileName)});
   }
-  if (hImport.NLoop > MTxwLoop) {
+  if (hImport.bTooMany) {
     Report(hImport.bAuto, {"WARNING: more than " + Str_Write_I4(MTxwLoop).str() + " Tx loops in",
                            std::string(hImport.sFileName), "Further loops will be dropped."});
-    hImport.NLoop = MTxwLoop;
   }
-}
-
-void Widen_Ranges(const Endpoint& hEndpoint) {
-  dTxStnMin = std::min(dTxStnMin, hEndpoint.dTxStn);
-  dTxStnMax = std::max(dTxStnMax, hEndpoint.dTxStn);
-  for (I4 I = 1; I <= 3; ++I) {
-    dTxUTMMin(I) = std::min(dTxUTMMin(I), hEndpoint.dUTM(I));
-    dTxUMTMax(I) = std::max(dTxUMTMax(I), hEndpoint.dUTM(I));
-  }
-  fTxDepthMin = std::min(fTxDepthMin, hEndpoint.fDepth);
-  fTxDepthMax = std::max(fTxDepthMax, hEndpoint.fDepth);
-}
-
-void Store_Endpoint(const Endpoint& hEndpoint) {
-  WireLoop& hTxwJ = hTxw(hEndpoint.iLoop);
-  hTxwJ.dTxStn = hEndpoint.dTxStn;
-  hTxwJ.dTxUTMV.hColumn(++hTxwJ.NTxUTMV) = hEndpoint.dUTM;
-  hTxwJ.fTxDepth.fill(hEndpoint.fDepth);
-  Widen_Ranges(hEndpoint);
-}
-
-/// The loops into the table. iError: 0; 1 there is none, which is reported.
-void Store_Loops(const TxwImport& hImport, const std::string& sTxwFile, I4& iError) {
-  NTxw = hImport.NLoop;
-  Txw_Allocate(iError);
-  if (iError != 0) {
-    Report(hImport.bAuto, {"ERROR: No valid Tx loop wire endpoint coordinates recovered from", sTxwFile,
-                           "Expecting space or comma separated columns of Tx.ID,easting,northing,[elevation],[depth]"});
-    return;
-  }
-  LogText("Reading Tx wire endpoint data.");
-  for (const Endpoint& hEndpoint : hImport.hEndpoint) Store_Endpoint(hEndpoint);
-}
-
-void Complete_Loops() {
-  I4 iStatus = 0;
-  Txw_Sort(iStatus);
-  // A loop of one or two corners is kept without an area, and has reported itself.
-  for (I4 K = 1; K <= NTxw; ++K) Txw_Get_Area(hTxw(K), iStatus);
-}
-
-/// "LOOP, EAST": the required labels without a column.
-std::string Missing_Labels(const ColumnMap& hColumn) {
-  std::string sMissing;
-  for (std::size_t iVariable = 0; iVariable < NRequired; ++iVariable) {
-    if (hColumn.KCol[iVariable] > 0) continue;
-    if (!sMissing.empty()) sMissing += ", ";
-    sMissing += CTxwLabel[iVariable];
-  }
-  return sMissing;
 }
 
 }  // namespace
 
-void Txw_Read(std::string& sTxwFile, L4 bAuto, I4& iError) {
-  iError = 1;
+I4 Txw_Read(std::string& sTxwFile, L4 bAuto) {
   Txw_Initialize();  // loops of an earlier file must not stand under the name of this one
-  if (!Locate(sTxwFile, bAuto)) return;
+  if (!Locate(sTxwFile, bAuto)) return 1;
   RecordReader in(sTxwFile, MTxwRecord);
   if (!in.Is_Open()) {
     Report(bAuto, {"Txw_Read.ERROR: unable to open", sTxwFile});
-    return;
+    return 1;
   }
 
   Fld_Begin_File();
@@ -266,22 +221,18 @@ void Txw_Read(std::string& sTxwFile, L4 bAuto, I4& iError) {
   hImport.sFileName = File_Name(sTxwFile);
   hImport.bAuto = bAuto;
   Take_Records(hImport, in);
-  Store_Loops(hImport, sTxwFile, iError);
-  if (iError != 0) return;
-
-  Complete_Loops();
+  if (NTxw == 0) {
+    Report(bAuto, {"ERROR: No valid Tx loop wire endpoint coordinates recovered from", sTxwFile,
+                   "Expecting space or comma separated columns of Tx.ID,easting,northing,[elevation],[depth]"});
+    return 1;
+  }
+  LogText("Reading Tx wire endpoint data.");
+  Txw_Sort();
+  // A loop of one or two corners is kept without an area, and reports itself.
+  for (I4 K = 1; K <= NTxw; ++K) static_cast<void>(Txw_Get_Area(hTxw(K)));
   LogText("Tx wire endpoint coordinates for " + Str_Write_I4(NTxw).str() + " loops read from " +
           std::string(hImport.sFileName));
-}
-
-void TXW_Read_Labels(I4 iRecord, std::string_view sRecord, L4 bAuto, ColumnMap& hColumn, I4& iError) {
-  // Which label is missing is told below in one report, so the matching itself is silent.
-  Str_Column_Labels_Alias_List(sRecord, false, false, CTxwAlias, CTxwLabel, MTxwCol, hColumn, iError);
-  const std::string sMissing = Missing_Labels(hColumn);
-  iError = sMissing.empty() ? 0 : 1;
-  if (iError == 0) return;
-  Report(bAuto, {"Txw_Read.ERROR missing data column label(s) on record " + Str_Write_I4(iRecord).str(),
-                 "Missing: " + sMissing});
+  return 0;
 }
 
 }  // namespace quillan

@@ -20,7 +20,6 @@
 #include <string_view>
 
 #include "base/types.h"
-#include "foundations/str_parse.h"
 
 namespace quillan {
 
@@ -34,17 +33,12 @@ inline constexpr I4 MTxwLoop = 16384;
 /// there are three corners. A row that cannot be used is dropped and reported.
 /// A file that does not exist: with bAuto nothing is read, else the user may choose another, which sTxwFile then names.
 /// bAuto: nobody is asked, and errors go to the error file alone.
-/// iError: 0 at least one loop was read; 1 no file, or no loop in it: the table is empty.
-void Txw_Read(std::string& sTxwFile, L4 bAuto, I4& iError);
+/// Returns 0 when at least one loop was read; 1 no file, or no loop in it: the table is empty.
+[[nodiscard]] I4 Txw_Read(std::string& sTxwFile, L4 bAuto);
 
-/// Takes a line of labels. iError: 0; 1 when the identifier, east or north is missing, which is reported.
-void TXW_Read_Labels(I4 iRecord, std::string_view sRecord, L4 bAuto, ColumnMap& hColumn, I4& iError);
-
-// The same, the status returned.
-[[nodiscard]] inline I4 Txw_Read(std::string& sTxwFile, L4 bAuto) {
-  I4 iError = 0;
-  Txw_Read(sTxwFile, bAuto, iError);
-  return iError;
+// Old forms; they go when the last caller has changed.
+inline void Txw_Read(std::string& sTxwFile, L4 bAuto, I4& iError) {
+  iError = Txw_Read(sTxwFile, bAuto);
 }
 
 }  // namespace quillan

@@ -12,14 +12,6 @@ void Flip_Range(R4& fMin, R4& fMax) {
 
 }  // namespace
 
-void Edit_Window_Flag(I4 j, I4 I, L4 bSkip) {
-  hTrn(j).bSkip(I) = bSkip;
-}
-
-void Edit_Transient_Flag(I4 j, L4 bSkip) {
-  hTrn(j).bSkipTrn = bSkip;
-}
-
 void Edit_Polarity(I4 j) {
   Transient& h = hTrn(j);
   for (I4 I = 1; I <= h.NTW; ++I) {
@@ -28,10 +20,6 @@ void Edit_Polarity(I4 j) {
   }
   Flip_Range(h.fuVmin, h.fuVmax);
   Flip_Range(h.fBmin, h.fBmax);
-}
-
-void Edit_Value(I4 j, I4 I, WindowValues Transient::*hValue, R4 fValue) {
-  (hTrn(j).*hValue)(I) = fValue;
 }
 
 }  // namespace quillan

@@ -6,7 +6,6 @@
 // j runs over transients, I over windows, both from 1; windows stand in the order of rising time.
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "base/array.h"
@@ -76,7 +75,6 @@ struct Transient {
   WindowValues fARes = Filled<WindowValues>(fDummy);       // ohm-m, apparent resistivity
   WindowValues fDepth = Filled<WindowValues>(fDummy);      // iLengthUnit, image depth
   WindowValues fBmag = Filled<WindowValues>(fDummy);       // iBUnit, integrated field B(t)
-  WindowValues fYplt = Filled<WindowValues>(fDummy);       // what a plot chose to show
   R4 fTWCmin = fRangeMin0, fTWCmax = fRangeMax0;           // msec, first and last centre
   R4 fuVmin = fRangeMin0, fuVmax = fRangeMax0;             // range of fuVmag
   R4 fBmin = fRangeMin0, fBmax = fRangeMax0;               // range of fBmag
@@ -86,7 +84,6 @@ struct Transient {
 struct Survey {
   Text<128> sJobName, sJobArea, sJobFor, sJobBy;
   Text<16> sJobNumber, sJobDate;
-  I4 iSurveyType = 2;        // code in CSurveyType
   I4 iTemArray = iArrayFXL;  // code in CTemArray
   Text<16> sLineName;
   R8 dLineNumber = dDummy;
@@ -116,35 +113,29 @@ struct Survey {
   I4 iEUnit = 2;
 };
 
+/// Lines of the averaged file in the store that are written back into the next one.
+struct AvgKeptLines {
+  I4 NAvgCmt = 0;
+  Array1<Text<128>, MAvgCmt> sAvgCmt{};  // comments, written first
+  I4 NAvgMde = 0;
+  Array1<Text<256>, MAvgMde> sAvgMde{};  // $ lines that no metadata group takes
+};
+
 // Module state. Readers fill it, TMD_Initialize restores it.
 inline I4 NTrn = 0;                   // transients in use
 extern Array1<Transient, MTrn> hTrn;  // the store
 inline Survey hTemSurvey;
+inline AvgKeptLines hAvgKept;
+
 inline std::string sAvgFile;  // path of the current data file; the main program's, no initialiser clears it
-inline I4 NAvgCmt = 0;
-inline Array1<Text<128>, MAvgCmt> sAvgCmt;  // comment lines of the input file, written back first
-inline I4 NAvgMde = 0;
-inline Array1<Text<256>, MAvgMde> sAvgMde;  // $ lines of the input file that no group takes, written back
 
-/// Every field of the survey and of all transients gets its default; NTrn becomes 0. iError: 0.
-void TMD_Initialize(I4& iError);
-inline void TMD_Initialize() {
-  I4 iError = 0;
-  TMD_Initialize(iError);
-}
+/// Every field of the survey and of all transients gets its default; NTrn becomes 0, and no lines are kept.
+void TMD_Initialize();
 
-/// Whether two transients have the same window centres: equal counts, and no difference above 0.01 msec.
-void TMD_Trns_TW_Compare(const Transient& hTrns1, const Transient& hTrns2, L4& bTWMatch);
-
-/// Numbers the distinct window sets of the store in iTWCfg, from 1, in the order of first appearance.
-/// iError: 0; 1 when the store is empty.
-void TMD_Trns_Set_iTWCfg(I4& iError);
-
-// The same, the status returned.
-[[nodiscard]] inline I4 TMD_Trns_Set_iTWCfg() {
-  I4 iError = 0;
-  TMD_Trns_Set_iTWCfg(iError);
-  return iError;
+// Old forms; they go when the last caller has changed.
+inline void TMD_Initialize(I4& iError) {
+  iError = 0;
+  TMD_Initialize();
 }
 
 }  // namespace quillan

@@ -2,20 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
 #include <string>
 #include <vector>
 
 #include "foundations/log_file.h"
-#include "foundations/sort_util.h"
 #include "foundations/str_write.h"
+#include "model/station_scale.h"
 
 namespace quillan {
 
 namespace {
 
-constexpr R8 dRangeMin0 = 1.0E32;
-constexpr R8 dRangeMax0 = -1.0E32;
 constexpr R4 fPi = 3.14159265f;
 constexpr R4 fRadian = 0.0174532924f;  // radians in a degree
 constexpr I4 NCornerMin = 3;           // fewer enclose nothing
@@ -23,11 +20,7 @@ constexpr R4 fAreaMin = 0.01f;         // smaller loops have no sides
 constexpr R4 fSideMin = 0.01f;         // where the search for the longest wire begins
 constexpr R4 fAzimuthMax = 360.1f;     // degrees, either way
 constexpr R8 dStnMax = 1.0E20;         // a station number beyond it is a missing value
-constexpr R8 dStnSpacings = 100.0;     // within so many spacings two identifiers are one station
-
-bool Is_Same_Stn(R8 dStn, R8 dStnK) {
-  return std::abs(dStnK - dStn) <= dStnSpacings * Spacing(dStn);
-}
+constexpr const char* sNoArea = "has less than 3 wire endpoints => no surface area.";
 
 /// The first report since the last read shows in a box; a file of many bad loops would stop the user at each otherwise.
 void Report(const ErrorLines& sError) {
@@ -41,10 +34,6 @@ void Report(const ErrorLines& sError) {
 /// "Txw_Get_Area.ERROR: Tx loop for Tx.Stn=1200"
 std::string Loop_Text(const char* sRoutine, const WireLoop& hTxwJ) {
   return std::string(sRoutine) + ".ERROR: Tx loop for Tx.Stn=" + Str_Write_XYZR8(hTxwJ.dTxStn).str();
-}
-
-bool Is_Identity(const std::vector<I4>& JSort) {
-  return std::is_sorted(JSort.begin(), JSort.end());
 }
 
 /// Of each run of one station the first loop stays.
@@ -71,32 +60,24 @@ R4 Offset(const WireLoop& hTxwJ, I4 I, I4 J) {
   return static_cast<R4>(hTxwJ.dTxUTMV(I, J) - hTxwJ.dTxUTMC(I));
 }
 
-/// Corner J becomes what was corner JSort(J), with its depth.
-void Take_Order(WireLoop& hTxwJ, std::span<const I4> JSort) {
-  const auto dTxUTMV0 = hTxwJ.dTxUTMV;
-  const auto fTxDepth0 = hTxwJ.fTxDepth;
-  for (I4 J = 1; J <= hTxwJ.NTxUTMV; ++J) {
-    const I4 J0 = JSort[static_cast<std::size_t>(J - 1)];
-    hTxwJ.dTxUTMV.hColumn(J) = dTxUTMV0.hColumn(J0);
-    hTxwJ.fTxDepth(J) = fTxDepth0(J0);
-  }
-}
-
 void Order_by_Angle(WireLoop& hTxwJ) {
-  Array1<R4, MTxUTMV> fSortKey{};
-  Array1<I4, MTxUTMV> JSort{};
+  struct Corner {
+    R4 fAngle;
+    Array1<R8, 3> dUTM;
+    R4 fDepth;
+  };
+  std::vector<Corner> hCorner;
   for (I4 J = 1; J <= hTxwJ.NTxUTMV; ++J) {
-    fSortKey(J) = fPi + std::atan2(Offset(hTxwJ, 2, J), Offset(hTxwJ, 1, J));
+    const R4 fAngle = fPi + std::atan2(Offset(hTxwJ, 2, J), Offset(hTxwJ, 1, J));
+    hCorner.push_back({fAngle, hTxwJ.dTxUTMV.hColumn(J), hTxwJ.fTxDepth(J)});
   }
-  const auto N = static_cast<std::size_t>(hTxwJ.NTxUTMV);
-  InsertSort_R4(hTxwJ.NTxUTMV, {fSortKey.data(), N}, {JSort.data(), N});
-  Take_Order(hTxwJ, {JSort.data(), N});
-}
-
-void Reverse_Order(WireLoop& hTxwJ) {
-  Array1<I4, MTxUTMV> JSort{};
-  for (I4 J = 1; J <= hTxwJ.NTxUTMV; ++J) JSort(J) = hTxwJ.NTxUTMV + 1 - J;
-  Take_Order(hTxwJ, {JSort.data(), JSort.size()});
+  std::stable_sort(hCorner.begin(), hCorner.end(),
+                   [](const Corner& h1, const Corner& h2) { return h1.fAngle < h2.fAngle; });
+  for (I4 J = 1; J <= hTxwJ.NTxUTMV; ++J) {
+    const Corner& h = hCorner[static_cast<std::size_t>(J - 1)];
+    hTxwJ.dTxUTMV.hColumn(J) = h.dUTM;
+    hTxwJ.fTxDepth(J) = h.fDepth;
+  }
 }
 
 /// Area by trapezoids under the wires (shoelace formula), positive when the corners run anticlockwise.
@@ -135,83 +116,64 @@ void Longest_Wires(const WireLoop& hTxwJ, R4 fXazm, R4& fXLength, R4& fYLength) 
 
 void Txw_Initialize() {
   NTxw = 0;
-  hTxw.Allocate(0);
+  hTxw.Clear();
   NTxwError = 0;
-  dTxStnMin = dRangeMin0;
-  dTxStnMax = dRangeMax0;
-  dTxUTMMin.fill(dRangeMin0);
-  dTxUMTMax.fill(dRangeMax0);
-  fTxDepthMin = 0.0f;
-  fTxDepthMax = 0.0f;
 }
 
-void Txw_Allocate(I4& iError) {
-  iError = NTxw < 1 ? 1 : 0;
-  hTxw.Allocate(std::max(NTxw, 0));
-}
-
-void Txw_Sort(I4& iError) {
-  iError = 0;
-  if (NTxw < 2) return;
-
-  std::vector<R8> dTxStn(static_cast<std::size_t>(NTxw));
-  std::vector<I4> JSort(dTxStn.size());
-  for (I4 K = 1; K <= NTxw; ++K) dTxStn[static_cast<std::size_t>(K - 1)] = hTxw(K).dTxStn;
-  InsertSort_R8(NTxw, dTxStn, JSort);
-  if (Is_Identity(JSort)) return;
-
-  const WireTable hTxw0 = hTxw;
-  for (I4 K = 1; K <= NTxw; ++K) hTxw(K) = hTxw0(JSort[static_cast<std::size_t>(K - 1)]);
+void Txw_Sort() {
+  const auto Stands_Before = [](const WireLoop& h1, const WireLoop& h2) { return h1.dTxStn < h2.dTxStn; };
+  if (std::is_sorted(hTxw.begin(), hTxw.begin() + NTxw, Stands_Before)) return;
+  std::stable_sort(hTxw.begin(), hTxw.begin() + NTxw, Stands_Before);
   Drop_Repeated_Loops();
 }
 
-void Txw_Get_Area(WireLoop& hTxwJ, I4& iError) {
-  iError = 0;
+I4 Txw_Get_Area(WireLoop& hTxwJ) {
   if (hTxwJ.NTxUTMV < NCornerMin) {
-    iError = 1;
-    Report({Loop_Text("Txw_Get_Area", hTxwJ), "has less than 3 wire endpoints => no surface area."});
-    return;
+    Report({Loop_Text("Txw_Get_Area", hTxwJ), sNoArea});
+    return 1;
   }
   Set_Center(hTxwJ);
   Order_by_Angle(hTxwJ);
   const R4 fArea = Signed_Area(hTxwJ);
   hTxwJ.fTxArea = std::abs(fArea);
-  if (fArea < 0.0f) Reverse_Order(hTxwJ);
+  if (!(fArea < 0.0f)) return 0;
+  std::reverse(hTxwJ.dTxUTMV.hColumn.begin(), hTxwJ.dTxUTMV.hColumn.begin() + hTxwJ.NTxUTMV);
+  std::reverse(hTxwJ.fTxDepth.begin(), hTxwJ.fTxDepth.begin() + hTxwJ.NTxUTMV);
+  return 0;
 }
 
-void Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength, I4& iError) {
-  iError = 1;
+I4 Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength) {
   fTxLength.fill(1.0f);
   if (!(hTxwJ.fTxArea >= fAreaMin)) {
     Report({Loop_Text("Txw_Get_Length", hTxwJ), "has surface area < 0.01 m^2"});
-    return;
+    return 1;
   }
   fTxLength.fill(std::sqrt(hTxwJ.fTxArea));
   if (hTxwJ.NTxUTMV < NCornerMin) {
-    Report({Loop_Text("Txw_Get_Length", hTxwJ), "has less than 3 wire endpoints => no surface area."});
-    return;
+    Report({Loop_Text("Txw_Get_Length", hTxwJ), sNoArea});
+    return 1;
   }
   if (!(std::abs(fXazm) <= fAzimuthMax)) {
     Report({"Txw_Get_Length.ERROR:",
             "input X azimuth =" + Str_Write_R4(fXazm, "(F0.1)").str() + " < 360 or > 360 degrees"});
-    return;
+    return 1;
   }
 
-  iError = 0;
   R4 fXLength = 0.0f, fYLength = 0.0f;
   Longest_Wires(hTxwJ, fXazm, fXLength, fYLength);
   const R4 fLenScale = std::sqrt(hTxwJ.fTxArea / (fXLength * fYLength));
   fTxLength(1) = fLenScale * fXLength;
   fTxLength(2) = fLenScale * fYLength;
+  return 0;
 }
 
-void Txw_Get_iTxw(R8 dTxStn, I4& iTxw, I4& iError) {
-  iTxw = 0;
-  iError = NTxw < 1 || !(std::abs(dTxStn) <= dStnMax) ? 1 : 0;
-  for (I4 K = 1; iError == 0 && K <= NTxw; ++K) {
-    if (Is_Same_Stn(dTxStn, hTxw(K).dTxStn)) iTxw = K;
-    if (iTxw > 0 || hTxw(K).dTxStn > dTxStn) return;
+LoopFound Txw_Get_iTxw(R8 dTxStn) {
+  if (NTxw < 1 || !(std::abs(dTxStn) <= dStnMax)) return {.iError = 1};
+  for (I4 K = 1; K <= NTxw; ++K) {
+    if (Is_Same_Stn(dTxStn, hTxw(K).dTxStn)) return {.iTxw = K};
+    if (hTxw(K).dTxStn > dTxStn) break;
   }
+  return {};
 }
 
 }  // namespace quillan

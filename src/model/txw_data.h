@@ -47,52 +47,49 @@ class WireTable {
     assert(K >= 1 && K <= MLoop());
     return hLoop[static_cast<std::size_t>(K - 1)];
   }
+  auto begin() { return hLoop.begin(); }
   I4 MLoop() const { return static_cast<I4>(hLoop.size()); }
-  /// Room for NLoop loops, each with its start values.
-  void Allocate(I4 NLoop) { hLoop.assign(static_cast<std::size_t>(NLoop), WireLoop{}); }
+  /// One loop more, without corners.
+  void Add() { hLoop.emplace_back(); }
+  void Clear() { hLoop.clear(); }
 
  private:
   std::vector<WireLoop> hLoop;
 };
 
 // Module state. The reader of wire files fills it, Txw_Initialize empties it.
-inline WireTable hTxw;           // the loops
-inline I4 NTxw = 0;              // of which in use
-inline I4 NTxwError = 0;         // reports on areas and lengths since the last read; the first of them shows in a box
-inline R8 dTxStnMin, dTxStnMax;  // range of the identifiers in the file
-inline Array1<R8, 3> dTxUTMMin{}, dTxUMTMax{};     // range of the corners: east, north, elevation
-inline R4 fTxDepthMin = 0.0f, fTxDepthMax = 0.0f;  // range of the depths
+inline WireTable hTxw;    // the loops
+inline I4 NTxw = 0;       // of which in use
+inline I4 NTxwError = 0;  // reports on areas and lengths since the last read; the first of them shows in a box
 
-/// No loops; the ranges are ready to be widened by the first corner.
+/// No loops, and no reports so far.
 void Txw_Initialize();
-
-/// Makes a table of NTxw loops without corners. iError: 0; 1 when NTxw is below 1, the table is then empty.
-void Txw_Allocate(I4& iError);
 
 /// Puts the loops in the order of rising identifiers. If they were not so already, only the first loop of each
 /// identifier is kept; a table that is in order is not looked at for duplicates, since a file so ordered was made to be
-/// taken as it stands. iError: 0.
-void Txw_Sort(I4& iError);
+/// taken as it stands.
+void Txw_Sort();
 
 /// Centre and area of a loop. The corners are put into the order of their angle around the centre, so that a list of
 /// corners in any order gives the true area of a convex loop; a re-entrant loop is flattened.
-/// iError: 0; 1 fewer than 3 corners, reported, area and centre unchanged.
-void Txw_Get_Area(WireLoop& hTxwJ, I4& iError);
+/// Returns 0; 1 fewer than 3 corners, reported, area and centre unchanged.
+[[nodiscard]] I4 Txw_Get_Area(WireLoop& hTxwJ);
 
 /// Sides of a rectangle that has the area of a loop and the proportions of its longest wires, along (1) and across (2)
 /// the azimuth fXazm in degrees.
-/// iError: 0; 1 reported: no area, fTxLength is then 1.0, or no such azimuth, it is then the side of the square.
-void Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength, I4& iError);
+/// Returns 0; 1 reported: no area, fTxLength is then 1.0, or no such azimuth, it is then the side of the square.
+[[nodiscard]] I4 Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength);
 
-/// Number of the loop of a transmitter station; 0 if there is none. iError: 0, also when no loop is found; 1 no loops
-/// at all, or the station has no value.
-void Txw_Get_iTxw(R8 dTxStn, I4& iTxw, I4& iError);
+/// What a look-up found.
+struct LoopFound {
+  I4 iTxw = 0;    // number of the loop, 0 if the station has none
+  I4 iError = 0;  // 0, also when no loop is found; 1 no loops at all, or the station has no value
+};
+LoopFound Txw_Get_iTxw(R8 dTxStn);
 
-// The same, the status returned.
-[[nodiscard]] inline I4 Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength) {
-  I4 iError = 0;
-  Txw_Get_Length(hTxwJ, fXazm, fTxLength, iError);
-  return iError;
+// Old forms; they go when the last caller has changed.
+inline void Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength, I4& iError) {
+  iError = Txw_Get_Length(hTxwJ, fXazm, fTxLength);
 }
 
 }  // namespace quillan

@@ -1,5 +1,7 @@
 #include "processing/auto_skip.h"
 
+#include "model/edits.h"
+
 namespace quillan {
 namespace {
 
@@ -13,26 +15,20 @@ bool Ends_Decay(const Transient& h, I4 I, const AutoSkipLimits& hLimits) {
   return fSlope >= 0.0f && h.fuVpct(I) > fSlopeErrorLimit;
 }
 
-void Skip_by_Rule(Transient& h, const AutoSkipLimits& hLimits) {
+void Skip_by_Rule(I4 j, const AutoSkipLimits& hLimits) {
+  const Transient& h = hTrn(j);
   bool bEnded = false;
   for (I4 I = 1; I <= h.NTW; ++I) {
-    if (I < hLimits.ITWBEG || I > hLimits.ITWEND) {
-      h.bSkip(I) = true;
-      continue;
-    }
-    bEnded = bEnded || Ends_Decay(h, I, hLimits);
-    h.bSkip(I) = bEnded || (hLimits.bDropNegativeData && h.fuVmag(I) <= 0.0f);
+    const bool bOutside = I < hLimits.ITWBEG || I > hLimits.ITWEND;
+    bEnded = bEnded || (!bOutside && Ends_Decay(h, I, hLimits));
+    Edit_Window_Flag(j, I, bOutside || bEnded || (hLimits.bDropNegativeData && h.fuVmag(I) <= 0.0f));
   }
 }
 
 }  // namespace
 
-void AutoSkip_Initialize() {
-  hAutoSkip = AutoSkipLimits{};
-}
-
 void AutoSkip_Apply(const AutoSkipLimits& hLimits) {
-  for (I4 j = 1; j <= NTrn; ++j) Skip_by_Rule(hTrn(j), hLimits);
+  for (I4 j = 1; j <= NTrn; ++j) Skip_by_Rule(j, hLimits);
 }
 
 }  // namespace quillan

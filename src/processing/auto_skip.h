@@ -2,7 +2,7 @@
 //
 // The rules look at each transient from its first window on. A window outside the range, or with a value that is not
 // positive, is skipped alone. An error above the floor, or a step upward with an error above 1 %, skips its window and
-// every later one: once a decay curve is lost in noise, a good value behind it is luck.
+// every later one: once a decay curve is lost in noise, a good value after it is luck.
 #pragma once
 
 #include "base/types.h"
@@ -20,9 +20,7 @@ struct AutoSkipLimits {
   R4 ErrorFloor = 50.0f;         // percent, on fuVpct
 };
 
-// Module state: the command fills it, AutoSkip_Initialize restores it.
-inline AutoSkipLimits hAutoSkip;
-void AutoSkip_Initialize();
+inline AutoSkipLimits hAutoSkip;  // module state: the command fills it
 
 /// Sets bSkip(1..NTW) of every transient from the data alone; no flag of before is kept.
 void AutoSkip_Apply(const AutoSkipLimits& hLimits);

@@ -8,10 +8,10 @@ namespace {
 
 constexpr R4 fUsecPerMsec = 1000.0f;
 
-bool Store_Is_Empty(std::string_view sRoutine, I4& iError) {
-  iError = NTrn < 1 ? 1 : 0;
-  if (iError != 0) LogErr({std::string(sRoutine) + ".ERROR: No valid data loaded."});
-  return iError != 0;
+bool Store_Is_Empty(std::string_view sRoutine) {
+  if (NTrn >= 1) return false;
+  LogErr({std::string(sRoutine) + ".ERROR: No valid data loaded."});
+  return true;
 }
 
 void Integrate_Rectangles(Transient& h) {
@@ -44,23 +44,25 @@ void Integrate_Trapezoids(Transient& h) {
 
 }  // namespace
 
-void dBdt_2_B(I4& iError) {
+I4 dBdt_2_B() {
   LogText("");
   LogText("Integrating dB/dt to get B(t).");
-  if (Store_Is_Empty("dBdt_2_B", iError)) return;
+  if (Store_Is_Empty("dBdt_2_B")) return 1;
   for (I4 j = 1; j <= NTrn; ++j) Integrate_Rectangles(hTrn(j));
   LogText("Integration of dB/dt is finished.");
+  return 0;
 }
 
-void dBzdt_2_Bz(I4& iError) {
+I4 dBzdt_2_Bz() {
   LogText_Reset();
   LogText("");
   LogText("Integrating dBz/dt to get Bz(t).");
-  if (Store_Is_Empty("dBzdt_2_Bz", iError)) return;
+  if (Store_Is_Empty("dBzdt_2_Bz")) return 1;
   for (I4 j = 1; j <= NTrn; ++j) {
     if (hTrn(j).iRxCmp == iCmpHz) Integrate_Trapezoids(hTrn(j));
   }
   LogText("Integration of dBz/dt is finished.");
+  return 0;
 }
 
 }  // namespace quillan

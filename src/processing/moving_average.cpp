@@ -4,7 +4,8 @@
 #include <cmath>
 
 #include "foundations/log_file.h"
-#include "model/tmd_data.h"
+#include "model/derived.h"
+#include "model/edits.h"
 #include "processing/b_field.h"
 
 namespace quillan {
@@ -16,12 +17,17 @@ constexpr Array1<R4, -NReach, NReach> fWFlt{
 };  // exp(-K*K/2)
 constexpr I4 IFirstFiltered = 3;                  // the steep first windows stay as they are
 constexpr R4 fAResLimit = 1.0E-10f;               // ohm-m, at or below it there is no resistivity
-constexpr R4 fDepthFactor = 28.0f;                // m per sqrt(msec ohm-m)
 constexpr R4 fTinySquare = 1.0E-12f;              // msec**2, below it a geometric mean means nothing
 constexpr I4 NAResNeeded = 2;
 
 R4 Time_Scale(R4 fTWCen) {
   return std::pow(fTWCen, 2.5f);
+}
+
+/// Inverse hyperbolic sine; the sign is taken out first, which keeps the precision of large negative arguments.
+R4 ASINH(R4 X) {
+  if (X < 0.0f) return -std::log(-X + std::sqrt(X * X + 1.0f));
+  return std::log(X + std::sqrt(X * X + 1.0f));
 }
 
 /// Weighted mean of fDwrk over the unskipped windows in reach of I that have a value; missing where there is none.
@@ -37,24 +43,23 @@ R4 Smoothed(const Transient& h, const WindowValues& fDwrk, I4 I) {
   return fWSum <= 0.0f ? fDummy : fDSum / fWSum;
 }
 
-void Smooth_dBdt(Transient& h) {
+void Smooth_dBdt(I4 j) {
+  const Transient& h = hTrn(j);
   WindowValues fDwrk;
   for (I4 I = 1; I <= h.NTW; ++I) {
-    if (h.fuVmag(I) <= fDummyLimit) {
-      fDwrk(I) = fDummy;
-      h.bSkip(I) = true;
-    } else {
-      fDwrk(I) = ASINH(Time_Scale(h.fTWCen(I)) * h.fuVmag(I));
-    }
+    const bool bMissing = h.fuVmag(I) <= fDummyLimit;
+    fDwrk(I) = bMissing ? fDummy : ASINH(Time_Scale(h.fTWCen(I)) * h.fuVmag(I));
+    if (bMissing) Edit_Window_Flag(j, I, true);
   }
   for (I4 I = IFirstFiltered; I <= h.NTW; ++I) {
     const R4 fMean = Smoothed(h, fDwrk, I);
-    h.fuVmag(I) = fMean == fDummy ? fDummy : std::sinh(fMean) / Time_Scale(h.fTWCen(I));
+    Edit_Value(j, I, &Transient::fuVmag, fMean == fDummy ? fDummy : std::sinh(fMean) / Time_Scale(h.fTWCen(I)));
   }
 }
 
 /// False, with nothing changed, when the transient has too few resistivities.
-bool Smooth_ARes(Transient& h) {
+bool Smooth_ARes(I4 j) {
+  const Transient& h = hTrn(j);
   WindowValues fDwrk;
   I4 NARes = 0;
   for (I4 I = 1; I <= h.NTW; ++I) {
@@ -66,20 +71,16 @@ bool Smooth_ARes(Transient& h) {
 
   for (I4 I = IFirstFiltered; I <= h.NTW; ++I) {
     const R4 fMean = Smoothed(h, fDwrk, I);
-    if (fMean == fDummy) {
-      h.fARes(I) = fDummy;
-      continue;
-    }
-    h.fARes(I) = std::exp(fMean);
-    h.fDepth(I) = fDepthFactor * std::sqrt(h.fARes(I) * h.fTWCen(I));
+    Edit_Value(j, I, &Transient::fARes, fMean == fDummy ? fDummy : std::exp(fMean));
+    if (fMean != fDummy) Edit_Value(j, I, &Transient::fDepth, Image_Depth(h.fTWCen(I), h.fARes(I)));
   }
   return true;
 }
 
 bool Smooth_All() {
   for (I4 j = 1; j <= NTrn; ++j) {
-    Smooth_dBdt(hTrn(j));
-    if (!Smooth_ARes(hTrn(j))) return false;
+    Smooth_dBdt(j);
+    if (!Smooth_ARes(j)) return false;
   }
   return true;
 }
@@ -113,23 +114,16 @@ void Set_Edges(Transient& h) {
 
 }  // namespace
 
-R4 ASINH(R4 X) {
-  if (X < 0.0f) return -std::log(-X + std::sqrt(X * X + 1.0f));
-  return std::log(X + std::sqrt(X * X + 1.0f));
-}
-
-void GMA_Time(I4& iError) {
-  iError = 0;
+I4 GMA_Time() {
   if (NTrn < 1) {
     LogErr({"GMA_Time.ERROR: No valid data are loaded."});
-    iError = 1;
-    return;
+    return 1;
   }
   LogText_Reset();
   LogText("");
   LogText("Applying moving average filter to dB/dt and apparent resistivity transients.");
   if (Smooth_All()) LogText("Moving average filtering is finished.");
-  dBdt_2_B(iError);
+  return dBdt_2_B();
 }
 
 void Get_TWWidth() {

@@ -5,27 +5,22 @@
 
 namespace quillan {
 
-/// Inverse hyperbolic sine; the sign is taken out first, which keeps the precision of large negative arguments.
-R4 ASINH(R4 X);
-
 /// Smooths dB/dt and apparent resistivity over five windows with weights of a Gaussian, from the third window on.
 ///
 /// dB/dt is averaged as asinh(t**2.5 * dB/dt), which flattens the late decay and takes negative values; resistivity as
 /// its logarithm. Skipped windows give nothing but are given the average of their neighbours; a window without an
 /// unskipped neighbour in reach loses its value. A missing dB/dt becomes a skipped window. At the first transient with
-/// fewer than two resistivities the filter ends for good. B(t) is integrated anew.
-/// iError: 0; 1 without data.
-void GMA_Time(I4& iError);
+/// fewer than two resistivities the filter ends for good. B(t) is integrated again.
+/// Returns 0; 1 without data, which is reported.
+[[nodiscard]] I4 GMA_Time();
 
 /// Gives every window without a begin or an end (-1.0E32) one: the geometric mean of neighbouring centres, the mirror
 /// of the other edge at either end of the transient.
 void Get_TWWidth();
 
-// The same, the status returned.
-[[nodiscard]] inline I4 GMA_Time() {
-  I4 iError = 0;
-  GMA_Time(iError);
-  return iError;
+// Old forms; they go when the last caller has changed.
+inline void GMA_Time(I4& iError) {
+  iError = GMA_Time();
 }
 
 }  // namespace quillan

@@ -42,20 +42,17 @@ void Permute_Store(std::vector<I4>& JSort) {
 
 }  // namespace
 
-void Sort_TEM_Data(I4& iError) {
-  iError = 0;
+I4 Sort_TEM_Data() {
   LogText_Reset();
   LogText("");
   LogText("Sorting TEM data low-to-high by RxCmp,TxFreq,RxStn-TxStn,RxStn.");
-  if (NTrn < 2) {
-    iError = 1;
-    return;
-  }
+  if (NTrn < 2) return 1;
   const std::vector<R4> fSortKey = Sort_Keys();
   std::vector<I4> JSort(static_cast<std::size_t>(NTrn));
   Sort_MKey_R4(MKey, NTrn, fSortKey, JSort);
   Permute_Store(JSort);
   LogText("Sorting complete.");
+  return 0;
 }
 
 }  // namespace quillan

@@ -9,21 +9,24 @@
 namespace quillan {
 namespace {
 
-/// Reads one row behind a metadata line and a line of labels.
-Transient Read_Row(const std::string& sLabels, const std::string& sRow) {
+/// Reads labels and rows below a metadata line; gives the transient that they make, if they make one.
+Transient Read_Rows(const std::string& sText) {
   Begin_Test();
-  I4 iError = 0;
-  MDP_Initialize(iError);
-  Write_File("row.avg", "$ Tx.Freq= 16 hertz\n$ Rx.KvrStn= 7\n" + sLabels + "\n" + sRow + "\n");
-  AVG_Read("row.avg", iError);
-  return NTrn == 1 ? hTrn(1) : Transient();
+  MDP_Initialize();
+  Write_File("row.avg", "$ Tx.Freq= 16 hertz\n$ Rx.KvrStn= 7\n" + sText + "\n");
+  const I4 iError = AVG_Read("row.avg");
+  return iError == 0 && NTrn == 1 ? hTrn(1) : Transient();
+}
+
+Transient Read_Row(const std::string& sLabels, const std::string& sRow) {
+  return Read_Rows(sLabels + "\n" + sRow);
 }
 
 constexpr const char* sValueLabels = "TWin.Center, dBdt.Mag, dBdt.%Err, ARes.Mag";
 
 TEST(AvgRow, EverySpellingReadsAsItDoesAmongFields) {
   struct Case {
-    const char* sValues;  // what stands behind the index
+    const char* sValues;  // what stands after the index
     R4 fuVmag, fARes;     // fDummy: the row is dropped
   };
   for (const Case& h : {
@@ -58,20 +61,14 @@ TEST(AvgRow, EverySpellingReadsAsItDoesAmongFields) {
 }
 
 TEST(AvgRow, LabelsThatChangeWithinAFileChangeTheColumns) {
-  Begin_Test();
-  I4 iError = 0;
-  MDP_Initialize(iError);
   const std::string sFirst = "TWin.Center, dBdt.Mag, ARes.Mag\n";
-  const std::string sSecond = "ARes.Mag, dBdt.Mag, TWin.Center\n";
-  Write_File("row.avg", "$ Tx.Freq= 16\n$ Rx.KvrStn= 7\n" + sFirst + "1, 20, 300\n" + sFirst + "2, 21, 301\n" +
-                            sSecond + "302, 22, 3\n" + sFirst + "4, 23, 303\n");
-  AVG_Read("row.avg", iError);
-  ASSERT_EQ(NTrn, 1);
-  ASSERT_EQ(hTrn(1).NTW, 4);
+  const Transient h = Read_Rows(sFirst + "1, 20, 300\n" + sFirst + "2, 21, 301\n" +
+                                "ARes.Mag, dBdt.Mag, TWin.Center\n302, 22, 3\n" + sFirst + "4, 23, 303");
+  ASSERT_EQ(h.NTW, 4);
   for (I4 I = 1; I <= 4; ++I) {
-    EXPECT_EQ(hTrn(1).fTWCen(I), static_cast<R4>(I));
-    EXPECT_EQ(hTrn(1).fuVmag(I), static_cast<R4>(19 + I));
-    EXPECT_EQ(hTrn(1).fARes(I), static_cast<R4>(299 + I));
+    EXPECT_EQ(h.fTWCen(I), static_cast<R4>(I));
+    EXPECT_EQ(h.fuVmag(I), static_cast<R4>(19 + I));
+    EXPECT_EQ(h.fARes(I), static_cast<R4>(299 + I));
   }
 }
 

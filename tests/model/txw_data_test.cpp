@@ -6,55 +6,42 @@
 #include <string_view>
 #include <vector>
 
-#include "foundations/log_file.h"
+#include "support/reports.h"
+#include "support/survey_builder.h"
 
 namespace quillan {
 namespace {
 
-struct Corner {
-  R8 dEast, dNorth;
-};
+constexpr R8 dEast0 = 350100.0, dNorth0 = 6240020.0;  // map coordinates: in R4 alone off by half a metre
 
-WireLoop Loop(R8 dTxStn, const std::vector<Corner>& hCorner) {
+/// A rectangle of which the corners 1 to 4, anticlockwise from the south-west, come in some order; the depth of each
+/// tells it from the others.
+WireLoop Rectangle(R8 dEast, R8 dNorth, std::string_view sOrder = "1234") {
   WireLoop h;
-  h.dTxStn = dTxStn;
-  for (const Corner& hAt : hCorner) {
-    ++h.NTxUTMV;
-    h.dTxUTMV.hColumn(h.NTxUTMV) = {
-        {hAt.dEast, hAt.dNorth, 10.0}
-    };
-    h.fTxDepth(h.NTxUTMV) = static_cast<R4>(-hAt.dEast);
+  h.dTxStn = 1200.0;
+  for (const char c : sOrder) {
+    const I4 J = ++h.NTxUTMV;
+    h.dTxUTMV(1, J) = dEast0 + (c == '2' || c == '3' ? dEast : 0.0);
+    h.dTxUTMV(2, J) = dNorth0 + (c >= '3' ? dNorth : 0.0);
+    h.fTxDepth(J) = static_cast<R4>('0' - c);
   }
   return h;
-}
-
-/// Reports that a user would have seen as boxes.
-I4 Shown(std::string_view sPart) {
-  I4 NShown = 0;
-  for (I4 I = 1; I <= NTextBuffer; ++I) {
-    if (sTextBuffer(I).trimmed().find(sPart) != std::string_view::npos) ++NShown;
-  }
-  return NShown;
 }
 
 class WireLoops : public testing::Test {
  protected:
   void SetUp() override {
-    bAutoErr = true;
-    I4 IOERR = 0;
-    Log_Initialize("quillan", IOERR);
+    Begin_Test();
     LogText_Reset();
     Txw_Initialize();
   }
 
   static void Put(const std::vector<R8>& dTxStn) {
-    NTxw = static_cast<I4>(dTxStn.size());
-    I4 iError = 1;
-    Txw_Allocate(iError);
-    ASSERT_EQ(iError, 0);
-    for (I4 K = 1; K <= NTxw; ++K) {
-      hTxw(K).dTxStn = dTxStn[static_cast<std::size_t>(K - 1)];
-      hTxw(K).NTxUTMV = K;  // tells the loops apart after a sort
+    Txw_Initialize();
+    for (const R8 dStn : dTxStn) {
+      hTxw.Add();
+      hTxw(++NTxw).dTxStn = dStn;
+      hTxw(NTxw).NTxUTMV = NTxw;  // tells the loops apart after a sort
     }
   }
 
@@ -66,29 +53,16 @@ class WireLoops : public testing::Test {
 };
 
 TEST_F(WireLoops, SquareHasItsAreaInWhateverOrderItsCornersCome) {
-  // Map coordinates: in R4 the corners alone would be off by half a metre.
-  const Corner hSW{350100, 6240020}, hSE{350300, 6240020}, hNE{350300, 6240220}, hNW{350100, 6240220};
-  const std::vector<std::vector<Corner>> hOrder = {
-      {hSW, hSE, hNE, hNW},
-      {hNW, hNE, hSE, hSW},
-      {hSW, hNE, hSE, hNW},
-      {hNE, hNW, hSE, hSW}
-  };
-  for (const auto& hCorner : hOrder) {
-    WireLoop h = Loop(1, hCorner);
-    I4 iError = 1;
-    Txw_Get_Area(h, iError);
-    EXPECT_EQ(iError, 0);
-    EXPECT_FLOAT_EQ(h.fTxArea, 40000.0f);
-    EXPECT_EQ(h.dTxUTMC, (Array1<R8, 3>{
-                             {350200.0, 6240120.0, 10.0}
-    }));
+  for (const char* sOrder : {"1234", "4321", "1324", "3421"}) {
+    WireLoop h = Rectangle(200, 200, sOrder);
+    EXPECT_EQ(Txw_Get_Area(h), 0);
+    EXPECT_FLOAT_EQ(h.fTxArea, 40000.0f) << sOrder;
+    EXPECT_EQ(h.dTxUTMC(1), dEast0 + 100.0);
+    EXPECT_EQ(h.dTxUTMC(2), dNorth0 + 100.0);
     for (I4 J = 1; J <= 4; ++J) {  // anticlockwise, and each corner has kept its own depth
-      const I4 JNext = J % 4 + 1;
-      EXPECT_GT((h.dTxUTMV(1, J) - 350200) * (h.dTxUTMV(2, JNext) - 6240120) -
-                    (h.dTxUTMV(1, JNext) - 350200) * (h.dTxUTMV(2, J) - 6240120),
-                0.0);
-      EXPECT_EQ(h.fTxDepth(J), static_cast<R4>(-h.dTxUTMV(1, J)));
+      const R4 fNext = h.fTxDepth(J) == -4.0f ? -1.0f : h.fTxDepth(J) - 1.0f;
+      EXPECT_EQ(h.fTxDepth(J % 4 + 1), fNext) << sOrder;
+      EXPECT_EQ(h.dTxUTMV(1, J) > dEast0, h.fTxDepth(J) == -2.0f || h.fTxDepth(J) == -3.0f) << sOrder;
     }
   }
 }
@@ -103,78 +77,52 @@ TEST_F(WireLoops, SidesKeepTheAreaAndTheProportions) {
       {"along north", 0.0f,   100.0f, 300.0f},
       {"a full turn", 360.0f, 100.0f, 300.0f},
   };
-  WireLoop h = Loop(1, {
-                           {0,   0  },
-                           {300, 0  },
-                           {300, 100},
-                           {0,   100}
-  });
-  I4 iError = 1;
-  Txw_Get_Area(h, iError);
+  WireLoop h = Rectangle(300, 100);
+  ASSERT_EQ(Txw_Get_Area(h), 0);
   for (const Case& hOne : hCase) {
     Array1<R4, 2> fTxLength{};
-    Txw_Get_Length(h, hOne.fXazm, fTxLength, iError);
-    EXPECT_EQ(iError, 0) << hOne.sWhat;
+    EXPECT_EQ(Txw_Get_Length(h, hOne.fXazm, fTxLength), 0) << hOne.sWhat;
     EXPECT_NEAR(fTxLength(1), hOne.fAlong, 0.01f) << hOne.sWhat;
     EXPECT_NEAR(fTxLength(2), hOne.fAcross, 0.01f) << hOne.sWhat;
   }
 }
 
 TEST_F(WireLoops, LoopWithoutSidesIsReportedOnScreenOnce) {
-  WireLoop hWire = Loop(1200, {
-                                  {0,   0},
-                                  {100, 0}
-  });
-  I4 iError = 0;
-  Txw_Get_Area(hWire, iError);
-  EXPECT_EQ(iError, 1);
+  WireLoop hWire = Rectangle(100, 100, "12");
+  EXPECT_EQ(Txw_Get_Area(hWire), 1);
   EXPECT_FALSE(Is_Present(hWire.fTxArea));
   EXPECT_EQ(Shown("Txw_Get_Area.ERROR: Tx loop for Tx.Stn=1200"), 1);
   EXPECT_EQ(Shown("has less than 3 wire endpoints => no surface area."), 1);
 
   Array1<R4, 2> fTxLength{};
-  Txw_Get_Length(hWire, 0.0f, fTxLength, iError);
-  EXPECT_EQ(iError, 1);
+  EXPECT_EQ(Txw_Get_Length(hWire, 0.0f, fTxLength), 1);
   EXPECT_EQ(fTxLength(1), 1.0f);
   EXPECT_EQ(Shown("has surface area < 0.01 m^2"), 0) << "a second box";
   EXPECT_EQ(NTxwError, 2);
 }
 
 TEST_F(WireLoops, LengthWithoutAnAzimuthIsThatOfTheSquare) {
-  WireLoop h = Loop(1, {
-                           {0,   0  },
-                           {400, 0  },
-                           {400, 100},
-                           {0,   100}
-  });
-  I4 iError = 0;
-  Txw_Get_Area(h, iError);
+  WireLoop h = Rectangle(400, 100);
+  ASSERT_EQ(Txw_Get_Area(h), 0);
   Array1<R4, 2> fTxLength{};
-  Txw_Get_Length(h, 400.0f, fTxLength, iError);
-  EXPECT_EQ(iError, 1);
-  EXPECT_EQ(fTxLength, (Array1<R4, 2>{
-                           {200.0f, 200.0f}
-  }));
+  EXPECT_EQ(Txw_Get_Length(h, 400.0f, fTxLength), 1);
+  EXPECT_EQ(fTxLength(1), 200.0f);
+  EXPECT_EQ(fTxLength(2), 200.0f);
   EXPECT_EQ(Shown("input X azimuth =400 < 360 or > 360 degrees"), 1);
 }
 
 TEST_F(WireLoops, SortKeepsTheFirstLoopOfAStationUnlessTheFileWasInOrder) {
-  I4 iError = 1;
   Put({30, 10, 20, 10, 30});
-  Txw_Sort(iError);
-  EXPECT_EQ(iError, 0);
+  Txw_Sort();
   EXPECT_EQ(Places(), (std::vector<I4>{2, 3, 1}));
 
   Put({10, 20, 20, 30});
-  Txw_Sort(iError);
+  Txw_Sort();
   EXPECT_EQ(Places(), (std::vector<I4>{1, 2, 3, 4}));
 }
 
 TEST_F(WireLoops, LookUpTakesTheLoopOfTheStation) {
-  I4 iTxw = 7, iError = 0;
-  Txw_Get_iTxw(10.0, iTxw, iError);
-  EXPECT_EQ(iError, 1) << "no loops";
-  EXPECT_EQ(iTxw, 0);
+  EXPECT_EQ(Txw_Get_iTxw(10.0).iError, 1) << "no loops";
 
   Put({-10, 10, 20});
   struct Case {
@@ -190,9 +138,9 @@ TEST_F(WireLoops, LookUpTakesTheLoopOfTheStation) {
       {dDummy,         0, 1},
   };
   for (const Case& h : hCase) {
-    Txw_Get_iTxw(h.dTxStn, iTxw, iError);
-    EXPECT_EQ(iTxw, h.iTxw) << h.dTxStn;
-    EXPECT_EQ(iError, h.iError) << h.dTxStn;
+    const LoopFound hFound = Txw_Get_iTxw(h.dTxStn);
+    EXPECT_EQ(hFound.iTxw, h.iTxw) << h.dTxStn;
+    EXPECT_EQ(hFound.iError, h.iError) << h.dTxStn;
   }
 }
 

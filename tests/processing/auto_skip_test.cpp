@@ -55,7 +55,7 @@ TEST(AutoSkip, RulesSetTheFlagsThatTheirWordsPromise) {
   }
 }
 
-TEST(AutoSkip, LatchEndsWithItsTransientAndFlagsBehindTheLastWindowStay) {
+TEST(AutoSkip, LatchEndsWithItsTransientAndFlagsAfterTheLastWindowStay) {
   Load({TransientBuilder().Values({9, 8}).Errors_Percent({60, 1}),
         TransientBuilder().Values({9, 8}).Errors_Percent({1, 1})});
   hTrn(2).bSkip(3) = true;

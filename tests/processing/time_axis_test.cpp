@@ -24,9 +24,7 @@ Transient Decay() {
 TEST(MovingAverage, FiltersFromTheThirdWindowOnWithItsFiveWeights) {
   Load({Decay()});
   const Transient h0 = hTrn(1);
-  I4 iError = 1;
-  GMA_Time(iError);
-  EXPECT_EQ(iError, 0);
+  EXPECT_EQ(GMA_Time(), 0);
   EXPECT_EQ(hTrn(1).fuVmag(1), h0.fuVmag(1));
   EXPECT_EQ(hTrn(1).fuVmag(2), h0.fuVmag(2));
   EXPECT_EQ(hTrn(1).fARes(2), h0.fARes(2));
@@ -47,8 +45,7 @@ TEST(MovingAverage, FiltersFromTheThirdWindowOnWithItsFiveWeights) {
 TEST(MovingAverage, SkippedWindowsGiveNothingAndALonelyOneLosesItsValue) {
   Load({Decay()});
   for (I4 I = 3; I <= 7; ++I) hTrn(1).bSkip(I) = true;
-  I4 iError = 0;
-  GMA_Time(iError);
+  EXPECT_EQ(GMA_Time(), 0);
   EXPECT_EQ(hTrn(1).fuVmag(5), fDummy);
   EXPECT_EQ(hTrn(1).fARes(5), fDummy);
   for (const I4 I : {3, 4, 6, 7}) EXPECT_TRUE(Is_Present(hTrn(1).fuVmag(I))) << I;
@@ -58,8 +55,7 @@ TEST(MovingAverage, SkippedWindowsGiveNothingAndALonelyOneLosesItsValue) {
 TEST(MovingAverage, MissingValueIsSkippedForGood) {
   Load({Decay()});
   hTrn(1).fuVmag(4) = fDummyLimit;
-  I4 iError = 0;
-  GMA_Time(iError);
+  EXPECT_EQ(GMA_Time(), 0);
   EXPECT_TRUE(hTrn(1).bSkip(4));
   EXPECT_TRUE(Is_Present(hTrn(1).fuVmag(4)));
 }
@@ -67,8 +63,7 @@ TEST(MovingAverage, MissingValueIsSkippedForGood) {
 TEST(MovingAverage, TransientWithoutResistivitiesEndsTheFilterButNotTheIntegration) {
   Load({Decay(), TransientBuilder().Times({1, 2, 3, 4}).Values({9, 5, 4, 1}), Decay()});
   Get_TWWidth();
-  I4 iError = 1;
-  GMA_Time(iError);
+  EXPECT_EQ(GMA_Time(), 0);
   EXPECT_NE(hTrn(2).fuVmag(3), 4.0f);
   EXPECT_EQ(hTrn(3).fuVmag(3), 8.0f);
   EXPECT_TRUE(Is_Present(hTrn(3).fBmag(1)));
@@ -107,9 +102,7 @@ TEST(BField, IntegratesFromTheLastWindowAndCarriesOverMissingOnes) {
     hTrn(1).fTWEnd(I) = static_cast<R4>(I) + 0.5f;
   }
   hTrn(1).bSkip(1) = true;  // flags are not looked at
-  I4 iError = 1;
-  dBdt_2_B(iError);
-  EXPECT_EQ(iError, 0);
+  EXPECT_EQ(dBdt_2_B(), 0);
   EXPECT_EQ(hTrn(1).fBmag(3), -1.0f);  // -2/1000 uV/A a m^2 over 500 usec
   EXPECT_EQ(hTrn(1).fBmag(2), fDummy);
   EXPECT_EQ(hTrn(1).fBmag(1), 3.0f);
@@ -119,25 +112,18 @@ TEST(BField, IntegratesFromTheLastWindowAndCarriesOverMissingOnes) {
 TEST(BField, TrapezoidsBeginWithTheTailAndTakeHzAlone) {
   Load({TransientBuilder().Times({1, 2, 4}).Values({8, 4, 3}), TransientBuilder().Values({8, 4}).Component(iCmpHx)});
   hTrn(1).bSkip(2) = true;
-  I4 iError = 1;
-  dBzdt_2_Bz(iError);
+  EXPECT_EQ(dBzdt_2_Bz(), 0);
   EXPECT_FLOAT_EQ(hTrn(1).fBmag(3), 2000.0f * 3.0f * 4.0f / 3000.0f);
   EXPECT_EQ(hTrn(1).fBmag(2), fDummy);
   EXPECT_FLOAT_EQ(hTrn(1).fBmag(1), 500.0f * 11.0f * 3.0f / 1000.0f + 8.0f);
   EXPECT_EQ(hTrn(2).fBmag(1), fDummy);
 }
 
-TEST(BField, EmptyStoreIsReported) {
+TEST(TimeAxis, EmptyStoreIsReported) {
   Begin_Test();
-  I4 iError = 0;
-  dBdt_2_B(iError);
-  EXPECT_EQ(iError, 1);
-  iError = 0;
-  dBzdt_2_Bz(iError);
-  EXPECT_EQ(iError, 1);
-  iError = 0;
-  GMA_Time(iError);
-  EXPECT_EQ(iError, 1);
+  EXPECT_EQ(dBdt_2_B(), 1);
+  EXPECT_EQ(dBzdt_2_Bz(), 1);
+  EXPECT_EQ(GMA_Time(), 1);
 }
 
 }  // namespace
