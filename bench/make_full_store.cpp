@@ -17,10 +17,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   bAutoErr = true;
-  I4 iError = 0;
-  Log_Initialize(argv[1], iError);
+  if (Log_Initialize(argv[1]) != 0) return 1;
   Make_Full_Store();
-  AVG_Write(argv[1], iError);
-  if (iError == 0) MDE_Rewrite(std::string(File_Stem(argv[1])) + ".mde", iError);
-  return iError;
+  if (AVG_Write(argv[1]) != 0) return 1;
+  return MDE_Rewrite(std::string(File_Stem(argv[1])) + ".mde");
 }

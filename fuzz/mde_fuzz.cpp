@@ -5,8 +5,8 @@
 #include "fuzz/fuzz_file.h"
 #include "metadata/enm_data.h"
 #include "metadata/mdp_data.h"
+#include "model/survey_keywords.h"
 #include "model/tmd_data.h"
-#include "model/tmd_exchange.h"
 
 namespace {
 
@@ -37,9 +37,7 @@ void Check_Survey(const Survey& h) {
 }
 
 void Update(const std::string& sMdeFile) {
-  I4 iError = 0;
-  MDE_Rewrite(sMdeFile, iError);
-  Require(iError == 0);
+  Require(MDE_Rewrite(sMdeFile) == 0);
 }
 
 }  // namespace

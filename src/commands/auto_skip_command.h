@@ -6,6 +6,9 @@
 
 namespace quillan {
 
+inline constexpr I4 iDlgAutoSkip = 101;
+inline constexpr I4 iFldTWBeg = 1002;
+inline constexpr I4 iFldTWEnd = 1003;
 inline constexpr I4 iChkErrorFloor = 1005;
 inline constexpr I4 iFldErrorFloor = 1006;
 inline constexpr I4 iChkNegativeData = 1007;

@@ -11,7 +11,6 @@
 #include "files/avg_legacy_writer.h"
 #include "files/avg_reader.h"
 #include "files/avg_writer.h"
-#include "toolkit/window/ids.h"
 
 namespace quillan {
 
@@ -24,9 +23,11 @@ struct FileFormat {
   I4 (*Write)(std::string_view sFile);  // null: not written yet, the box is greyed
 };
 
-inline constexpr I4 iChkPutAvg0 = 1103;
-inline constexpr I4 iChkPutAmr = 1061;
+inline constexpr I4 iDlgSaveTypes = 104;
 inline constexpr I4 iChkPutUsf = 1050;
+inline constexpr I4 iChkPutAvg = 1059;
+inline constexpr I4 iChkPutAmr = 1061;
+inline constexpr I4 iChkPutAvg0 = 1103;
 
 // Extension, reader, box, end of the name, writer.
 inline constexpr FileFormat hFileFormat[] = {

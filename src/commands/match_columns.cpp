@@ -1,6 +1,8 @@
 #include "commands/match_columns.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "base/text.h"
 #include "toolkit/dialog/form.h"
@@ -34,7 +36,10 @@ bool Match_Columns(const ColumnQuestion& hQuestion) {
   Put_Fields(hQuestion);
   InqWintError(sAskName);
   const bool bContinue = WDialogShow(iCentred, iCentred, iShowModal) == iBtnContinue;
-  if (bContinue) WGridGetMenu(iGrdColumns, 3, hQuestion.KCol);
+  if (bContinue) {
+    const std::vector<I4> KChosen = WGridGetMenu(iGrdColumns, 3);
+    std::ranges::copy_if(KChosen, hQuestion.KCol.begin(), [](I4 K) { return K > 0; });
+  }
   InqWintError(sAskName);
   return bContinue;
 }

@@ -6,6 +6,9 @@
 
 namespace quillan {
 
+inline constexpr I4 iDlgMatchLabel = 112;
+inline constexpr I4 iFldMatchWord = 1072;
+inline constexpr I4 iMnuMatchList = 1076;
 inline constexpr I4 iLblMatchWhat = 1104;
 
 /// The entry that was meant, from 1; -1 when the selection cannot be read; 0 cancelled, also where there is nobody to

@@ -35,8 +35,7 @@ I4 Read_Chosen_File(const std::string& sFile) {
   hSession.sFileName = File_Name(sAvgFile);
   WindowTitle("Quillan " + std::string(sVersion) + " updated " + std::string(sUpdate) + ", data from " +
               hSession.sFileName);
-  I4 iError = 0;
-  TEM_Read_Data(sAvgFile, iError);
+  const I4 iError = TEM_Read_Data(sAvgFile);
   hSession.bUpdateAVG = false;
   return iError;
 }

@@ -1,14 +1,14 @@
 #include "commands/open_survey.h"
 
 #include "commands/busy_with.h"
+#include "commands/format_table.h"
 #include "commands/session.h"
 #include "commands/survey_config.h"
-#include "files/avg_reader.h"
 #include "files/mde_file.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
-#include "foundations/str_parse.h"
 #include "metadata/mdp_data.h"
+#include "model/derived.h"
 #include "model/tmd_data.h"
 #include "processing/b_field.h"
 #include "processing/moving_average.h"
@@ -20,7 +20,6 @@ namespace {
 
 /// The metadata of the survey before would speak for this one: every record and priority goes back to its default.
 void Forget_Last_Survey() {
-  NStn = 0;
   LogText_Reset();
   TMD_Initialize();
   MDP_Initialize_MD(true);
@@ -31,7 +30,7 @@ void Forget_Last_Survey() {
 }
 
 I4 Abort_Read() {
-  LogErr({"Data entry from " + sFileName + " aborted."});
+  LogErr({"Data entry from " + hSession.sFileName + " aborted."});
   NTrn = 0;
   return 1;
 }
@@ -39,16 +38,18 @@ I4 Abort_Read() {
 /// Reads the data by the reader of the extension. iError: the status of the metadata file, which stands where there is
 /// no reader.
 I4 Read_File(const std::string& sDataFile, I4 iError) {
-  const std::string CFileExt = Str_UpCase(File_Ext(sDataFile));
-  const BusyWith busy("Reading " + sFileName);
-  if (CFileExt == ".AVG" || CFileExt == ".XDB") return AVG_Read(sDataFile) == 0 ? 0 : Abort_Read();
-  if (CFileExt == ".Z") {
-    LogErr({"Contour files (.Z) cannot be read yet.", sFileName + " is left as it is."});
+  const BusyWith busy("Reading " + hSession.sFileName);
+  const FileFormat* hFormat = Format_of(sDataFile);
+  if (hFormat == nullptr) {
+    LogErr({"Read_TEM_Data.ERROR: Unknown file extension on input data file " + hSession.sFileName});
+    NTrn = 0;
+    return iError;
+  }
+  if (hFormat->Read == nullptr) {
+    LogErr({"Contour files (.Z) cannot be read yet.", hSession.sFileName + " is left as it is."});
     return Abort_Read();
   }
-  LogErr({"Read_TEM_Data.ERROR: Unknown file extension on input data file " + sFileName});
-  NTrn = 0;
-  return iError;
+  return hFormat->Read(sDataFile) == 0 ? 0 : Abort_Read();
 }
 
 /// What follows from the data, each step from those before it: windows are integrated in order, and ranges take in
@@ -66,14 +67,14 @@ I4 Complete_Data() {
 
 I4 TEM_Read_Data(std::string& sDataFile) {
   Forget_Last_Survey();
-  sFileName = File_Name(sDataFile);
+  hSession.sFileName = File_Name(sDataFile);
   std::string sMdeFile = std::string(File_Stem(sDataFile)) + ".mde";
   const I4 iMdeError = MDE_Read(sMdeFile);  // may be missing: the data file can speak for itself
   I4 iError = Read_File(sDataFile, iMdeError);
   if (NTrn < 1) return iError;
 
   Get_TWWidth();
-  Edit_Cfg(iError);
+  iError = Edit_Cfg();
   if (iError >= 2) {
     NTrn = 0;
     LogText("");

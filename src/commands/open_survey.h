@@ -4,7 +4,6 @@
 #include <string>
 
 #include "base/types.h"
-#include "model/derived.h"
 
 namespace quillan {
 
@@ -13,14 +12,5 @@ namespace quillan {
 /// Without data NTrn is 0. Returns 0; 1 nothing was read, which is reported; 2 or 3 the user cancelled or closed the
 /// configuration dialog.
 [[nodiscard]] I4 TEM_Read_Data(std::string& sDataFile);
-
-// Old forms; they go when the last caller has changed.
-inline void TEM_Read_Data(std::string& sDataFile, I4& iError) {
-  iError = TEM_Read_Data(sDataFile);
-}
-inline void TEM_Trn_Data_Range(I4& iError) {
-  iError = 0;
-  TEM_Trn_Data_Range();
-}
 
 }  // namespace quillan

@@ -1,11 +1,14 @@
 #include "commands/save_survey.h"
 
+#include <algorithm>
+
 #include "commands/busy_with.h"
 #include "commands/session.h"
 #include "files/mde_file.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "foundations/str_write.h"
+#include "model/derived.h"
 #include "model/tmd_data.h"
 #include "platform/safe_file.h"
 #include "toolkit/dialog/form.h"
@@ -25,6 +28,12 @@ I4 Keep_Backup(const std::string& sDataFile) {
               ", OSError=" + Str_Write_I4(hStatus.iOSError).str(),
           "The data are not saved; choose Save again."});
   return 1;
+}
+
+/// Whether the file of a writer is among those of the save.
+bool Is_Chosen(I4 (*Write)(std::string_view)) {
+  const auto K = static_cast<std::size_t>(std::ranges::find(hFileFormat, Write, &FileFormat::Write) - hFileFormat);
+  return hOutput[K];
 }
 
 /// Up to the first failure.
@@ -49,6 +58,7 @@ I4 TEM_Write_Data(std::string_view sFile) {
   if (Select_Output_Formats(sDataFile, hOutput) != 0) return 1;
 
   hSession.bUpdateAVG = false;
+  Prepare_Output(Is_Chosen(AVG_Write));
   if (const I4 iError = Write_Formats(sDataFile, hOutput); iError != 0) return iError;
   return MDE_Update(std::string(File_Stem(sDataFile)) + ".mde");
 }

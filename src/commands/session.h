@@ -21,8 +21,4 @@ std::string Program_Title();
 /// Puts the program and the data file into the window's title.
 void Session_Title();
 
-// Old forms; they go when the last caller has changed.
-inline std::string& sFileName = hSession.sFileName;
-inline I4 NStn = 0;
-
 }  // namespace quillan

@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <optional>
+#include <vector>
 
 #include "files/txw_file.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "metadata/enm_data.h"
-#include "model/tmd_exchange.h"
+#include "model/derived.h"
+#include "model/survey_keywords.h"
 #include "model/txw_data.h"
 #include "toolkit/dialog/form.h"
 #include "toolkit/dialog/grid.h"
@@ -22,11 +25,6 @@ namespace {
 constexpr R4 fSizeLeast = 1.0E-9f;  // m and m^2
 constexpr R4 fSizeMost = 1.0E9f;
 constexpr I4 MTxTurn = 1024;
-
-/// Whether the transmitter stays while the receivers move, so that its centre is one place.
-bool Has_Fixed_Transmitter(const Survey& h) {
-  return h.iTemArray == iArrayFXL || h.iTemArray == iArrayLOT;
-}
 
 /// Metres in the survey's length unit.
 R4 Metres_per_Unit(I4 iLengthUnit) {
@@ -130,11 +128,9 @@ void Take_Lengths(Survey& h, ShownLengths& hShown) {
 }
 
 void Take_Areas(SurveyConfig& hConfig) {
-  Array1<R4, 3> fArea = hConfig.fCmpArea;
-  WGridGetReal(iGrdRxArea, 1, fArea.hItem);
-  InfoError();  // a cell that cannot be read has left its area as it was
-  for (I4 I = 1; I <= 3; ++I) {
-    if (fArea(I) > 0.0f) hConfig.fCmpArea(I) = fArea(I);
+  const std::vector<std::optional<R4>> fCell = WGridGetReal(iGrdRxArea, 1);
+  for (std::size_t K = 0; K < fCell.size(); ++K) {
+    if (fCell[K] > 0.0f) hConfig.fCmpArea(static_cast<I4>(K) + 1) = *fCell[K];  // an empty cell is above nothing
   }
 }
 

@@ -10,22 +10,34 @@
 namespace quillan {
 
 // Controls of dialog 103.
+inline constexpr I4 iDlgSurveyConfig = 103;
+inline constexpr I4 iFldJobName = 1025;
 inline constexpr I4 iFldJobFor = 1026;
 inline constexpr I4 iFldJobBy = 1027;
-inline constexpr I4 iFldJobNumber = 1039;
-inline constexpr I4 iFldJobDate = 1029;
 inline constexpr I4 iFldLineName = 1028;
+inline constexpr I4 iFldJobDate = 1029;
 inline constexpr I4 iFldStnKvrBeg = 1030;
 inline constexpr I4 iFldStnKvrInc = 1031;
 inline constexpr I4 iFldStnBeg = 1032;
-inline constexpr I4 iFldStnInc = 1056;
-inline constexpr I4 iMnuTemArray = 1054;
+inline constexpr I4 iGrdRxArea = 1038;
+inline constexpr I4 iFldJobNumber = 1039;
+inline constexpr I4 iMnuLengthUnit = 1040;
+inline constexpr I4 iFldTxLengthX = 1045;
 inline constexpr I4 iFldTxLengthY = 1046;
+inline constexpr I4 iFldTxCenterX = 1047;
 inline constexpr I4 iFldTxCenterY = 1048;
-inline constexpr I4 iBtnSelectTxw = 1107;
+inline constexpr I4 iFldLineAzimuth = 1049;
+inline constexpr I4 iFldLineNumber = 1051;
+inline constexpr I4 iMnuTemArray = 1054;
+inline constexpr I4 iFldStnInc = 1056;
+inline constexpr I4 iFldJobArea = 1069;
 inline constexpr I4 iFldXAzimuth = 1096;
 inline constexpr I4 iMnuZPositive = 1097;
 inline constexpr I4 iFldYAzimuth = 1098;
+inline constexpr I4 iFldTxTurns = 1101;
+inline constexpr I4 iChkTxwFile = 1105;
+inline constexpr I4 iFldTxwName = 1106;
+inline constexpr I4 iBtnSelectTxw = 1107;
 
 /// What dialog 103 shows and changes: the survey, the receiver areas and attitude.
 struct SurveyConfig {
@@ -51,10 +63,5 @@ SurveyConfig Config_from_Survey();
 R4 Y_Azimuth(R4 fXazm, I4 iZPos);
 /// Puts the values back: survey, metadata, one area for each axis of the transients, attitudes of receivers and loop.
 void Config_to_Survey(const SurveyConfig& hConfig);
-
-// Old forms; they go when the last caller has changed.
-inline void Edit_Cfg(I4& iError) {
-  iError = Edit_Cfg();
-}
 
 }  // namespace quillan

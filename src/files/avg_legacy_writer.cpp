@@ -102,7 +102,6 @@ I4 AVG_Write0(std::string_view sFile) {
   if (AVG_Begin_Write("AVG_Write0", sFile, "Writing header block") != 0) return 1;
   TextWriter out(sFile);
   if (AVG_Report_Write(out, "opening", sFile) != 0) return 1;
-  Prepare_Output(false);  // until the save command calls it
 
   Write_Header(out);
   Write_Transients(out);

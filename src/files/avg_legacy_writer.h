@@ -29,9 +29,4 @@ namespace quillan {
 /// A time in msec as the table shows it, with fewer decimals the later it is; "*" when missing.
 std::string AVG_Write_TWC0(R4 fTWC);
 
-// Old forms; they go when the last caller has changed.
-inline void AVG_Write0(std::string_view sFile, I4& iError) {
-  iError = AVG_Write0(sFile);
-}
-
 }  // namespace quillan

@@ -54,9 +54,4 @@ inline AvgReadState hAvgRead;
 /// labels lacks a required column.
 [[nodiscard]] I4 AVG_Read(std::string_view sFile);
 
-// Old forms; they go when the last caller has changed.
-inline void AVG_Read(std::string_view sFile, I4& iError) {
-  iError = AVG_Read(sFile);
-}
-
 }  // namespace quillan

@@ -207,7 +207,6 @@ I4 AVG_Write(std::string_view sFile) {
   if (AVG_Begin_Write("AVG_Write", sFile, "Writing header block.") != 0) return 1;
   TextWriter out(sFile);
   if (AVG_Report_Write(out, "opening", sFile) != 0) return 1;
-  Prepare_Output(true);  // until the save command calls it
 
   Write_Header(out);
   const I4 iError = Write_Transients(out);

@@ -45,9 +45,4 @@ std::string AVG_Signature();
 /// Reports a writer that has failed. Returns 0; 1 when it has. sWhat: "opening" or "writing".
 [[nodiscard]] I4 AVG_Report_Write(const TextWriter& out, std::string_view sWhat, std::string_view sFile);
 
-// Old forms; they go when the last caller has changed.
-inline void AVG_Write(std::string_view sFile, I4& iError) {
-  iError = AVG_Write(sFile);
-}
-
 }  // namespace quillan

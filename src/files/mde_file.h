@@ -36,15 +36,4 @@ inline constexpr I4 MMdeUpdate = 80;   // of which an update keeps
 /// characters go. Returns 0; 1 a failure, which leaves the old file whole and is reported.
 [[nodiscard]] I4 MDE_Rewrite(std::string_view sMdeFile);
 
-// Old forms; they go when the last caller has changed.
-inline void MDE_Read(std::string& sMdeFile, I4& iError) {
-  iError = MDE_Read(sMdeFile);
-}
-inline void MDE_Update(std::string_view sMdeFile, I4& iError) {
-  iError = MDE_Update(sMdeFile);
-}
-inline void MDE_Rewrite(std::string_view sMdeFile, I4& iError) {
-  iError = MDE_Rewrite(sMdeFile);
-}
-
 }  // namespace quillan

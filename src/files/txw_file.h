@@ -36,9 +36,4 @@ inline constexpr I4 MTxwLoop = 16384;
 /// Returns 0 when at least one loop was read; 1 no file, or no loop in it: the table is empty.
 [[nodiscard]] I4 Txw_Read(std::string& sTxwFile, L4 bAuto);
 
-// Old forms; they go when the last caller has changed.
-inline void Txw_Read(std::string& sTxwFile, L4 bAuto, I4& iError) {
-  iError = Txw_Read(sTxwFile, bAuto);
-}
-
 }  // namespace quillan

@@ -31,10 +31,4 @@ std::string_view File_Dir(std::string_view sPath);   // up to and with the last 
 /// Path of a support file: by its own name, beside the program, then in the folders of PATH; blank where it is in none.
 [[nodiscard]] std::string Find_File(std::string_view sFileName);
 
-// Old forms; they go when the last caller has changed.
-inline void Find_File(std::string_view sFile, std::string& sFileSpec, I4& iError) {
-  sFileSpec = Find_File(sFile);
-  iError = sFileSpec.empty() ? 1 : 0;
-}
-
 }  // namespace quillan

@@ -60,9 +60,4 @@ void LogErr(const ErrorLines& sError);
 /// A report for the error file alone, for one bad row of many; after 127 of them there are no more.
 void LogErr_File(const ErrorLines& sError);
 
-// Old forms; they go when the last caller has changed.
-inline void Log_Initialize(std::string_view sFileStem, I4& IOERR) {
-  IOERR = Log_Initialize(sFileStem);
-}
-
 }  // namespace quillan

@@ -32,10 +32,4 @@ inline constexpr EndSlopesR4 fNoEndSlopes{1.0E30f, 1.0E30f};
 [[nodiscard]] R4 P1Intrp_R4(I4 NP, std::span<const R4> fXP, std::span<const R4> fYP, const EndSlopesR4& fdYdX, R4 fXX,
                             I4* iQIntrp = nullptr);
 
-// Old forms; they go when the last caller has changed.
-inline void P1Intrp_R4(I4 NP, std::span<const R4> fXP, std::span<const R4> fYP, const EndSlopesR4& fdYdX, R4 fXX,
-                       R4& fYY) {
-  fYY = P1Intrp_R4(NP, fXP, fYP, fdYdX, fXX);
-}
-
 }  // namespace quillan

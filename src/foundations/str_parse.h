@@ -109,21 +109,4 @@ std::string Str_UpCase(std::string_view sText);
 /// Without any blank or tab.
 std::string Str_Squish(std::string_view sText);
 
-// Old forms; they go when the last caller has changed.
-inline void Str_to_iEnumeration(std::string_view sField, std::string_view sKeyword,
-                                std::span<const std::string_view> CEnumeration, I4& iEnumeration, I4& IOERR) {
-  IOERR = Str_to_iEnumeration(sField, sKeyword, CEnumeration, iEnumeration);
-}
-inline void Str_Column_Labels_Alias_List(std::string_view sRecord, bool bReportErr, bool bExactMatch,
-                                         std::span<const AliasRow> CAlias, std::span<const std::string_view> CID,
-                                         I4 MFC, ColumnMap& hColumn, I4& iError) {
-  iError = Str_Column_Labels_Alias_List(sRecord, bReportErr, bExactMatch, CAlias, CID, MFC, hColumn);
-}
-inline void Str_Column_Labels_Dialog(std::string_view sFile, std::string_view sRecord, bool bExactMatch,
-                                     std::span<const AliasRow> CAlias, std::span<const std::string_view> CID,
-                                     std::span<const std::string_view> sVariable, std::span<const I4> JCheck, I4 MFC,
-                                     ColumnMap& hColumn, I4& iError) {
-  iError = Str_Column_Labels_Dialog(sFile, sRecord, bExactMatch, CAlias, CID, sVariable, JCheck, MFC, hColumn);
-}
-
 }  // namespace quillan

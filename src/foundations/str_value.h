@@ -58,37 +58,4 @@ struct FieldContext {
 [[nodiscard]] I4 Fld_to_R8Time(const FieldContext& hAt, std::string_view sField, R8 dDefault, R8& dHours);
 [[nodiscard]] I4 Fld_to_I4Version(const FieldContext& hAt, std::string_view sField, I4 iDefault, I4& iVersion);
 
-// Old forms; they go when the last caller has changed.
-inline void Str_to_R8(std::string_view sField, R8 dDefault, R8& dValue, I4& IOERR) {
-  IOERR = Str_to_R8(sField, dDefault, dValue);
-}
-inline void Str_to_I4Index(std::string_view sKeyword, I4& I4Index, I4& IOERR) {
-  IOERR = Str_to_I4Index(sKeyword, I4Index);
-}
-inline void Fld_to_I4(const FieldContext& hAt, std::string_view sField, I4 iDefault, I4& iValue, I4& IOERR) {
-  IOERR = Fld_to_I4(hAt, sField, iDefault, iValue);
-}
-inline void Fld_to_L4(const FieldContext& hAt, std::string_view sField, L4 bDefault, L4& bValue, I4& IOERR) {
-  IOERR = Fld_to_L4(hAt, sField, bDefault, bValue);
-}
-inline void Fld_to_R4(const FieldContext& hAt, std::string_view sField, R4 fDefault, R4& fValue, I4& IOERR) {
-  IOERR = Fld_to_R4(hAt, sField, fDefault, fValue);
-}
-inline void Fld_to_R8(const FieldContext& hAt, std::string_view sField, R8 dDefault, R8& dValue, I4& IOERR) {
-  IOERR = Fld_to_R8(hAt, sField, dDefault, dValue);
-}
-inline void Fld_to_R4Azimuth(const FieldContext& hAt, std::string_view sField, R4 fDefault, R4& fAzimuth, I4& IOERR) {
-  IOERR = Fld_to_R4Azimuth(hAt, sField, fDefault, fAzimuth);
-}
-inline void Fld_to_R4Meters(const FieldContext& hAt, std::string_view sField, I4 iLength, R4 fDefault, R4& fMeters,
-                            I4& IOERR) {
-  IOERR = Fld_to_R4Meters(hAt, sField, iLength, fDefault, fMeters);
-}
-inline void Fld_to_R8Time(const FieldContext& hAt, std::string_view sField, R8 dDefault, R8& dHours, I4& IOERR) {
-  IOERR = Fld_to_R8Time(hAt, sField, dDefault, dHours);
-}
-inline void Fld_to_I4Version(const FieldContext& hAt, std::string_view sField, I4 iDefault, I4& iVersion, I4& IOERR) {
-  IOERR = Fld_to_I4Version(hAt, sField, iDefault, iVersion);
-}
-
 }  // namespace quillan

@@ -62,19 +62,4 @@ struct MdpStatus {
 [[nodiscard]] MdpStatus MDP_Read_Value(I4 iRecord, std::string_view sRecord, std::string_view sName,
                                        std::string_view sValue, I4 iPriority);
 
-// Old forms; they go when the last caller has changed.
-inline void MDP_Initialize(I4& IMERR) {
-  IMERR = 0;
-  MDP_Initialize();
-}
-inline void MDP_Initialize_MD(I4& IMERR, bool bResetError) {
-  IMERR = 0;
-  MDP_Initialize_MD(bResetError);
-}
-inline void MDP_from_MDE(I4 iRecord, std::string_view sRecord, I4 iPriority, I4& IOERR, bool* bForeign = nullptr) {
-  const MdpStatus h = MDP_from_MDE(iRecord, sRecord, iPriority);
-  IOERR = h.IOERR;
-  if (bForeign != nullptr) *bForeign = h.bForeign;
-}
-
 }  // namespace quillan

@@ -84,9 +84,4 @@ inline constexpr auto Tx_MD_Initialize = MD_Initialize<TxGroup, TxWarnings>;
 /// them was never read.
 [[nodiscard]] I4 Tx_MD_UTMN_to_UTMC(TxGroup& hTx);
 
-// Old forms; they go when the last caller has changed.
-inline void Tx_MD_UTMN_to_UTMC(TxGroup& hTx, I4& IMERR) {
-  IMERR = Tx_MD_UTMN_to_UTMC(hTx);
-}
-
 }  // namespace quillan

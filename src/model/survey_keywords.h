@@ -49,14 +49,4 @@ std::string MD_Entry_Line(const MdEntry& hEntry);
 /// anywhere in it is enough: LINE takes LINE.TYPE with it.
 bool Replaced_by_Survey(std::string_view CKeyword);
 
-// Old forms; they go when the last caller has changed.
-inline void TMD_Survey_from_MD(I4& iError) {
-  iError = 0;
-  TMD_Survey_from_MD();
-}
-inline void TMD_Survey_to_MD(I4& iError) {
-  iError = 0;
-  TMD_Survey_to_MD();
-}
-
 }  // namespace quillan

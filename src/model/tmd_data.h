@@ -132,10 +132,4 @@ inline std::string sAvgFile;  // path of the current data file; the main program
 /// Every field of the survey and of all transients gets its default; NTrn becomes 0, and no lines are kept.
 void TMD_Initialize();
 
-// Old forms; they go when the last caller has changed.
-inline void TMD_Initialize(I4& iError) {
-  iError = 0;
-  TMD_Initialize();
-}
-
 }  // namespace quillan

@@ -87,9 +87,4 @@ struct LoopFound {
 };
 LoopFound Txw_Get_iTxw(R8 dTxStn);
 
-// Old forms; they go when the last caller has changed.
-inline void Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength, I4& iError) {
-  iError = Txw_Get_Length(hTxwJ, fXazm, fTxLength);
-}
-
 }  // namespace quillan

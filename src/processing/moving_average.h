@@ -18,9 +18,4 @@ namespace quillan {
 /// of the other edge at either end of the transient.
 void Get_TWWidth();
 
-// Old forms; they go when the last caller has changed.
-inline void GMA_Time(I4& iError) {
-  iError = GMA_Time();
-}
-
 }  // namespace quillan

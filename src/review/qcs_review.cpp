@@ -21,6 +21,18 @@
 namespace quillan {
 namespace {
 
+// The menu bar of the review and its commands.
+constexpr I4 iMenuSection = 30003;
+constexpr I4 iCmdZoomIn = 40021;
+constexpr I4 iCmdZoomAll = 40022;
+constexpr I4 iCmdFlipTransient = 40023;
+constexpr I4 iCmdFlipAll = 40024;
+constexpr I4 iCmdViewCurve = 40025;
+constexpr I4 iCmdExportWmf = 40027;
+constexpr I4 iCmdExportPng = 40028;
+constexpr I4 iCmdSaveData = 40029;
+constexpr I4 iCmdExportCsv = 40034;
+
 constexpr I4 iErrorClosed = 3;
 
 constexpr R4 fReachFlag = 0.5f;   // graphics units in which a click finds a point

@@ -165,9 +165,4 @@ void QCS_Visit_Joins(const PlotRange& hRange, Visit visit) {
   }
 }
 
-// Old forms; they go when the last caller has changed.
-inline void QCS_Allocate(I4& iError) {
-  iError = QCS_Allocate();
-}
-
 }  // namespace quillan

@@ -23,11 +23,4 @@ I4 TEM_First_Review();
 /// iFlagExit. iError: 0; 1 there is nothing to review, iFlag is then 0.
 [[nodiscard]] ReviewEnd TEM_Review_Data();
 
-// Old forms; they go when the last caller has changed.
-inline void TEM_Review_Data(I4& iFlag, I4& iError) {
-  const ReviewEnd h = TEM_Review_Data();
-  iFlag = h.iFlag;
-  iError = h.iError;
-}
-
 }  // namespace quillan

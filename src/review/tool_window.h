@@ -2,20 +2,28 @@
 #pragma once
 
 #include "base/types.h"
-#include "toolkit/window/ids.h"
 
 namespace quillan {
 
 // Controls of dialogs 115, the curves, and 118, the sections.
+inline constexpr I4 iDlgReviewCurve = 115;
+inline constexpr I4 iDlgReviewSection = 118;
 inline constexpr I4 iBtnSaveData = 1060;
 inline constexpr I4 iLblCurveCount = 1079;
 inline constexpr I4 iLblCurveTitle = 1080;
+inline constexpr I4 iTrkCurve = 1081;
 inline constexpr I4 iBtnSkipAll = 1082;
 inline constexpr I4 iBtnClearAll = 1083;
 inline constexpr I4 iBtnZoomIn = 1084;
+inline constexpr I4 iBtnZoomAll = 1085;
 inline constexpr I4 iLblSectionCount = 1086;
+inline constexpr I4 iBtnExitReview = 1087;
+inline constexpr I4 iLblHint1 = 1088;
+inline constexpr I4 iLblHint2 = 1089;
 inline constexpr I4 iMnuView = 1090;
 inline constexpr I4 iLblSectionTitle = 1108;
+inline constexpr I4 iTrkSection = 1109;
+inline constexpr I4 iFldNoiseFloor = 1111;
 inline constexpr I4 iBtnFlipTransient = 1112;
 inline constexpr I4 iBtnFlipAll = 1113;
 inline constexpr I4 iBtnViewCurve = 1114;

@@ -13,7 +13,7 @@
 #include "metadata/mdp_data.h"
 #include "model/tmd_data.h"
 #include "platform/arguments.h"
-#include "review/plot/cft_data.h"
+#include "review/plot/colour_table.h"
 #include "shell/command_table.h"
 #include "shell/user_at_window.h"
 #include "toolkit/draw/last_error.h"
@@ -56,8 +56,7 @@ void Initialize_All() {
 void Read_First_File() {
   sAvgFile = Get_File(IOsArgument(1), ".avg");
   Session_Title();
-  I4 iError = 0;
-  TEM_Read_Data(sAvgFile, iError);
+  (void)TEM_Read_Data(sAvgFile);  // a failure has been reported; the menu offers what is left
   hSession.sFileName = File_Name(sAvgFile);
   hSession.bUpdateAVG = false;
 }

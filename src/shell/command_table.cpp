@@ -7,7 +7,7 @@
 #include "commands/survey_config.h"
 #include "foundations/log_file.h"
 #include "processing/moving_average.h"
-#include "toolkit/window/ids.h"
+#include "toolkit/window/menus.h"
 
 namespace quillan {
 namespace {

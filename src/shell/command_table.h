@@ -8,8 +8,15 @@
 
 namespace quillan {
 
+inline constexpr I4 iCmdOpen = 40005;
 inline constexpr I4 iCmdMovingAverage = 40006;
+inline constexpr I4 iCmdAverageRepeats = 40007;
 inline constexpr I4 iCmdReview = 40008;
+inline constexpr I4 iCmdSave = 40009;
+inline constexpr I4 iCmdSaveAs = 40010;
+inline constexpr I4 iCmdAutoSkip = 40016;
+inline constexpr I4 iCmdMerge = 40017;
+inline constexpr I4 iCmdReadStn = 40018;
 inline constexpr I4 iCmdSurveyConfig = 40020;
 
 struct Command {

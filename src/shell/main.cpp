@@ -59,7 +59,8 @@ int Run(Options& h) {
   System_Initialize();
   const int NRemaining = static_cast<int>(h.hRemaining.size());
   h.hRemaining.push_back(nullptr);  // a command line ends in a null
-  WInitialise(NRemaining, h.hRemaining.data(), h.sScript);
+  Script_Load(h.sScript);
+  WInitialise(NRemaining, h.hRemaining.data());
   try {
     Run_Program();
   } catch (const ProgramStop&) {

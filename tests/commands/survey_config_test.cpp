@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "commands/open_survey.h"
 #include "metadata/mdp_data.h"
 #include "support/survey_builder.h"
 
@@ -91,54 +90,6 @@ TEST(SurveyConfig, CodesAndSizesAreHeldToTheirTables) {
                                      {1.0E-9f, 1.0E9f}
   }));
   EXPECT_EQ(h.fXazm, 330.0f);
-}
-
-// ---- what a read completes
-
-TEST(CompleteTransients, StationsAreRescaledAndAMissingTransmitterMovesAlong) {
-  Load_Survey();
-  hTemSurvey.iTemArray = 3;
-  hTrn(1).dTxKvrStn = dDummy;
-  hTrn(2).dTxKvrStn = 6.0;
-  hTrn(2).fRxHPR = {
-      {10.0f, 20.0f, 30.0f}
-  };
-  hTemSurvey.fRxHPR.fill(fDummy);
-  TEM_Complete_Transients();
-  EXPECT_EQ(hTrn(1).dRxStn, 120.0);
-  EXPECT_EQ(hTrn(1).dTxKvrStn, 4.0);
-  EXPECT_EQ(hTrn(1).dTxStn, 120.0);
-  EXPECT_EQ(hTrn(1).fRxHPR, (Array1<R4, 3>{
-                                {-30.0f, 0.0f, 0.0f}
-  }));
-  EXPECT_EQ(hTrn(2).dTxStn, 130.0);
-  EXPECT_EQ(hTrn(2).fRxHPR(2), 20.0f);
-}
-
-TEST(CompleteTransients, FixedLoopHasStationOneAndASmallIncrementCountsAsOne) {
-  Load_Survey();
-  hTemSurvey.dStnKvrInc = -0.0001;
-  hTrn(1).dTxKvrStn = dDummy;
-  hTrn(2).dTxKvrStn = hTrn(2).dTxStn = 7.0;
-  TEM_Complete_Transients();
-  EXPECT_EQ(hTrn(1).dTxKvrStn, 1.0);
-  EXPECT_EQ(hTrn(1).dTxStn, 1.0);
-  EXPECT_EQ(hTrn(2).dTxStn, 7.0);
-  EXPECT_EQ(hTrn(1).dRxStn, 4.0 * -10.0 + 100.0);
-  EXPECT_EQ(hTemSurvey.dStnKvrInc, -0.0001);
-}
-
-TEST(DataRange, PresentValuesCountAndAnEmptyRangeStays) {
-  Load({TransientBuilder().Times({1, 2, 3}).Values({5, -7, fDummy}).Resistivities({0.0005f, 0.0f, fDummy})});
-  hTrn(1).bSkip(2) = true;
-  I4 iError = 1;
-  TEM_Trn_Data_Range(iError);
-  EXPECT_EQ(iError, 0);
-  EXPECT_EQ(hTrn(1).fuVmin, -7.0f);
-  EXPECT_EQ(hTrn(1).fuVmax, 5.0f);
-  EXPECT_EQ(hTrn(1).fARmin, fRangeMin0);
-  EXPECT_EQ(hTrn(1).fBmax, fRangeMax0);
-  EXPECT_EQ(hTrn(1).fTWCmax, 3.0f);
 }
 
 }  // namespace

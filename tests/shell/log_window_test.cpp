@@ -13,6 +13,8 @@
 #include "toolkit/dialog/dialog.h"
 #include "toolkit/draw/draw.h"
 #include "toolkit/draw/last_error.h"
+#include "toolkit/script/script.h"
+#include "toolkit/window/menus.h"
 #include "toolkit/window/messages.h"
 #include "toolkit/window/window.h"
 
@@ -70,7 +72,8 @@ class LogWindow : public testing::Test {
     static char sName[] = "quillan";
     static char* sArguments[] = {sName, nullptr};
     std::ofstream("steps.txt") << sSteps;
-    WInitialise(1, sArguments, *sSteps == '\0' ? "" : "steps.txt");
+    Script_Load(*sSteps == '\0' ? "" : "steps.txt");
+    WInitialise(1, sArguments);
     WindowOpen2(0, 0, 800, 600, iNoMenu, "log");
     bAutoErr = false;
   }

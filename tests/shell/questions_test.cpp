@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "commands/auto_skip_command.h"
 #include "foundations/log_file.h"
 #include "foundations/str_parse.h"
 #include "shell/user_at_window.h"
@@ -33,11 +34,10 @@ TEST_F(Questions, TheUserCompletesAMatchOfColumns) {
   PlayedSession hSession("expect \"Verify column labels in f.stn\"\npress 1009\ncell 1078 1 3 1\npress 1009\n");
   const I4 JCheck[] = {1};
   ColumnMap hColumn;
-  I4 iError = 9;
-  Str_Column_Labels_Dialog("f.stn", "x,b", true, {}, Labels{"A", "B", "C"}, Labels{"a", "b", "c"}, JCheck, 9, hColumn,
-                           iError);
+  EXPECT_EQ(Str_Column_Labels_Dialog("f.stn", "x,b", true, {}, Labels{"A", "B", "C"}, Labels{"a", "b", "c"}, JCheck, 9,
+                                     hColumn),
+            0);
   EXPECT_EQ(Script_Exit_Status(), 0) << hSession.Errors();
-  EXPECT_EQ(iError, 0);
   EXPECT_EQ(hColumn.KCol, (std::vector<I4>{1, 2, 0}));
   EXPECT_EQ(hColumn.JCol[0], 1);
   EXPECT_EQ(hColumn.JCol[1], 2);
@@ -50,14 +50,11 @@ TEST_F(Questions, TheUserCompletesAMatchOfColumns) {
 TEST_F(Questions, ACancelledMatchOfColumnsIsTheAutomaticOne) {
   PlayedSession hSession("cell 1078 2 3 1\npress 1010\n");
   ColumnMap hColumn;
-  I4 iError = 9;
   const auto Match = [&](std::string_view sRecord) {
-    Str_Column_Labels_Dialog("f.stn", sRecord, true, {}, Labels{"A", "B"}, Labels{"a", "b"}, {}, 9, hColumn, iError);
+    return Str_Column_Labels_Dialog("f.stn", sRecord, true, {}, Labels{"A", "B"}, Labels{"a", "b"}, {}, 9, hColumn);
   };
-  Match("a,b");
-  EXPECT_EQ(iError, 0) << "a complete match asks nobody";
-  Match("x,b");
-  EXPECT_EQ(iError, 2);
+  EXPECT_EQ(Match("a,b"), 0) << "a complete match asks nobody";
+  EXPECT_EQ(Match("x,b"), 2);
   EXPECT_EQ(hColumn.KCol, (std::vector<I4>{0, 2}));
   EXPECT_EQ(hColumn.sLabel, (Fields{"x", "b"}));
 }

@@ -19,23 +19,18 @@
 
 namespace quillan {
 
-// Old form; it goes when the last caller has changed.
-struct Came : Message {
-  Message hMessage;
-};
-
 /// A bar in the place of the menus that the shell and the reviews define.
 inline constexpr MenuRow hTestBar[] = {
     {0, 0, "&File", "", ""},
-    {1, iCmdOpen, "&Open", "Open.", "Ctrl+O"},
-    {1, iCmdSave, "&Save", "Save.", "Ctrl+S"},
-    {1, iCmdSaveAs, "Save &As", "Save as.", "Ctrl+Shift+S"},
-    {1, iCmdExit, "E&xit", "Exit.", "Ctrl+Q"},
-    {0, iCmdReadStn, "Read Stn File", "Not there yet", "", false},
-    {0, iCmdAutoSkip, "Auto &Skip", "Skip.", ""},
-    {0, iCmdAverageRepeats, "Average Repeats", "Not there yet", "", false},
-    {0, iCmdMerge, "Merge Data", "Not there yet", "", false},
-    {0, iCmdExit, "E&xit", "Exit.", ""},
+    {1, 40005, "&Open", "Open.", "Ctrl+O"},
+    {1, 40009, "&Save", "Save.", "Ctrl+S"},
+    {1, 40010, "Save &As", "Save as.", "Ctrl+Shift+S"},
+    {1, 40011, "E&xit", "Exit.", "Ctrl+Q"},
+    {0, 40018, "Read Stn File", "Not there yet", "", false},
+    {0, 40016, "Auto &Skip", "Skip.", ""},
+    {0, 40007, "Average Repeats", "Not there yet", "", false},
+    {0, 40017, "Merge Data", "Not there yet", "", false},
+    {0, 40011, "E&xit", "Exit.", ""},
 };
 
 /// Opens a window in which nothing plays.
@@ -74,10 +69,10 @@ class PlayedSession {
   PlayedSession& operator=(const PlayedSession&) = delete;
 
   /// The next message that is neither an exposure nor a change of size.
-  Came Next() {
+  Message Next() {
     Message hMessage = WMessage();
     while (hMessage.iType == MessageType::Expose || hMessage.iType == MessageType::Resize) hMessage = WMessage();
-    return {hMessage, hMessage};
+    return hMessage;
   }
   /// All messages until the close request that ends the script.
   std::vector<Message> Rest() {

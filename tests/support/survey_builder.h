@@ -57,10 +57,9 @@ class TransientBuilder {
 
 /// An empty store, and reports that go to the log.
 inline void Begin_Test() {
-  I4 iError = 0;
   bAutoErr = true;
-  Log_Initialize("test", iError);
-  TMD_Initialize(iError);
+  static_cast<void>(Log_Initialize("test"));
+  TMD_Initialize();
 }
 
 /// Replaces the store.

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "commands/auto_skip_command.h"
+#include "commands/survey_config.h"
 #include "support/played_session.h"
 
 namespace quillan {

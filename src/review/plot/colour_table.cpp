@@ -85,9 +85,7 @@ void Take_Rows(const Rows& hRow) {
 }
 
 I4 Colour_Part(I4 K, R4 fXX) {
-  R4 fPart = 0.0f;
-  P1Intrp_R4(NCFT, fCFT.hColumn(iCftPercent).hItem, fCFT.hColumn(K).hItem, fLevelEnds, fXX, fPart);
-  return Nint(fPart);
+  return Nint(P1Intrp_R4(NCFT, fCFT.hColumn(iCftPercent).hItem, fCFT.hColumn(K).hItem, fLevelEnds, fXX));
 }
 
 }  // namespace

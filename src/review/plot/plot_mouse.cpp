@@ -172,16 +172,16 @@ MouseBox IGr_ZoomMouseBox(I4 iMouseCursor) {
 }
 
 MouseBox IGr_SelectMouseBox(const Message& hPress) {
-  MouseBox h{
-      {hPress.GX, hPress.GY, hPress.GX, hPress.GY}
-  };
+  MouseBox h;
   {
     const GraphicsKeeper hKeep;
     IGrLineType(LineType::Solid);
     IGrColour("RED");
-    MessageType iType = MessageType::None;
-    WGrInputBox(hPress, h.hBox.fX2, h.hBox.fY2, iType);
-    h.iError = iType == MessageType::MouseUp ? 0 : 1;
+    const InputBox hInput = WGrInputBox(hPress);
+    h = {
+        {hPress.GX, hPress.GY, hInput.fX2, hInput.fY2},
+        hInput.bReleased ? 0 : 1
+    };
   }
   return Finished(h);
 }

@@ -21,7 +21,6 @@ namespace {
 // Dialogs that are loaded, in the order of their loading, and the one that calls act on (0: none).
 std::vector<std::unique_ptr<DialogRecord>> hLoaded;
 I4 iCurrent = 0;
-I4 iLastExit = 0;  // button that ended the last modal dialog
 
 /// A button, Esc and the title bar's button end up here. The edit under way comes first: a program that reads the
 /// dialog because of the button finds the field complete.
@@ -114,9 +113,9 @@ void Hide(QDialog& hWindow) {
 I4 Wait_For_Exit(DialogRecord& hDialog) {
   const QPointer<QDialog> hWindow = hDialog.hWindow;
   Wait_Until([&] { return !hWindow || hDialog.iExit != 0; });
-  iLastExit = hDialog.iExit != 0 ? hDialog.iExit : iBtnCancel;
+  const I4 iExit = hDialog.iExit != 0 ? hDialog.iExit : iBtnCancel;
   if (hWindow) Hide(*hWindow);
-  return iLastExit;
+  return iExit;
 }
 
 QDialog* Top_Dialog() {
@@ -241,9 +240,7 @@ void WDialogTitle(std::string_view sTitle) {
 
 I4 WInfoDialog(I4 iSelect) {
   switch (iSelect) {
-    case iExitButton: return iLastExit;
     case iCurrentDialog: return Record_of(iCurrent) ? iCurrent : 0;
-    case iExitButtonCommon: return iBoxExit;
     case iDialogWidth: break;
     default: Set_Error(iErrBadArgument); return 0;
   }

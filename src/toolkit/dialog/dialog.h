@@ -23,7 +23,6 @@
 #include "base/edit_form.h"
 #include "base/types.h"
 #include "toolkit/draw/last_error.h"
-#include "toolkit/window/ids.h"
 
 namespace quillan {
 
@@ -97,37 +96,5 @@ void WDialogFieldState(I4 iField, I4 iState);
 
 /// The grey remark beside a control: the label named "n" + the control's number.
 void WDialogPutNote(I4 iField, std::string_view sNote);
-
-// Old forms; they go when the last caller has changed.
-inline constexpr I4 iExitButton = 1;        // of WInfoDialog: what the last modal WDialogShow returned
-inline constexpr I4 iExitButtonCommon = 4;  // iAnswerYes or iAnswerNo to the last WMessageBox or WSelectFile2
-template <class Value>
-void Take_Read(const std::optional<Value>& hRead, Value& hValue) {
-  if (hRead)
-    hValue = *hRead;
-  else
-    toolkit::Set_Error(iErrFieldBad);
-}
-inline void WDialogGetString(I4 iField, std::string& sText) {
-  Take_Read(WDialogGetString(iField), sText);
-}
-inline void WDialogGetInteger(I4 iField, I4& iValue) {
-  Take_Read(WDialogGetInteger(iField), iValue);
-}
-inline void WDialogGetReal(I4 iField, R4& fValue) {
-  Take_Read(WDialogGetReal(iField), fValue);
-}
-inline void WDialogGetDouble(I4 iField, R8& dValue) {
-  Take_Read(WDialogGetDouble(iField), dValue);
-}
-inline void WDialogGetCheckBox(I4 iField, bool& bOn) {
-  Take_Read(WDialogGetCheckBox(iField), bOn);
-}
-inline void WDialogGetMenu1(I4 iField, I4& iSelect) {
-  Take_Read(WDialogGetMenu1(iField), iSelect);
-}
-inline void WDialogGetTrackbar(I4 iField, I4& iValue) {
-  Take_Read(WDialogGetTrackbar(iField), iValue);
-}
 
 }  // namespace quillan

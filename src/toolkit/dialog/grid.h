@@ -29,20 +29,4 @@ void WGridPutMenu(I4 iGrid, I4 iColumn, std::span<const std::string> sEntry, std
 /// The entries chosen, counted from 1; 0 where none is.
 [[nodiscard]] std::vector<I4> WGridGetMenu(I4 iGrid, I4 iColumn);
 
-// Old forms; they go when the last caller has changed.
-inline void WGridGetReal(I4 iGrid, I4 iColumn, std::span<R4> fValue) {
-  const auto fRead = WGridGetReal(iGrid, iColumn);
-  for (std::size_t I = 0; I < std::min(fRead.size(), fValue.size()); ++I) {
-    if (fRead[I])
-      fValue[I] = *fRead[I];
-    else
-      toolkit::Set_Error(iErrFieldBad);
-  }
-}
-inline void WGridGetMenu(I4 iGrid, I4 iColumn, std::span<I4> iSelect) {
-  const auto iRead = WGridGetMenu(iGrid, iColumn);
-  for (std::size_t I = 0; I < std::min(iRead.size(), iSelect.size()); ++I)
-    if (iRead[I] > 0) iSelect[I] = iRead[I];
-}
-
 }  // namespace quillan

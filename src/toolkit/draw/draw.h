@@ -108,10 +108,4 @@ inline R4 WInfoGrReal(I4 iSelect) {
 /// Size of a pixel, in a file of 1/96 inch, in graphics units.
 [[nodiscard]] GrPoint IGrPixelSize();
 
-// Old forms; they go when the last caller has changed.
-inline void IGrPixelSize(R4& fDX, R4& fDY) {
-  const GrPoint h = IGrPixelSize();
-  fDX = h.fX, fDY = h.fY;
-}
-
 }  // namespace quillan

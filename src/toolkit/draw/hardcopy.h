@@ -23,9 +23,4 @@ void IGrHardCopy(std::string_view sPath);
 /// Closes it and puts the file in its place. False, with the error status iErrFile set, when the file is not there.
 [[nodiscard]] bool IGrHardCopyEnd();
 
-// Old forms; they go when the last caller has changed.
-inline void IGrHardCopyEnd(bool& bDone) {
-  bDone = IGrHardCopyEnd();
-}
-
 }  // namespace quillan

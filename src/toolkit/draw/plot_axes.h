@@ -76,14 +76,4 @@ struct Tick {
 std::vector<Tick> Linear_Ticks(R8 dLow, R8 dHigh, I4 MMajor);
 std::vector<Tick> Logarithmic_Ticks(R8 dLow, R8 dHigh, I4 MMajor);
 
-// Old forms; they go when the last caller has changed.
-inline void IPgUnitsToGrUnits(R4 fXPg, R4 fYPg, R4& fXGr, R4& fYGr) {
-  const GrPoint h = IPgUnitsToGrUnits(fXPg, fYPg);
-  fXGr = h.fX, fYGr = h.fY;
-}
-inline void IPgUnitsFromGrUnits(R4 fXGr, R4 fYGr, R4& fXPg, R4& fYPg) {
-  const GrPoint h = IPgUnitsFromGrUnits(fXGr, fYGr);
-  fXPg = h.fX, fYPg = h.fY;
-}
-
 }  // namespace quillan

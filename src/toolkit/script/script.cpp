@@ -121,11 +121,6 @@ void Script_Load(std::string_view sPath) {
   if (hScript.hStep.empty()) hScript.iPhase = Phase::Closing;
 }
 
-void WInitialise(int argc, char** argv, std::string_view sScript) {
-  Script_Load(sScript);
-  WInitialise(argc, argv);
-}
-
 std::vector<ScriptStep> Script_Parse(std::string_view sText) {
   std::vector<ScriptStep> hStep;
   if (sText.starts_with(sByteOrderMark)) sText.remove_prefix(sByteOrderMark.size());

@@ -175,7 +175,6 @@ void toolkit::Choose_File(const QString& sPath) {
 
 bool WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle,
                  bool bQuietOption) {
-  iBoxExit = iAnswerNo;
   if (!qApp) {
     Set_Error(iErrNoWindow);
     return false;
@@ -186,7 +185,6 @@ bool WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std
   if (!Ask(hOpenBox, hBox)) return false;
   const auto iClicked = hBox->standardButton(hBox->clickedButton());
   const bool bYes = iClicked == QMessageBox::Ok || iClicked == QMessageBox::Yes;
-  iBoxExit = bYes ? iAnswerYes : iAnswerNo;
   if (hQuiet) bBoxQuiet = hQuiet->isChecked();
   return bYes;
 }
@@ -196,7 +194,6 @@ bool WMessageBoxQuiet() {
 }
 
 std::string WSelectFile2(std::string_view sFilter, I4 iFlags, std::string_view sTitle, std::string_view sBegin) {
-  iBoxExit = iAnswerNo;
   if (!qApp) {
     Set_Error(iErrNoWindow);
     return {};
@@ -204,9 +201,7 @@ std::string WSelectFile2(std::string_view sFilter, I4 iFlags, std::string_view s
   sScriptFile.clear();
   const Owned<QFileDialog> hDialog(New_File_Dialog(sFilter, iFlags, sBegin, sTitle));
   if (!Ask(hOpenFile, hDialog) || hDialog->result() != QDialog::Accepted) return {};
-  const QString sChosen = sScriptFile.isEmpty() ? hDialog->selectedFiles().value(0) : sScriptFile;
-  iBoxExit = sChosen.isEmpty() ? iAnswerNo : iAnswerYes;
-  return To_Bytes(sChosen);
+  return To_Bytes(sScriptFile.isEmpty() ? hDialog->selectedFiles().value(0) : sScriptFile);
 }
 
 }  // namespace quillan

@@ -17,23 +17,6 @@ using namespace toolkit;
 
 namespace {
 
-// clang-format off
-constexpr MenuRow hSectionRow[] = {
-    {0, iCmdZoomIn,        "Zoom In",
-        "Click to set rubber-band-box corner, then drag to expand  zoom-in area.", ""},
-    {0, iCmdZoomAll,       "Zoom All",       "Return to default plot extent.", ""},
-    {0, iCmdFlipTransient, "Flip Transient", "Reverse transient polarity.", ""},
-    {0, iCmdFlipAll,       "Flip All",       "Reverse polarity of all transients.", ""},
-    {0, iCmdViewCurve,     "View Curve",     "Show TEM transient plot.", ""},
-    {0, 0,                 "Export Plot",    "", ""},
-    {1, iCmdExportWmf,     "Export plot to WMF", "Export profile plot to windows metafile (WMF) file.", ""},
-    {1, iCmdExportPng,     "Export plot to PNG", "Export profile plot to portable network graphics (PNG) file.", ""},
-    {1, iCmdExportCsv,     "Export profile data to CSV", "Export profile data to a CSV file", ""},
-    {0, iCmdSaveData,      "Save Data",      "Save data in updated avg file or other data file formats.", "Ctrl+S"},
-    {0, iCmdExit,          "Exit Review",    "Exit data review without saving changes.", ""},
-};
-// clang-format on
-
 // The bar on show. WMenu restores it.
 struct MenuBar {
   I4 iMenu = iNoMenu;
@@ -82,7 +65,7 @@ void Add_Rows(QMenuBar& hBar, std::span<const MenuRow> hRows) {
 
 bool Is_Enabled(I4 iCommand) {
   return hMenuBar.bUsable && !hMenuBar.iGreyed.contains(iCommand) &&
-         std::ranges::none_of(Menu_Rows(hMenuBar.iMenu),
+         std::ranges::none_of(hDefined[hMenuBar.iMenu],
                               [&](const MenuRow& hRow) { return hRow.iCommand == iCommand && !hRow.bThere; });
 }
 
@@ -124,11 +107,6 @@ void WMenuDefine(I4 iMenu, std::span<const MenuRow> hRow) {
   hDefined[iMenu].assign(hRow.begin(), hRow.end());
 }
 
-std::span<const MenuRow> Menu_Rows(I4 iMenu) {
-  if (const auto hFound = hDefined.find(iMenu); hFound != hDefined.end()) return hFound->second;
-  return iMenu == iMenuSection ? std::span<const MenuRow>(hSectionRow) : std::span<const MenuRow>();
-}
-
 void WMenu(I4 iMenu) {
   if (!Main_Window()) return Set_Error(iErrNoWindow);
   QMenuBar& hBar = *Main_Window()->menuBar();
@@ -136,7 +114,7 @@ void WMenu(I4 iMenu) {
   IPgForget();  // another part of the program draws now
   hMenuBar = {};
   hMenuBar.iMenu = iMenu;
-  Add_Rows(hBar, Menu_Rows(iMenu));
+  Add_Rows(hBar, hDefined[iMenu]);
   Grey_Entries(hBar);
   hBar.setVisible(!hBar.actions().isEmpty());
 }

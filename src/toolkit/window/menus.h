@@ -5,9 +5,13 @@
 #include <string_view>
 
 #include "base/types.h"
-#include "toolkit/window/ids.h"
 
 namespace quillan {
+
+// The bar of the program, and the command that leaves whatever has the bar.
+inline constexpr I4 iNoMenu = 0;
+inline constexpr I4 iMenuMain = 30001;
+inline constexpr I4 iCmdExit = 40011;
 
 /// One row of a menu bar. Rows with a depth of 1 stand in the drop-down menu of the last row with depth 0 and no
 /// command.
@@ -22,9 +26,6 @@ struct MenuRow {
 
 /// Gives a menu bar its rows: the module that answers its commands calls this before WMenu.
 void WMenuDefine(I4 iMenu, std::span<const MenuRow> hRow);
-
-/// The rows of a menu bar; none for an unknown id.
-std::span<const MenuRow> Menu_Rows(I4 iMenu);
 
 /// Shows another menu bar in the main window; iNoMenu takes the bar away.
 void WMenu(I4 iMenu);

@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "base/types.h"
-#include "toolkit/window/ids.h"
 
 namespace quillan {
 
@@ -110,29 +109,5 @@ inline constexpr I4 iSelectOptional = 130;  // an existing file that the user ma
 /// begin, a file or a folder, blank for the working folder.
 [[nodiscard]] std::string WSelectFile2(std::string_view sFilter, I4 iFlags, std::string_view sTitle,
                                        std::string_view sBegin);
-
-// Old forms; they go when the last caller has changed.
-inline constexpr I4 iAnswerNo = 0;  // of WInfoDialog(iExitButtonCommon)
-inline constexpr I4 iAnswerYes = 1;
-inline I4 iBoxExit = iAnswerNo;
-inline void WMessage(MessageType& iType, Message& hMessage) {
-  iType = (hMessage = WMessage()).iType;
-}
-inline void WMessagePeek(MessageType& iType, Message& hMessage) {
-  iType = (hMessage = WMessagePeek()).iType;
-}
-inline void WMessagePutBack(MessageType iType, Message hMessage) {
-  hMessage.iType = iType;
-  WMessagePutBack(hMessage);
-}
-inline void WGrInputBox(const Message& hPress, R4& fX2, R4& fY2, MessageType& iType) {
-  const InputBox h = WGrInputBox(hPress);
-  fX2 = h.fX2, fY2 = h.fY2;
-  iType = h.bReleased ? MessageType::MouseUp : MessageType::Key;
-}
-inline void WSelectFile2(std::string_view sFilter, I4 iFlags, std::string& sFile, std::string_view sTitle) {
-  const std::string sChosen = WSelectFile2(sFilter, iFlags, sTitle, sFile);
-  if (!sChosen.empty()) sFile = sChosen;
-}
 
 }  // namespace quillan

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "base/types.h"
-#include "toolkit/window/ids.h"
 
 namespace quillan {
 
@@ -42,8 +41,5 @@ inline constexpr I4 iScreenHeight = 2;
 /// 0 where there is no window. Pixels are those of the layout, before the screen's scale factor.
 I4 WInfoWindow(I4 iSelect);
 I4 WInfoScreen(I4 iSelect);
-
-// Old forms; they go when the last caller has changed.
-void WInitialise(int argc, char** argv, std::string_view sScript);  // Script_Load, then the form above
 
 }  // namespace quillan

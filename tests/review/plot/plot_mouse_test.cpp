@@ -67,10 +67,10 @@ TEST(ZoomBox, ACloseRequestEndsItAndReachesTheLoopThatCalled) {
 
 TEST(SelectBox, FollowsTheDragOfThePressedButton) {
   PlayedSession hSession("drag 2 3 6 1 right\nclick 4 9\n");
-  const MouseBox hDrag = IGr_SelectMouseBox(hSession.Next().hMessage);
+  const MouseBox hDrag = IGr_SelectMouseBox(hSession.Next());
   EXPECT_EQ(hDrag.iError, 0);
   Expect_Box(hDrag.hBox, {2.0f, 1.0f, 6.0f, 3.0f});
-  const MouseBox hClick = IGr_SelectMouseBox(hSession.Next().hMessage);
+  const MouseBox hClick = IGr_SelectMouseBox(hSession.Next());
   EXPECT_EQ(hClick.iError, 0);
   Expect_Box(hClick.hBox, {4.0f, 9.0f, 4.0f, 9.0f});
 }
