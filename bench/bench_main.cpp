@@ -20,6 +20,7 @@
 #include "files/avg_writer.h"
 #include "files/mde_file.h"
 #include "foundations/log_file.h"
+#include "model/derived.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/window.h"
 
@@ -130,6 +131,7 @@ void Prepare(const OwnFolder& hMemory, const OwnFolder& hDisk) {
   hBench.sOut = hMemory.File("out.avg");
   hBench.sDiskFile = hDisk.File("out.avg");
   Make_Full_Store();
+  Prepare_Output(true);
   (void)AVG_Write(hBench.sFile);  // each benchmark looks at what it reads
   (void)MDE_Rewrite(hMemory.File("full.mde"));
   hBench.hMade = Keep_Store();

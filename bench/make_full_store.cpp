@@ -9,6 +9,7 @@
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "full_store.h"
+#include "model/derived.h"
 
 int main(int argc, char** argv) {
   using namespace quillan;
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
   bAutoErr = true;
   if (Log_Initialize(argv[1]) != 0) return 1;
   Make_Full_Store();
+  Prepare_Output(true);
   if (AVG_Write(argv[1]) != 0) return 1;
   return MDE_Rewrite(std::string(File_Stem(argv[1])) + ".mde");
 }

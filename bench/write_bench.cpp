@@ -4,6 +4,7 @@
 
 #include "benches.h"
 #include "files/avg_writer.h"
+#include "model/derived.h"
 #include "platform/safe_file.h"
 
 namespace quillan {
@@ -66,11 +67,17 @@ void Floor_Write(benchmark::State& state) {
 
 /// On a memory file system, where to sync costs nothing.
 void Bench_Write(benchmark::State& state) {
-  Run_Write(state, [] { return AVG_Write(hBench.sOut); });
+  Run_Write(state, [] {
+    Prepare_Output(true);
+    return AVG_Write(hBench.sOut);
+  });
 }
 
 void Bench_Write_Disk(benchmark::State& state) {
-  Run_Write(state, [] { return AVG_Write(hBench.sDiskFile); });
+  Run_Write(state, [] {
+    Prepare_Output(true);
+    return AVG_Write(hBench.sDiskFile);
+  });
 }
 
 /// The same bytes to the disk without making them: write, sync, rename, sync the folder.

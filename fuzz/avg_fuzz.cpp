@@ -10,6 +10,7 @@
 #include "files/mde_file.h"
 #include "fuzz/fuzz_file.h"
 #include "metadata/mdp_data.h"
+#include "model/derived.h"
 
 namespace {
 
@@ -139,6 +140,7 @@ void Require_Same_Values(const Transient& h1, const Transient& h2) {
 bool Write_and_Read() {
   const std::string sWritten = Fuzz_Path("written.avg");
   if (NTrn < 1) return false;
+  Prepare_Output(true);
   Require(AVG_Write(sWritten) == 0);
   const I4 iError = Read_First(sWritten);
   Check_Store(iError);

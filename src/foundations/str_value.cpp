@@ -246,4 +246,21 @@ I4 Fld_to_I4Version(const FieldContext& hAt, std::string_view sField, I4 iDefaul
   return Reported(Str_to_I4Version(sField, iDefault, iVersion), hAt, "numeric ", sField);
 }
 
+I4 Fld_NMEA_to_R8Deg(const FieldContext& hAt, std::string_view sField, R8 dDefault, R8& dDegrees) {
+  dDegrees = dDefault;
+  if (Is_Missing(sField)) return -1;
+  const std::string_view sText = Trimmed(Left_Adjusted(sField));
+  const std::size_t KPoint = std::min(sText.find('.'), sText.size());
+  if (KPoint < 3) return 1;
+  const std::string_view sDegrees = sText.substr(0, KPoint - 2);
+  I4 iDegrees = 0;
+  R8 dMin = 0.0;
+  if (!Free_Read(sDegrees, iDegrees) || !Free_Read(sText.substr(KPoint - 2), dMin)) {
+    return Reported(1, hAt, sDegrees.size() <= 2 ? "NMEA-format ddmm.mmm" : "NMEA-format dddmm.mmm", sField);
+  }
+  const R8 dMagnitude = std::abs(static_cast<R8>(iDegrees)) + dMin / 60.0;
+  dDegrees = iDegrees < 0 ? -dMagnitude : dMagnitude;
+  return 0;
+}
+
 }  // namespace quillan

@@ -57,5 +57,8 @@ struct FieldContext {
                                  R4& fMeters);
 [[nodiscard]] I4 Fld_to_R8Time(const FieldContext& hAt, std::string_view sField, R8 dDefault, R8& dHours);
 [[nodiscard]] I4 Fld_to_I4Version(const FieldContext& hAt, std::string_view sField, I4 iDefault, I4& iVersion);
+/// Degrees from ddmm.mmm or dddmm.mmm, as a satellite receiver writes them. Fewer than one digit of degrees is
+/// unreadable, without a report.
+[[nodiscard]] I4 Fld_NMEA_to_R8Deg(const FieldContext& hAt, std::string_view sField, R8 dDefault, R8& dDegrees);
 
 }  // namespace quillan

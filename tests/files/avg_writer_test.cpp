@@ -7,6 +7,7 @@
 #include "files/avg_legacy_writer.h"
 #include "files/avg_reader.h"
 #include "metadata/mdp_data.h"
+#include "model/derived.h"
 #include "support/files.h"
 #include "support/reports.h"
 #include "support/survey_builder.h"
@@ -51,9 +52,11 @@ void Load_Odd_Survey() {
 
 TEST(AvgWriter, BothFormatsAreRightToTheByte) {
   Load_Odd_Survey();
+  Prepare_Output(true);
   EXPECT_EQ(AVG_Write("odd.avg"), 0);
   EXPECT_EQ(Read_Whole_File("odd.avg"), Golden("odd.avg"));
   Load_Odd_Survey();  // the legacy file alone
+  Prepare_Output(false);
   EXPECT_EQ(AVG_Write0("oddo.avg"), 0);
   EXPECT_EQ(Read_Whole_File("oddo.avg"), Golden("oddo.avg"));
 }
@@ -63,6 +66,7 @@ TEST(AvgWriter, ColumnsAreThereWhenTheStoreHasTheirValues) {
     Load({TransientBuilder().Times({1}).Values({5}).Resistivities({bARes ? 10.0f : 0.0f})});
     hTrn(1).fBmag(1) = fBmag;
     hTemSurvey.dStnKvrInc = hTemSurvey.dStnInc = 1.0;
+    Prepare_Output(true);
     EXPECT_EQ(AVG_Write("columns.avg"), 0);
     for (const std::string& s : Read_Lines("columns.avg")) {
       if (s.starts_with("TWin.Index")) return s.substr(s.find("dBdt.Wgt"));

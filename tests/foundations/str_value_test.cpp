@@ -247,6 +247,22 @@ TEST_F(StrValueReports, EachKindHasItsWords) {
   }
 }
 
+TEST_F(StrValueReports, DegreesOfSatelliteReceivers) {
+  const auto Degrees = [](std::string_view sField, R8 dElse, R8& dDegrees) {
+    return Fld_NMEA_to_R8Deg({1, sField, "Lat"}, sField, dElse, dDegrees);
+  };
+  Expect_Cases(Reader_of<R8>(Degrees), {
+                                           {"11530.6",            115.51,              0 },
+                                           {"-3330.6",            -33.51,              0 },
+                                           {"-030.6",             0.51,                0 }, // a sign needs degrees
+                                           {"3330",               33.5,                0 },
+                                           {"11530.600000000060", 115.510000000000001, 0 }, // every digit counts
+                                           {"30.6",               dDefault,            1 },
+                                           {"x205.1",             dDefault,            1 },
+                                           {"",                   dDefault,            -1}
+  });
+}
+
 TEST_F(StrValueReports, MissingAndNullValuesAreQuiet) {
   for (const char* sField : {"", "*", "inf", ",", "5"}) EXPECT_LE(Read(sField), 0) << sField;
   EXPECT_EQ(Reported(), "");
