@@ -76,7 +76,7 @@ constexpr struct {
 struct OpenWindow {
   QApplication* hApplication = nullptr;
   QPointer<QMainWindow> hMain;
-  QPointer<QLabel> hPart[2];  // of the status bar
+  QPointer<QLabel> hPart[3];  // of the status bar
   QString sPart2;             // text of the wide part under a hint
   int NBusy = 0;              // calls of WindowBusy that are not taken back
 };
@@ -242,13 +242,15 @@ void WindowStatusBarParts(I4 NWidth1) {
   hOpen.hPart[0]->setFixedWidth(std::max(NWidth1, 0));
   // A long text does not widen the window.
   hOpen.hPart[1]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  hOpen.hPart[2]->setMinimumWidth(1);
   hBar->addWidget(hOpen.hPart[0]);
   hBar->addWidget(hOpen.hPart[1], 1);
+  hBar->addPermanentWidget(hOpen.hPart[2]);
 }
 
 void WindowOutStatusBar(I4 iPart, std::string_view sText) {
   if (!hOpen.hMain) return Set_Error(iErrNoWindow);
-  if (iPart < 1 || iPart > 2 || !hOpen.hPart[0]) return Set_Error(iErrBadArgument);
+  if (iPart < 1 || iPart > 3 || !hOpen.hPart[0]) return Set_Error(iErrBadArgument);
   QLabel& hPart = *hOpen.hPart[iPart - 1];
   hPart.setText(To_QString(sText));
   if (iPart == 2) hOpen.sPart2 = hPart.text();

@@ -23,9 +23,12 @@ void WindowClose();
 
 void WindowTitle(std::string_view sTitle);
 
-/// Two parts in the status bar: the first NWidth1 pixels wide, the second takes the rest.
+/// Three parts in the status bar: the first NWidth1 pixels wide, the third at the right end as wide as its text, the
+/// second takes the rest.
 void WindowStatusBarParts(I4 NWidth1);
-/// iPart: 1 the narrow part, 2 the wide one, where hints and progress stand.
+inline constexpr I4 iStatusProgress = 2;  // hints and progress
+inline constexpr I4 iStatusStanding = 3;  // what must stay in sight
+/// iPart: 1 the narrow part, or one of those.
 void WindowOutStatusBar(I4 iPart, std::string_view sText);
 
 /// The busy cursor while long work runs; calls may nest.
