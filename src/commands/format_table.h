@@ -21,22 +21,24 @@ struct FileFormat {
   I4 iBox;                              // control of dialog 104; 0: Save does not offer it
   std::string_view sNameEnd;            // what a save adds to the stem of the data file; blank: the data file itself
   I4 (*Write)(std::string_view sFile);  // null: not written yet, the box is greyed
+  std::string_view sFlags;              // what becomes of skip flags, for dialog 104
 };
 
 inline constexpr I4 iDlgSaveTypes = 104;
+inline constexpr I4 iLblFlagsLost = 1052;
 inline constexpr I4 iChkPutUsf = 1050;
 inline constexpr I4 iChkPutAvg = 1059;
 inline constexpr I4 iChkPutAmr = 1061;
 inline constexpr I4 iChkPutAvg0 = 1103;
 
-// Extension, reader, box, end of the name, writer.
+// Extension, reader, box, end of the name, writer, skip flags.
 inline constexpr FileFormat hFileFormat[] = {
-    {".AVG", AVG_Read, iChkPutAvg,  "",      AVG_Write },
-    {".XDB", AVG_Read, 0,           "",      nullptr   },
-    {".Z",   nullptr,  0,           "",      nullptr   },
-    {"",     nullptr,  iChkPutAvg0, "o.avg", AVG_Write0},
-    {"",     nullptr,  iChkPutAmr,  ".tem",  nullptr   },
-    {"",     nullptr,  iChkPutUsf,  ".usf",  nullptr   },
+    {".AVG", AVG_Read, iChkPutAvg,  "",      AVG_Write,  "flags are not read back"},
+    {".XDB", AVG_Read, 0,           "",      nullptr,    ""                       },
+    {".Z",   nullptr,  0,           "",      nullptr,    ""                       },
+    {"",     nullptr,  iChkPutAvg0, "o.avg", AVG_Write0, "keeps skip flags"       },
+    {"",     nullptr,  iChkPutAmr,  ".tem",  nullptr,    ""                       },
+    {"",     nullptr,  iChkPutUsf,  ".usf",  nullptr,    ""                       },
 };
 inline constexpr std::size_t NFileFormat = std::size(hFileFormat);
 

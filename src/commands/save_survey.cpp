@@ -1,10 +1,14 @@
 #include "commands/save_survey.h"
 
 #include <algorithm>
+#include <cstring>
+#include <new>
 
 #include "commands/busy_with.h"
+#include "commands/live_dialog.h"
 #include "commands/session.h"
 #include "files/mde_file.h"
+#include "files/save_report.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "foundations/str_write.h"
@@ -17,17 +21,19 @@
 namespace quillan {
 namespace {
 
+constexpr std::string_view sFlagsLost = "Skip flags are set. They will not be in the file.";
+
 /// The first save keeps the file as it was; later saves leave that copy alone. Returns 0; 1 when the copy failed.
 I4 Keep_Backup(const std::string& sDataFile) {
   const std::string sBackup = Backup_Name(sDataFile);
   if (!IOsFileExists(sDataFile) || IOsFileExists(sBackup)) return 0;
   const CopyStatus hStatus = IOsCopyFile(sDataFile, sBackup);
   if (hStatus.iIOError == 0) return 0;
-  LogErr({"ERROR while making backup copy of ", sDataFile,
-          "LastError=" + Str_Write_I4(iErrFile).str() + ", IOError=" + Str_Write_I4(hStatus.iIOError).str() +
-              ", OSError=" + Str_Write_I4(hStatus.iOSError).str(),
-          "The data are not saved; choose Save again."});
-  return 1;
+  const std::string sStatus = "LastError=" + Str_Write_I4(iErrFile).str() +
+                              ", IOError=" + Str_Write_I4(hStatus.iIOError).str() +
+                              ", OSError=" + Str_Write_I4(hStatus.iOSError).str();
+  const std::string sReason = hStatus.iOSError == 0 ? "no backup copy" : std::strerror(hStatus.iOSError);
+  return Report_Not_Saved({"ERROR while making backup copy of ", sDataFile, sStatus}, sDataFile, sReason);
 }
 
 /// Whether the file of a writer is among those of the save.
@@ -42,18 +48,23 @@ I4 Write_Formats(const std::string& sDataFile, const OutputFormats& hFormats) {
   for (std::size_t K = 0; K < NFileFormat; ++K) {
     const FileFormat& h = hFileFormat[K];
     if (!hFormats[K] || h.Write == nullptr) continue;
-    if (const I4 iError = h.Write(Output_Name(h, sDataFile)); iError != 0) return iError;
+    const std::string sFile = Output_Name(h, sDataFile);
+    if (const I4 iError = h.Write(sFile); iError != 0) {
+      if (hSaveState.sFailed.empty()) hSaveState.sFailed = File_Name(sFile);
+      return iError;
+    }
+    if (hSaveState.sSaved.empty()) hSaveState.sSaved = File_Name(sFile);
   }
   return 0;
 }
 
-}  // namespace
+/// A failed save stays in sight until one succeeds. A save that the user gave up says nothing of either.
+void Show_Outcome() {
+  if (!hSaveState.sFailed.empty()) return WindowOutStatusBar(iStatusStanding, "NOT SAVED: " + hSaveState.sFailed);
+  if (!hSaveState.sSaved.empty()) WindowOutStatusBar(iStatusStanding, "");
+}
 
-I4 TEM_Write_Data(std::string_view sFile) {
-  LogText_Reset();
-  InqWintError();
-  InfoError();
-  const std::string sDataFile(Trimmed(sFile));
+I4 Save_All(const std::string& sDataFile) {
   if (Keep_Backup(sDataFile) != 0) return 1;
   if (Select_Output_Formats(sDataFile, hOutput) != 0) return 1;
 
@@ -63,25 +74,69 @@ I4 TEM_Write_Data(std::string_view sFile) {
   return MDE_Update(std::string(File_Stem(sDataFile)) + ".mde");
 }
 
+// ---- dialog 104
+
+bool Any_Flag() {
+  for (I4 j = 1; j <= NTrn; ++j) {
+    for (I4 I = 1; I <= hTrn(j).NTW; ++I) {
+      if (Is_Skipped(hTrn(j), I)) return true;
+    }
+  }
+  return false;
+}
+
+void Put_Formats(std::string_view sDataFile, const OutputFormats& hFormats) {
+  for (std::size_t K = 0; K < NFileFormat; ++K) {
+    const FileFormat& h = hFileFormat[K];
+    if (h.iBox == 0) continue;
+    std::string sNote(File_Name(Output_Name(h, sDataFile)));
+    if (!h.sFlags.empty()) sNote.append("  (").append(h.sFlags).append(")");
+    WDialogPutCheckBox(h.iBox, hFormats[K]);
+    WDialogPutNote(h.iBox, sNote);
+    WDialogFieldState(h.iBox, h.Write != nullptr ? 1 : 0);
+  }
+}
+
+void Take_Formats(OutputFormats& hFormats) {
+  for (std::size_t K = 0; K < NFileFormat; ++K) {
+    if (const I4 iBox = hFileFormat[K].iBox; iBox != 0) hFormats[K] = WDialogGetCheckBox(iBox).value_or(hFormats[K]);
+  }
+}
+
+}  // namespace
+
+I4 TEM_Write_Data(std::string_view sFile) {
+  LogText_Reset();
+  InqWintError();
+  InfoError();
+  hSaveState = {};
+  try {
+    const I4 iError = Save_All(std::string(Trimmed(sFile)));
+    Show_Outcome();
+    return iError;
+  } catch (const std::bad_alloc&) {
+    hSession.bUpdateAVG = true;
+    hSaveState.sFailed = "out of memory";
+    Show_Outcome();
+    throw;
+  }
+}
+
 std::string Backup_Name(std::string_view sDataFile) {
   return std::string(File_Stem(sDataFile)) + ".$" + std::string(File_Ext(sDataFile));
 }
 
 I4 Select_Output_Formats(std::string_view sDataFile, OutputFormats& hFormats) {
   const LoadedDialog form(iDlgSaveTypes);
-  for (std::size_t K = 0; K < NFileFormat; ++K) {
-    const FileFormat& h = hFileFormat[K];
-    if (h.iBox == 0) continue;
-    WDialogPutCheckBox(h.iBox, hFormats[K]);
-    WDialogPutNote(h.iBox, File_Name(Output_Name(h, sDataFile)));
-    WDialogFieldState(h.iBox, h.Write != nullptr ? 1 : 0);
-  }
+  Put_Formats(sDataFile, hFormats);
+  const bool bAnyFlag = Any_Flag();
+  const auto Show_Loss = [bAnyFlag] {
+    const bool bLost = bAnyFlag && !WDialogGetCheckBox(iChkPutAvg0).value_or(false);
+    WDialogPutString(iLblFlagsLost, bLost ? sFlagsLost : "");
+  };
   InqWintError("Select_Output_Formats 1");
-  if (WDialogShow(iCentred, iCentred, iShowModal) != iBtnContinue) return 1;
-
-  for (std::size_t K = 0; K < NFileFormat; ++K) {
-    if (const I4 iBox = hFileFormat[K].iBox; iBox != 0) hFormats[K] = WDialogGetCheckBox(iBox).value_or(hFormats[K]);
-  }
+  if (Run_Live_Dialog(Show_Loss) != iBtnContinue) return 1;
+  Take_Formats(hFormats);
   return 0;
 }
 

@@ -8,6 +8,7 @@
 
 #include "base/program.h"
 #include "files/avg_columns.h"
+#include "files/save_report.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "foundations/str_write.h"
@@ -259,9 +260,7 @@ I4 AVG_Begin_Write(std::string_view sRoutine, std::string_view sFile, std::strin
 
 I4 AVG_Report_Write(const TextWriter& out, std::string_view sWhat, std::string_view sFile) {
   if (!out.Has_Failed()) return 0;
-  LogErr({"ERROR " + std::string(sWhat) + " file " + std::string(sFile), out.Reason(),
-          "The data are not saved; choose Save again."});
-  return 1;
+  return Report_Not_Saved({"ERROR " + std::string(sWhat) + " file " + std::string(sFile)}, sFile, out.Reason());
 }
 
 }  // namespace quillan

@@ -6,6 +6,7 @@
 
 #include "base/program.h"
 #include "base/text.h"
+#include "files/save_report.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "foundations/str_parse.h"
@@ -92,15 +93,6 @@ bool Is_Program(const Text<32>& CProgram, std::string_view CName) {
   return iName != std::string_view::npos && iName > 0;
 }
 
-/// A failed save: what failed, the file, the reason, and what to do. Returns the status of the save.
-I4 Report_Failure(std::string_view sWhat, const std::string& sMdeFile, const std::string& sReason) {
-  ErrorLines sError = {std::string(sWhat), sMdeFile};
-  if (!sReason.empty()) sError.push_back(sReason);
-  sError.push_back("The data are not saved; choose Save again.");
-  LogErr(sError);
-  return 1;
-}
-
 /// Whether an update keeps a line of the old file. sLine: left-adjusted, without trailing blanks.
 bool Keeps_Line(std::string_view sLine) {
   if (sUpdateComment.find(sLine.front()) != std::string_view::npos) {
@@ -131,8 +123,9 @@ I4 Carry_Over(RecordReader& in, const std::string& sMdeFile, TextWriter& out) {
   }
   if (!in.Has_Failed()) return 0;
   // What could not be read would be lost with the old file.
-  return Report_Failure(
-      "ERROR while reading " + std::string(File_Name(sMdeFile)) + " near line:", std::string(in.Record()), "");
+  return Report_Not_Saved(
+      {"ERROR while reading " + std::string(File_Name(sMdeFile)) + " near line:", std::string(in.Record())}, sMdeFile,
+      "");
 }
 
 }  // namespace
@@ -173,12 +166,12 @@ I4 MDE_Rewrite(std::string_view sMdeFile) {
   RecordReader in(sPath, MMdeUpdate);
   TextWriter out(sPath);
   if ((bExists && !in.Is_Open()) || out.Has_Failed()) {
-    return Report_Failure("ERROR while trying to open ", sPath, out.Reason());
+    return Report_Not_Saved({"ERROR while trying to open ", sPath}, sPath, out.Reason());
   }
   for (const MdEntry& hOne : hEntry) out.Line(MD_Entry_Line(hOne));
   if (Carry_Over(in, sPath, out) != 0) return 1;
   out.Commit();
-  return out.Has_Failed() ? Report_Failure("ERROR while trying to write ", sPath, out.Reason()) : 0;
+  return out.Has_Failed() ? Report_Not_Saved({"ERROR while trying to write ", sPath}, sPath, out.Reason()) : 0;
 }
 
 }  // namespace quillan

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "files/save_report.h"
 #include "metadata/mdp_data.h"
 #include "support/files.h"
 #include "support/reports.h"
@@ -152,6 +153,12 @@ TEST_F(MetadataFile, FailedSaveIsReported) {
   EXPECT_EQ(MDE_Rewrite("nowhere/line.mde"), 1);
   EXPECT_EQ(Shown("ERROR while trying to open"), 1);
   EXPECT_EQ(Shown("The data are not saved; choose Save again."), 1);
+
+  hSaveState.sSaved = "line.avg";
+  EXPECT_EQ(MDE_Rewrite("nowhere/line.mde"), 1);
+  EXPECT_EQ(Shown("The data file line.avg is saved, line.mde is not; choose Save again."), 1);
+  EXPECT_TRUE(hSaveState.sFailed.starts_with("line.mde: "));
+  hSaveState = {};
 }
 
 }  // namespace

@@ -1,0 +1,22 @@
+#include "files/save_report.h"
+
+#include "foundations/file_util.h"
+
+namespace quillan {
+
+I4 Report_Not_Saved(ErrorLines sError, std::string_view sFile, const std::string& sReason) {
+  const std::string sName(File_Name(sFile));
+  hSaveState.sFailed = sName;
+  if (!sReason.empty()) {
+    hSaveState.sFailed += ": " + sReason;
+    sError.push_back(sReason);
+  }
+  if (hSaveState.sSaved.empty())
+    sError.push_back("The data are not saved; choose Save again.");
+  else
+    sError.push_back("The data file " + hSaveState.sSaved + " is saved, " + sName + " is not; choose Save again.");
+  LogErr(sError);
+  return 1;
+}
+
+}  // namespace quillan
