@@ -1,10 +1,14 @@
 #include "commands/auto_skip_command.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
+#include "commands/live_dialog.h"
 #include "foundations/log_file.h"
+#include "foundations/str_write.h"
 #include "toolkit/dialog/form.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {
@@ -25,6 +29,20 @@ I4 Most_Windows() {
   return MTWK;
 }
 
+std::string Of(I4 N, I4 NAll) {
+  return Str_Write_I4(N).str() + " of " + Str_Write_I4(NAll).str();
+}
+
+std::string Forecast(const AutoSkipCount& h) {
+  return "Would skip " + Of(h.NSkip, h.NWindow) + " windows; " + Of(h.NEmpty, NTrn) +
+         " soundings would have none left.";
+}
+
+std::string Result(const AutoSkipCount& h) {
+  return "Auto Skip: " + Of(h.NSkip, h.NWindow) + " windows are skipped; " + Of(h.NEmpty, NTrn) +
+         " soundings have none left.";
+}
+
 }  // namespace
 
 I4 AutoSkip_Edit(I4 MTWK, AutoSkipLimits& hLimits) {
@@ -43,7 +61,11 @@ I4 AutoSkip_Edit(I4 MTWK, AutoSkipLimits& hLimits) {
   const LoadedDialog form(iDlgAutoSkip);
   InqWintError("AutoSkip_Edit 1");
   Form_Put(hRow, hLimits);
-  const I4 iButton = WDialogShow(iCentred, iCentred, iShowModal);
+  const I4 iButton = Run_Live_Dialog([&] {
+    AutoSkipLimits hTried = hLimits;
+    Form_Take(hRow, hTried);
+    WDialogPutString(iLblForecast, Forecast(AutoSkip_Count(hTried)));
+  });
   InqWintError("AutoSkip_Edit 2");
   if (iButton == iBtnContinue) Form_Take(hRow, hLimits);
   return iButton == iBtnCancel ? 1 : 0;
@@ -61,6 +83,7 @@ I4 AutoSkip_Filter() {
   LogText("Applying Auto Skip filters");
   AutoSkip_Apply(hAutoSkip);
   LogText("Auto Skip filtering is finished.");
+  WindowOutStatusBar(iStatusProgress, Result(AutoSkip_Count(hAutoSkip)));
   return 0;
 }
 

@@ -13,12 +13,14 @@ inline constexpr I4 iChkErrorFloor = 1005;
 inline constexpr I4 iFldErrorFloor = 1006;
 inline constexpr I4 iChkNegativeData = 1007;
 inline constexpr I4 iChkPositiveSlope = 1008;
+inline constexpr I4 iLblForecast = 1013;
 
-/// Asks for the limits. MTWK: most windows of any transient. Limits are held to the data before the dialog opens; a
-/// field that cannot be read keeps its old value. Returns 0; 1 when the user cancelled.
+/// Asks for the limits and shows what they would do. MTWK: most windows of any transient. Limits are held to the data
+/// before the dialog opens; a field that cannot be read keeps its old value. Returns 0; 1 when the user cancelled.
 [[nodiscard]] I4 AutoSkip_Edit(I4 MTWK, AutoSkipLimits& hLimits);
 
-/// The command: asks, then applies. Returns 0; 1 without data or when the user cancelled.
+/// The command: asks, then applies; the status bar says what that did. Returns 0; 1 without data or when the user
+/// cancelled.
 [[nodiscard]] I4 AutoSkip_Filter();
 
 }  // namespace quillan

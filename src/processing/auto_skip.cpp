@@ -1,5 +1,7 @@
 #include "processing/auto_skip.h"
 
+#include <algorithm>
+
 #include "model/edits.h"
 
 namespace quillan {
@@ -15,20 +17,38 @@ bool Ends_Decay(const Transient& h, I4 I, const AutoSkipLimits& hLimits) {
   return fSlope >= 0.0f && h.fuVpct(I) > fSlopeErrorLimit;
 }
 
-void Skip_by_Rule(I4 j, const AutoSkipLimits& hLimits) {
-  const Transient& h = hTrn(j);
+/// What the rules say of the windows 1..NTW of a transient.
+Array1<L4, MTW> Flags_by_Rule(const Transient& h, const AutoSkipLimits& hLimits) {
+  Array1<L4, MTW> bSkip{};
   bool bEnded = false;
   for (I4 I = 1; I <= h.NTW; ++I) {
     const bool bOutside = I < hLimits.ITWBEG || I > hLimits.ITWEND;
     bEnded = bEnded || (!bOutside && Ends_Decay(h, I, hLimits));
-    Edit_Window_Flag(j, I, bOutside || bEnded || (hLimits.bDropNegativeData && h.fuVmag(I) <= 0.0f));
+    bSkip(I) = bOutside || bEnded || (hLimits.bDropNegativeData && h.fuVmag(I) <= 0.0f);
   }
+  return bSkip;
 }
 
 }  // namespace
 
 void AutoSkip_Apply(const AutoSkipLimits& hLimits) {
-  for (I4 j = 1; j <= NTrn; ++j) Skip_by_Rule(j, hLimits);
+  for (I4 j = 1; j <= NTrn; ++j) {
+    const Array1<L4, MTW> bSkip = Flags_by_Rule(hTrn(j), hLimits);
+    for (I4 I = 1; I <= hTrn(j).NTW; ++I) Edit_Window_Flag(j, I, bSkip(I));
+  }
+}
+
+AutoSkipCount AutoSkip_Count(const AutoSkipLimits& hLimits) {
+  AutoSkipCount hCount;
+  for (I4 j = 1; j <= NTrn; ++j) {
+    const Array1<L4, MTW> bSkip = Flags_by_Rule(hTrn(j), hLimits);
+    const I4 NTW = hTrn(j).NTW;
+    const I4 NSkip = static_cast<I4>(std::count(bSkip.begin(), bSkip.begin() + NTW, true));
+    hCount.NWindow += NTW;
+    hCount.NSkip += NSkip;
+    if (NSkip == NTW) ++hCount.NEmpty;
+  }
+  return hCount;
 }
 
 }  // namespace quillan

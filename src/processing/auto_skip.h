@@ -25,4 +25,14 @@ inline AutoSkipLimits hAutoSkip;  // module state: the command fills it
 /// Sets bSkip(1..NTW) of every transient from the data alone; no flag of before is kept.
 void AutoSkip_Apply(const AutoSkipLimits& hLimits);
 
+/// What the limits would do to the data.
+struct AutoSkipCount {
+  I4 NWindow = 0;  // in all soundings
+  I4 NSkip = 0;    // of which skipped
+  I4 NEmpty = 0;   // soundings that keep no window
+};
+
+/// Counts what AutoSkip_Apply would do, and changes nothing.
+[[nodiscard]] AutoSkipCount AutoSkip_Count(const AutoSkipLimits& hLimits);
+
 }  // namespace quillan

@@ -43,6 +43,11 @@ R4 Smoothed(const Transient& h, const WindowValues& fDwrk, I4 I) {
   return fWSum <= 0.0f ? fDummy : fDSum / fWSum;
 }
 
+/// Counts a value that is lost because no window in reach gives an average. fValue: as it was.
+void Count_Lost(R4 fValue, R4 fMean) {
+  if (fValue >= fDummyLimit && fMean == fDummy) ++hSmoothCount.NLost;
+}
+
 void Smooth_dBdt(I4 j) {
   const Transient& h = hTrn(j);
   WindowValues fDwrk;
@@ -53,6 +58,7 @@ void Smooth_dBdt(I4 j) {
   }
   for (I4 I = IFirstFiltered; I <= h.NTW; ++I) {
     const R4 fMean = Smoothed(h, fDwrk, I);
+    Count_Lost(fDwrk(I), fMean);
     Edit_Value(j, I, &Transient::fuVmag, fMean == fDummy ? fDummy : std::sinh(fMean) / Time_Scale(h.fTWCen(I)));
   }
 }
@@ -71,6 +77,7 @@ bool Smooth_ARes(I4 j) {
 
   for (I4 I = IFirstFiltered; I <= h.NTW; ++I) {
     const R4 fMean = Smoothed(h, fDwrk, I);
+    Count_Lost(fDwrk(I), fMean);
     Edit_Value(j, I, &Transient::fARes, fMean == fDummy ? fDummy : std::exp(fMean));
     if (fMean != fDummy) Edit_Value(j, I, &Transient::fDepth, Image_Depth(h.fTWCen(I), h.fARes(I)));
   }
@@ -80,7 +87,11 @@ bool Smooth_ARes(I4 j) {
 bool Smooth_All() {
   for (I4 j = 1; j <= NTrn; ++j) {
     Smooth_dBdt(j);
-    if (!Smooth_ARes(j)) return false;
+    if (!Smooth_ARes(j)) {
+      hSmoothCount.jStop = j;
+      return false;
+    }
+    ++hSmoothCount.NSmoothed;
   }
   return true;
 }
@@ -115,6 +126,7 @@ void Set_Edges(Transient& h) {
 }  // namespace
 
 I4 GMA_Time() {
+  hSmoothCount = {};
   if (NTrn < 1) {
     LogErr({"GMA_Time.ERROR: No valid data are loaded."});
     return 1;

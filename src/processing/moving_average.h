@@ -5,6 +5,15 @@
 
 namespace quillan {
 
+/// What a run of the filter did.
+struct SmoothCount {
+  I4 NSmoothed = 0;  // soundings smoothed to their end
+  I4 NLost = 0;      // values of dB/dt and resistivity that no window in reach could replace
+  I4 jStop = 0;      // the sounding with fewer than two resistivities at which the filter ended; 0: none
+};
+
+inline SmoothCount hSmoothCount;  // module state: GMA_Time fills it
+
 /// Smooths dB/dt and apparent resistivity over five windows with weights of a Gaussian, from the third window on.
 ///
 /// dB/dt is averaged as asinh(t**2.5 * dB/dt), which flattens the late decay and takes negative values; resistivity as

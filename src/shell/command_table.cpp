@@ -1,12 +1,12 @@
 #include "shell/command_table.h"
 
 #include "commands/auto_skip_command.h"
+#include "commands/moving_average_command.h"
 #include "commands/open_file.h"
 #include "commands/review_data.h"
 #include "commands/save_survey.h"
 #include "commands/survey_config.h"
 #include "foundations/log_file.h"
-#include "processing/moving_average.h"
 #include "toolkit/window/menus.h"
 
 namespace quillan {
@@ -31,7 +31,7 @@ constexpr Command hCommand[] = {
                           "Edit survey configuration parameters."},
     {0, iCmdReadStn,        true,  true,   nullptr,         "Read Stn File", "",
                           "Interpolate on stn file stn,east,north,elevation[,heading,pitch,roll]"},
-    {0, iCmdMovingAverage,  true,  true,   GMA_Time,        "&Moving Average Filter", "",
+    {0, iCmdMovingAverage,  true,  true,   Smooth_Survey,   "&Moving Average Filter", "",
                           "Smoth transients with moving average over time."},
     {0, iCmdAutoSkip,       true,  true,   AutoSkip_Filter, "Auto &Skip", "",
                           "Skip all data with error greater than the specified threshold."},

@@ -55,6 +55,16 @@ TEST(AutoSkip, RulesSetTheFlagsThatTheirWordsPromise) {
   }
 }
 
+TEST(AutoSkip, CountTellsWhatApplyingWouldDoAndChangesNothing) {
+  Load({TransientBuilder().Values({9, 8, -7}).Errors_Percent({60, 1, 1}),
+        TransientBuilder().Values({9, -8}).Errors_Percent({1, 1})});
+  const AutoSkipCount h = AutoSkip_Count({});
+  EXPECT_EQ(Skipped(1) + Skipped(2), "-----");
+  EXPECT_EQ(h.NWindow, 5);
+  EXPECT_EQ(h.NSkip, 4);
+  EXPECT_EQ(h.NEmpty, 1);
+}
+
 TEST(AutoSkip, LatchEndsWithItsTransientAndFlagsAfterTheLastWindowStay) {
   Load({TransientBuilder().Values({9, 8}).Errors_Percent({60, 1}),
         TransientBuilder().Values({9, 8}).Errors_Percent({1, 1})});

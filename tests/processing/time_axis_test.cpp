@@ -49,6 +49,9 @@ TEST(MovingAverage, SkippedWindowsGiveNothingAndALonelyOneLosesItsValue) {
   EXPECT_EQ(hTrn(1).fuVmag(5), fDummy);
   EXPECT_EQ(hTrn(1).fARes(5), fDummy);
   for (const I4 I : {3, 4, 6, 7}) EXPECT_TRUE(Is_Present(hTrn(1).fuVmag(I))) << I;
+  EXPECT_EQ(hSmoothCount.NLost, 2) << "its dB/dt and its resistivity";
+  EXPECT_EQ(hSmoothCount.NSmoothed, 1);
+  EXPECT_EQ(hSmoothCount.jStop, 0);
   EXPECT_EQ(Skipped(1), "--XXXXX-");
 }
 
@@ -66,6 +69,8 @@ TEST(MovingAverage, TransientWithoutResistivitiesEndsTheFilterButNotTheIntegrati
   EXPECT_EQ(GMA_Time(), 0);
   EXPECT_NE(hTrn(2).fuVmag(3), 4.0f);
   EXPECT_EQ(hTrn(3).fuVmag(3), 8.0f);
+  EXPECT_EQ(hSmoothCount.NSmoothed, 1);
+  EXPECT_EQ(hSmoothCount.jStop, 2);
   EXPECT_TRUE(Is_Present(hTrn(3).fBmag(1)));
 }
 

@@ -122,15 +122,24 @@ void Take_Limits(Field& hField) {
   if (hHigh.isValid()) hField.rule.dHigh = hHigh.toDouble();
 }
 
+/// Whether each letter completes an edit: what follows from the field is shown while the user types.
+bool Is_Live(const QWidget* hWidget) {
+  return hWidget->property("live").toBool();
+}
+
 void Connect_Signals(Field& hField) {
   QWidget* const hWidget = hField.hWidget;
   const auto Complete = [&hField] { Field_Complete(hField); };
   if (auto* hLine = Line_Edit(hWidget)) {
     QObject::connect(hLine, &QLineEdit::textChanged, hWidget, [&hField] { Update_Mark(hField); });
     QObject::connect(hLine, &QLineEdit::editingFinished, hWidget, Complete);
+    if (Is_Live(hWidget)) QObject::connect(hLine, &QLineEdit::textEdited, hWidget, Complete);
   }
   if (auto* hSpin = dynamic_cast<IntegerSpin*>(hWidget)) {
-    hSpin->Step = [&hField](I4 NStep) { Step_Integer(hField, NStep); };
+    hSpin->Step = [&hField](I4 NStep) {
+      Step_Integer(hField, NStep);
+      if (Is_Live(hField.hWidget)) Field_Complete(hField);
+    };
     QObject::connect(hSpin, &QAbstractSpinBox::editingFinished, hWidget, Complete);
     Ignore_Wheel(hSpin);
   } else if (auto* hDropDown = qobject_cast<QComboBox*>(hWidget)) {

@@ -140,6 +140,21 @@ void Form_Put(const auto& hRows, const Record& h) {
   }
 }
 
+/// The controls of the current dialog that Form_Take would leave unread.
+template <class Record>
+std::vector<I4> Form_Unread(const auto& hRows, const Record& h) {
+  std::vector<I4> iField;
+  for (const FormRow<Record>& hRow : hRows) {
+    std::visit(
+        [&](const auto& hMember) {
+          using Value = std::remove_cvref_t<decltype(form_detail::Member(h, hMember))>;
+          if (!form_detail::Read<Value>(hRow)) iField.push_back(hRow.iField);
+        },
+        hRow.hMember);
+  }
+  return iField;
+}
+
 /// Takes the fields of the current dialog into a record. A field that cannot be read or is out of range leaves its
 /// member as it was.
 template <class Record>
