@@ -18,6 +18,7 @@
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/messages.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {
@@ -55,7 +56,7 @@ constexpr FormRow<Survey> hSurveyRow[] = {
 
 constexpr FormLimits hCentreLimits{-9.9E9, 9.9E9};
 
-// Taken with a fixed transmitter only.
+// Taken with a fixed transmitter only, like the next.
 constexpr FormRow<Survey> hCentreRow[] = {
     {iFldTxCenterX, FormElement{&Survey::dTxXYZC, 1}, "(F12.1)", hCentreLimits},
     {iFldTxCenterY, FormElement{&Survey::dTxXYZC, 2}, "(F12.1)", hCentreLimits},
@@ -110,7 +111,7 @@ void Put_Fields(const SurveyConfig& hConfig, ShownLengths& hShown) {
 /// What follows from other fields.
 void Show_Consequences(const SurveyConfig& hConfig) {
   WDialogPutReal(iFldYAzimuth, Y_Azimuth(hConfig.fXazm, hConfig.iZPositive), "(F8.0)");
-  for (const I4 iField : {iFldTxCenterX, iFldTxCenterY})
+  for (const I4 iField : {iFldTxCenterX, iFldTxCenterY, iFldTxTurns, iChkTxwFile})
     WDialogFieldState(iField, Has_Fixed_Transmitter(hConfig.hSurvey) ? 1 : 0);
 }
 
@@ -146,6 +147,52 @@ void Take_Fields(SurveyConfig& hConfig, ShownLengths& hShown) {
   Form_Take(hReceiverRow, hConfig);
 }
 
+// What the status bar calls the numbers.
+constexpr struct {
+  I4 iField;
+  std::string_view sName;
+} hNumberName[] = {
+    {iFldLineNumber,  "line number"              },
+    {iFldLineAzimuth, "line azimuth"             },
+    {iFldStnKvrBeg,   "KVR beginning"            },
+    {iFldStnKvrInc,   "KVR increment"            },
+    {iFldStnBeg,      "rescaled beginning"       },
+    {iFldStnInc,      "rescaled increment"       },
+    {iFldTxLengthX,   "transmitter size along"   },
+    {iFldTxLengthY,   "transmitter size across"  },
+    {iFldTxCenterX,   "transmitter centre, east" },
+    {iFldTxCenterY,   "transmitter centre, north"},
+    {iFldTxTurns,     "turns"                    },
+    {iGrdRxArea,      "receiver area"            },
+    {iFldXAzimuth,    "X azimuth"                },
+};
+
+/// The fields that Continue leaves as they were, because they are empty, no number, or out of range.
+std::vector<I4> Kept_Fields(const SurveyConfig& hConfig, const ShownLengths& hShown) {
+  const Survey& h = hConfig.hSurvey;
+  std::vector<I4> iKept = Form_Unread(hSurveyRow, h);
+  const auto Add = [&iKept](const std::vector<I4>& iMore) { iKept.insert(iKept.end(), iMore.begin(), iMore.end()); };
+  Add(Form_Unread(hLengthRow, hShown));
+  if (Has_Fixed_Transmitter(h)) {
+    Add(Form_Unread(hCentreRow, h));
+    Add(Form_Unread(hLoopRow, h));
+  }
+  const std::vector<std::optional<R4>> fCell = WGridGetReal(iGrdRxArea, 1);
+  if (!std::ranges::all_of(fCell, [](const auto& fArea) { return fArea.has_value(); })) Add({iGrdRxArea});
+  Add(Form_Unread(hReceiverRow, hConfig));
+  return iKept;
+}
+
+/// "Kept as before, because the entry is out of range: line azimuth, turns."
+std::string Kept_Words(const std::vector<I4>& iKept) {
+  std::string sNames;
+  for (const auto& h : hNumberName) {
+    if (std::ranges::find(iKept, h.iField) == iKept.end()) continue;
+    sNames.append(sNames.empty() ? "" : ", ").append(h.sName);
+  }
+  return sNames.empty() ? sNames : "Kept as before, because the entry is out of range: " + sNames + ".";
+}
+
 /// The user chooses a wire file or none; its first loop gives centre and lengths.
 void Select_TxwFile(Survey& h, ShownLengths& hShown) {
   h.sTxwFile = WSelectFile2("Select txw file|*.txw|", iSelectOptional, "Select optional Tx wire endpoints file", "");
@@ -166,7 +213,9 @@ I4 On_Button(I4 iButton, SurveyConfig& hConfig, ShownLengths& hShown) {
   if (iButton == iBtnCancel) return 2;
   if (iButton == iBtnContinue || iButton == iBtnSelectTxw) Take_Fields(hConfig, hShown);
   if (iButton == iBtnSelectTxw) Select_TxwFile(hConfig.hSurvey, hShown);
-  return iButton == iBtnContinue ? 0 : iStay;
+  if (iButton != iBtnContinue) return iStay;
+  WindowOutStatusBar(iStatusProgress, Kept_Words(Kept_Fields(hConfig, hShown)));
+  return 0;
 }
 
 /// Runs the dialog until the user leaves it. Returns 0 Continue, 2 Cancel, 3 close request.

@@ -50,8 +50,9 @@ struct SurveyConfig {
 // Module state: whether Z points up (1) or down (2); Edit_Cfg keeps the user's choice for the next survey.
 inline I4 iZPositive = 1;
 
-/// Dialog 103 over hTemSurvey. Returns 0 Continue, 2 Cancel, 3 the window's close request. Only Continue changes the
-/// survey, the areas of the transients and the metadata.
+/// Dialog 103 over hTemSurvey. The status bar names the numbers that Continue kept because the entry cannot be taken.
+/// Returns 0 Continue, 2 Cancel, 3 the window's close request. Only Continue changes the survey, the areas of the
+/// transients and the metadata.
 [[nodiscard]] I4 Edit_Cfg();
 
 // The rules around the dialog, apart from it.
