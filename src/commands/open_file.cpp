@@ -37,6 +37,7 @@ I4 Read_Chosen_File(const std::string& sFile) {
               hSession.sFileName);
   const I4 iError = TEM_Read_Data(sAvgFile);
   hSession.bUpdateAVG = false;
+  Show_No_Data();
   return iError;
 }
 
@@ -60,6 +61,7 @@ I4 Open_File() {
   if (!sFile.empty()) return Read_Chosen_File(sFile);
   NTrn = 0;  // no file, no data: what the window shows is what is in the store
   hSession.bUpdateAVG = false;
+  Show_No_Data();
   return 1;
 }
 

@@ -21,4 +21,7 @@ std::string Program_Title();
 /// Puts the program and the data file into the window's title.
 void Session_Title();
 
+/// Where the store is empty: the title names no file, and the status bar says how to open one.
+void Show_No_Data();
+
 }  // namespace quillan
