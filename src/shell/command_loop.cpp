@@ -8,6 +8,7 @@
 #include "commands/open_file.h"
 #include "commands/open_survey.h"
 #include "commands/session.h"
+#include "commands/whole_command.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "metadata/mdp_data.h"
@@ -59,6 +60,7 @@ void Read_First_File() {
   (void)TEM_Read_Data(sAvgFile);  // a failure has been reported; the menu offers what is left
   hSession.sFileName = File_Name(sAvgFile);
   hSession.bUpdateAVG = false;
+  Show_No_Data();
 }
 
 // ---- loop
@@ -73,12 +75,24 @@ void Set_Menu_State() {
   }
 }
 
+void Begin_Command() {
+  LogErr_Begin_Command();
+  WindowOutStatusBar(iStatusProgress, "");  // what the command before had to say
+}
+
+/// A save needs its memory for itself, and what was done by hand in a review is not thrown away.
+Unfinished If_Unfinished(const Command& h) {
+  if (h.iCommand == iCmdOpen) return Unfinished::PutBack;
+  return h.bChangesData && h.iCommand != iCmdReview ? Unfinished::PutBack : Unfinished::Stay;
+}
+
 void Carry_Out(I4 iChoice) {
   const auto h = std::ranges::find(Command_Table(), iChoice, &Command::iCommand);
   if (h == Command_Table().end() || !Is_Available(*h)) return;
-  LogErr_Begin_Command();
+  Begin_Command();
   if (h->bChangesData) hSession.bUpdateAVG = true;
-  (void)h->Carry_Out();  // a failure has been reported; the user chooses what comes next
+  // A failure has been reported; the user chooses what comes next.
+  (void)Run_Whole(h->Carry_Out, If_Unfinished(*h));
 }
 
 [[noreturn]] void Command_Loop() {
@@ -88,8 +102,8 @@ void Carry_Out(I4 iChoice) {
     switch (hMessage.iType) {
       case MessageType::Menu: Carry_Out(hMessage.VALUE1); break;
       case MessageType::FileDropped:
-        LogErr_Begin_Command();
-        (void)Open_Dropped_File();  // as with a command
+        Begin_Command();
+        (void)Run_Whole(Open_Dropped_File, Unfinished::PutBack);  // as with a command
         break;
       case MessageType::Expose:
       case MessageType::Resize: LogText_Update(); break;

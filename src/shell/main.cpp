@@ -1,5 +1,6 @@
 // main.cpp: the options of the command line, and the one place where the end of the run is caught.
 #include <cstdio>
+#include <new>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,15 +57,18 @@ Options Read_Options(int argc, char** argv) {
 }
 
 int Run(Options& h) {
-  System_Initialize();
-  const int NRemaining = static_cast<int>(h.hRemaining.size());
-  h.hRemaining.push_back(nullptr);  // a command line ends in a null
-  Script_Load(h.sScript);
-  WInitialise(NRemaining, h.hRemaining.data());
   try {
+    System_Initialize();
+    const int NRemaining = static_cast<int>(h.hRemaining.size());
+    h.hRemaining.push_back(nullptr);  // a command line ends in a null
+    Script_Load(h.sScript);
+    WInitialise(NRemaining, h.hRemaining.data());
     Run_Program();
   } catch (const ProgramStop&) {
     return Script_Exit_Status();
+  } catch (const std::bad_alloc&) {
+    std::fputs("quillan: there is not enough memory.\n", stderr);
+    return 1;
   }
 }
 
