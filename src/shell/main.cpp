@@ -56,8 +56,15 @@ Options Read_Options(int argc, char** argv) {
   return h;
 }
 
+/// Ends the start where the window could not be made: a window system that cannot start its thread waits for ever.
+void Need_Room_for_Window() {
+  constexpr std::size_t MRoom = std::size_t{48} << 20U;  // bytes
+  ::operator delete(::operator new(MRoom));
+}
+
 int Run(Options& h) {
   try {
+    Need_Room_for_Window();
     System_Initialize();
     const int NRemaining = static_cast<int>(h.hRemaining.size());
     h.hRemaining.push_back(nullptr);  // a command line ends in a null
