@@ -179,7 +179,7 @@ TEST_F(Dialogs, EnterCompletesTheFieldAndContinues) {
   // The first field has the focus, its text selected: typing replaces it.
   EXPECT_EQ(Messages_of("key 9\nkey Enter"), "1002 1009!");
   EXPECT_EQ(WDialogGetInteger(1002), 9);
-  EXPECT_EQ(Messages_of("key Up\nkey Up\nkey Tab\nkey Esc"), "1002 1010!");
+  EXPECT_EQ(Messages_of("key Up\nkey Up\nkey Tab\nkey Esc"), "1002 1002 1010!");
   EXPECT_EQ(WDialogGetInteger(1002), 11);
 }
 
