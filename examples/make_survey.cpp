@@ -2,10 +2,11 @@
 //
 //   make_survey FOLDER
 //
-//   orrin.avg      21 central-loop soundings of Hx, Hy and Hz at 4 and 16 hertz along a line over a basin: conductive
-//                  fill over resistive basement, with noise, two bad stations, spikes, and one station (700) wired with
+//   orrin.avg      21 central-loop soundings of Hx, Hy and Hz at 4 hertz along a line over a basin: conductive fill
+//                  over resistive basement, with noise, two bad stations, spikes, and one station (700) wired with
 //                  reversed polarity
-//   orrin.mde      job, line and station numbering
+//   orrin_16hz.avg the same soundings at 16 hertz, which see less deep
+//   orrin.mde      job, line, station numbering and heading of the receiver; orrin_16hz.mde is the same
 //   orrin.stn      positions of the stations
 //   orrin.txw      corners of the transmitter loops
 //   orrin_rep.xdb  unaveraged repeats of five stations
@@ -223,14 +224,23 @@ const std::vector<Window>& Windows_of(double frequency) {
   return frequency > 10.0 ? fast : slow;
 }
 
+/// The crew measures every station at both base frequencies; each has a file of its own.
 void Make_Line(const std::string& folder) {
-  File file(folder + "/orrin.avg");
-  file.Line("\\ Orrin basin, line 12, central-loop soundings. Synthetic data.");
-  Write_Units(file);
+  struct {
+    double frequency;
+    File file;
+  } half[] = {
+      {4.0,  File(folder + "/orrin.avg")     },
+      {16.0, File(folder + "/orrin_16hz.avg")}
+  };
+  for (auto& [frequency, file] : half) {
+    file.Line("\\ Orrin basin, line 12, central-loop soundings at %g hertz. Synthetic data.", frequency);
+    Write_Units(file);
+  }
   Noise noise(1105);
   int block = 1;
   for (int station = 0; station < n_station; ++station) {
-    for (const double frequency : {4.0, 16.0}) {
+    for (auto& [frequency, file] : half) {
       const std::vector<double> response = Response(station, Windows_of(frequency));
       for (int component = 0; component < 3; ++component) {
         Write_Record(file, {station * spacing, component, frequency, block}, Windows_of(frequency), response,
@@ -281,8 +291,8 @@ void Make_Early_and_Late(const std::string& folder) {
   }
 }
 
-void Make_Metadata(const std::string& folder) {
-  File file(folder + "/orrin.mde");
+void Write_Metadata(const std::string& path) {
+  File file(path);
   file.Line("! Orrin basin, line 12");
   file.Line("$ Job.Name = \"Orrin basin ground water\"");
   file.Line("$ Job.Area = \"Orrin valley\"");
@@ -300,8 +310,13 @@ void Make_Metadata(const std::string& folder) {
   file.Line("$ Tx.Turns = 1");
   file.Line("$ Tx.Length = %g,%g m", side, side);
   file.Line("$ Tx.Area = %g m^2", side * side);
+  file.Line("$ Rx.XAzimuth = %g", line_azimuth);
   file.Line("! Narvo keeps its own lines here:");
   file.Line("$ Narvo: Smooth = 0.35");
+}
+
+void Make_Metadata(const std::string& folder) {
+  for (const char* const name : {"/orrin.mde", "/orrin_16hz.mde"}) Write_Metadata(folder + name);
 }
 
 void Make_Stations(const std::string& folder) {

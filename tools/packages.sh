@@ -2,9 +2,10 @@
 
 # Qt's form loader asks for the OpenGL headers, which its package only recommends. A bare machine has no font at all:
 # plots are lettered in Liberation Sans; menus and dialogs take the system's sans family, which Debian's font
-# configuration finds in DejaVu but not in Liberation.
+# configuration finds in DejaVu but not in Liberation. The reader of metafiles measures their text in the base 35 fonts,
+# which its package only recommends, and reads none without them.
 packages_run=(g++ cmake ninja-build qt6-base-dev qt6-tools-dev libqt6opengl6-dev fonts-liberation2 fonts-dejavu-core)
-packages_test=("${packages_run[@]}" libgtest-dev clang-format-16 libwmf-bin)
+packages_test=("${packages_run[@]}" libgtest-dev clang-format-16 libwmf-bin fonts-urw-base35)
 
 # Runs a command as root; fails where that needs a password and nobody is there to type it.
 as_root() {

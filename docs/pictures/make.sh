@@ -11,29 +11,44 @@ trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 cp "$root"/examples/survey/* "$root"/examples/lake/* .
 
+# The decay curve is that of a station beside a power line, whose late windows Auto Skip has skipped for their errors.
 cat > survey.txt << 'STEPS'
 resize 1200 900
-snapshot survey-configuration.png
 press 1009
 snapshot main-window.png
 menu 40016
 check 1007 off
-snapshot auto-skip.png
+set 1006 20
 press 1009
 menu 40008
 key n
 key n
 snapshot section-review.png
 press 1114
-point 300 3
+point 250 3
 snapshot curve-review.png
 press 1087
+menu 40011
+STEPS
+"$program" orrin.avg --script survey.txt > /dev/null
+
+# A dialog covers the whole of a small window: the picture shows nothing else.
+cat > dialogs.txt << 'STEPS'
+resize 200 100
+press 1009
+menu 40020
+snapshot survey-configuration.png
+press 1010
+menu 40016
+snapshot auto-skip.png
+press 1010
 menu 40009
 snapshot save-types.png
 press 1010
 menu 40011
+answer no
 STEPS
-"$program" orrin.avg --script survey.txt > /dev/null
+"$program" orrin.avg --script dialogs.txt > /dev/null
 
 cat > lake.txt << 'STEPS'
 resize 1200 900

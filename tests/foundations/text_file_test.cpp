@@ -10,6 +10,7 @@
 #include <csignal>
 #include <filesystem>
 #include <functional>
+#include <system_error>
 
 #include "support/files.h"
 
@@ -158,6 +159,11 @@ std::string Save(const std::string& sPath, std::string_view sText) {
   return out.Has_Failed() ? out.Reason() : "saved";
 }
 
+/// The system tells a failure in the user's language.
+std::string Words_of(std::errc iFailure) {
+  return std::make_error_condition(iFailure).message();
+}
+
 // A folder that other users of the machine may enter, since the test's own may be closed to them.
 class TextWriterTest : public testing::Test {
  protected:
@@ -221,7 +227,7 @@ TEST_F(TextWriterTest, LeavesTheFileWhenTheDiskIsFull) {
     ::setrlimit(RLIMIT_FSIZE, &hLimit);
     return Save(sFile, std::string(NMegabyte, 'x'));
   };
-  EXPECT_EQ(Told_by_Child(Limited_Save), "File too large");
+  EXPECT_EQ(Told_by_Child(Limited_Save), Words_of(std::errc::file_too_large));
   Expect_Only_the_Earlier_File();
 }
 
@@ -231,8 +237,8 @@ TEST_F(TextWriterTest, FailsWhenTheFolderGoesAway) {
   fs::remove_all(sFolder);
   out.Commit();
   EXPECT_TRUE(out.Has_Failed());
-  EXPECT_EQ(out.Reason(), "No such file or directory");
-  EXPECT_EQ(Save(sFile, "new"), "No such file or directory");
+  EXPECT_EQ(out.Reason(), Words_of(std::errc::no_such_file_or_directory));
+  EXPECT_EQ(Save(sFile, "new"), Words_of(std::errc::no_such_file_or_directory));
   EXPECT_FALSE(fs::exists(sFolder));
 }
 
@@ -250,12 +256,12 @@ TEST_F(TextWriterTest, RefusesWhatTheUserMayNotWrite) {
   Write_File(sFile, "earlier");
 
   fs::permissions(sFile, fs::perms{0444});
-  EXPECT_EQ(Save_Unprivileged(sFile), "Permission denied") << "a read-only file";
+  EXPECT_EQ(Save_Unprivileged(sFile), Words_of(std::errc::permission_denied)) << "a read-only file";
   Expect_Only_the_Earlier_File();
   fs::permissions(sFile, fs::perms{0666});
   fs::permissions(sFolder, fs::perms{0555});
-  EXPECT_EQ(Save_Unprivileged(sFile), "Permission denied") << "a read-only folder";
-  EXPECT_EQ(Save_Unprivileged(sFolder + "/new.avg"), "Permission denied") << "a new file in it";
+  EXPECT_EQ(Save_Unprivileged(sFile), Words_of(std::errc::permission_denied)) << "a read-only folder";
+  EXPECT_EQ(Save_Unprivileged(sFolder + "/new.avg"), Words_of(std::errc::permission_denied)) << "a new file in it";
   fs::permissions(sFolder, fs::perms{0755});
   Expect_Only_the_Earlier_File();
 }
@@ -265,10 +271,10 @@ TEST_F(TextWriterTest, RefusesWhatIsNoRegularFile) {
   ASSERT_EQ(::mkfifo(sPipe.c_str(), 0600), 0);
   fs::create_symlink("loop", sLoop);
   const Names sBefore = Names_in(sFolder);
-  EXPECT_EQ(Save(sFolder, "new"), "Is a directory");
+  EXPECT_EQ(Save(sFolder, "new"), Words_of(std::errc::is_a_directory));
   EXPECT_EQ(Save(sPipe, "new"), "Not a regular file");
-  EXPECT_EQ(Save(sLoop, "new"), "Too many levels of symbolic links");
-  EXPECT_EQ(Save(sFile + "/below", "new"), "Not a directory");
+  EXPECT_EQ(Save(sLoop, "new"), Words_of(std::errc::too_many_symbolic_link_levels));
+  EXPECT_EQ(Save(sFile + "/below", "new"), Words_of(std::errc::not_a_directory));
   EXPECT_TRUE(fs::is_fifo(sPipe));
   EXPECT_EQ(Names_in(sFolder), sBefore);
 }
