@@ -64,7 +64,7 @@ int Run(Options& h) {
   try {
     Run_Program();
   } catch (const ProgramStop&) {
-    return Script_Exit_Status();
+    return Script_End();
   }
 }
 
