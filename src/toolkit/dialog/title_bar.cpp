@@ -24,7 +24,7 @@ class TitleBar : public QWidget {
     hClose->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     hClose->setAutoRaise(true);
     hClose->setFocusPolicy(Qt::NoFocus);
-    hClose->setToolTip("Exit Review");
+    hClose->setToolTip("Close");
     QObject::connect(hClose, &QToolButton::clicked, &hDialog, &QWidget::close);
     auto* hRow = new QHBoxLayout(this);
     hRow->setContentsMargins(NBeside, 1, 1, 1);
