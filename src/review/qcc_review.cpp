@@ -35,12 +35,13 @@ std::string Station(R8 dStn) {
 }
 
 void Make_Plot(CurveView& h) {
+  // The making may report: the user must see of which transient.
+  WDialogPutString(iLblCurveTitle, "Tx " + Station(hTrn(h.iTrn).dTxStn) + ", Rx " + Station(hTrn(h.iTrn).dRxStn));
   QCC_Plot_Initialize(h.iTrn, iCurvePlotType);
   iCurvePlotType = hCurve.iPlotType;
   h.iTrn0 = h.iTrn;
   h.iPlotType0 = iCurvePlotType;
   h.bRedraw = true;
-  WDialogPutString(iLblCurveTitle, "Tx " + Station(hTrn(h.iTrn).dTxStn) + ", Rx " + Station(hTrn(h.iTrn).dRxStn));
   WDialogPutMenu1(iMnuView, hCurve.sPlotType, std::min(iCurvePlotType, hCurve.NPlotType()));
 }
 
@@ -53,8 +54,8 @@ R4 fTitleEnd() {
 
 /// Draws only what the window does not show already; a transient that cannot be plotted leaves it blank.
 void Show(CurveView& h) {
-  if (h.iTrn != h.iTrn0 || iCurvePlotType != h.iPlotType0) Make_Plot(h);
   WDialogPutTrackbar(iTrkCurve, h.iTrn);
+  if (h.iTrn != h.iTrn0 || iCurvePlotType != h.iPlotType0) Make_Plot(h);
   if (!h.bRedraw) return;
   QCC_Plot_Trns(fTitleEnd());
   h.bRedraw = false;
@@ -186,7 +187,7 @@ ReviewEnd QCC_Review(I4 iTrn) {
   if (NTrn < 1) return {iFlagExit, 0, iTrn};
   CurveView hView;
   hView.iTrn = std::clamp(iTrn, 1, NTrn);
-  const ToolWindow hTool(iDlgReviewCurve, iTrkCurve, iLblCurveCount, NTrn);
+  const ToolWindow hTool(iDlgReviewCurve, iTrkCurve, iLblCurveCount, NTrn, Tool_Trackbar_Step(NTrn));
   Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
   return {hView.iFlag, 0, hView.iTrn};
 }

@@ -35,6 +35,8 @@ constexpr I4 iCmdExportCsv = 40034;
 
 constexpr I4 iErrorClosed = 3;
 
+constexpr I4 iSectionStep = 1;  // of the trackbar: clicks beside its knob reach every section
+
 constexpr R4 fReachFlag = 0.5f;   // graphics units in which a click finds a point
 constexpr R4 fReachCurve = 2.0f;  // the same for View Curve
 
@@ -100,10 +102,11 @@ void Initialize_Plot(SectionView& hView) {
 void Show(SectionView& hView) {
   Read_Fields(hView);
   if (hView.iSection != hView.iSectionShown) Begin_Section(hView);
-  if (hView.bInitialize) Initialize_Plot(hView);
+  // What follows may report: the user must see of which section.
   WDialogPutString(iLblSectionTitle,
                    "Section " + Str_Write_I4(hView.iSection).str() + "/" + Str_Write_I4(NSection).str());
   WDialogPutTrackbar(iTrkSection, hView.iSection);
+  if (hView.bInitialize) Initialize_Plot(hView);
   if (!hView.bRedraw) return;
   hView.bRedraw = false;
   // What cannot be drawn was reported; the user goes on to another section.
@@ -262,7 +265,7 @@ ReviewEnd QCS_Review(I4 iTrn) {
   Define_Menu(iMenuSection, hGesture);
   WMenu(iMenuSection);
   {
-    const ToolWindow hTool(iDlgReviewSection, iTrkSection, iLblSectionCount, NSection);
+    const ToolWindow hTool(iDlgReviewSection, iTrkSection, iLblSectionCount, NSection, iSectionStep);
     Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
   }
   WMenu(iNoMenu);

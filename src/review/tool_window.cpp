@@ -18,10 +18,10 @@ constexpr I4 NStepMost = 21;  // a trackbar of so many steps or more is too fine
 
 }  // namespace
 
-ToolWindow::ToolWindow(I4 iDialog, I4 iTrackbar, I4 iLblCount, I4 NItem) {
+ToolWindow::ToolWindow(I4 iDialog, I4 iTrackbar, I4 iLblCount, I4 NItem, I4 iStep) {
   WDialogLoad(iDialog);
   WMessageEnable(MessageType::Field, true);
-  WDialogRangeTrackbar(iTrackbar, 1, std::max(2, NItem), Tool_Trackbar_Step(NTrn));
+  WDialogRangeTrackbar(iTrackbar, 1, std::max(2, NItem), iStep);
   WDialogPutString(iLblCount, Str_Write_I4(NItem).trimmed());
   Tool_Hint_Flags();
   Tool_Show();

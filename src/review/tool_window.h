@@ -32,21 +32,22 @@ inline constexpr I4 iBtnViewSection = 1115;
 /// A review's dialog on show, to the end of its scope: then it and its messages are gone and the plot is cleared.
 class ToolWindow {
  public:
-  /// Ranges the trackbar from 1 to the larger of 2 and NItem, puts NItem beside it, and shows the dialog. A step of the
-  /// trackbar doubles while the NTrn transients of the store make more than 20 steps.
-  ToolWindow(I4 iDialog, I4 iTrackbar, I4 iLblCount, I4 NItem);
+  /// Ranges the trackbar from 1 to the larger of 2 and NItem, puts NItem beside it, and shows the dialog. A click
+  /// beside its knob goes on by iStep.
+  ToolWindow(I4 iDialog, I4 iTrackbar, I4 iLblCount, I4 NItem, I4 iStep);
   ~ToolWindow();
   ToolWindow(const ToolWindow&) = delete;
   ToolWindow& operator=(const ToolWindow&) = delete;
 };
 
-/// Shows it at the top of the main window, its right edge one pixel from the window's, or where the user put it.
+/// Shows it beside the main window; where the screen has no room there, at the top of the main window, its right edge
+/// one pixel from the window's; or where the user put it.
 void Tool_Show();
-/// After the main window has changed its size: it goes along with the corner that it stands in, unless the user has put
+/// After the main window has changed its size: it goes along with the corner that it stands at, unless the user has put
 /// it elsewhere.
 void Tool_Follow();
 
-/// Step of the trackbar: 1, doubled while NTrn / step is 21 or more.
+/// Step of the trackbar of the curves: 1, doubled while NTrn / step is 21 or more.
 I4 Tool_Trackbar_Step(I4 NTrn);
 
 /// What the mouse does, in the two hint lines.

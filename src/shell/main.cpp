@@ -72,7 +72,7 @@ int Run(Options& h) {
     WInitialise(NRemaining, h.hRemaining.data());
     Run_Program();
   } catch (const ProgramStop&) {
-    return Script_Exit_Status();
+    return Script_End();
   } catch (const std::bad_alloc&) {
     std::fputs("quillan: there is not enough memory.\n", stderr);
     return 1;

@@ -14,9 +14,12 @@
 namespace quillan {
 namespace {
 
+constexpr std::string_view sErrorButtons = "OK goes on. Cancel ends the program; changes that are not saved are lost.";
+
 AfterReport Tell(std::string_view sReport) {
   if (WInfoWindow(iWindowDrawable) == 0) return No_User().Tell(sReport);
-  if (!WMessageBox(BoxButtons::OkCancel, BoxIcon::Stop, sReport, "ERROR", true)) return AfterReport::Stop;
+  const std::string sText = std::string(sReport) + "\n\n" + std::string(sErrorButtons);
+  if (!WMessageBox(BoxButtons::OkCancel, BoxIcon::Stop, sText, "ERROR", true)) return AfterReport::Stop;
   return WMessageBoxQuiet() ? AfterReport::Quiet : AfterReport::GoOn;
 }
 

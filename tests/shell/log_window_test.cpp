@@ -74,7 +74,7 @@ class LogWindow : public testing::Test {
     std::ofstream("steps.txt") << sSteps;
     Script_Load(*sSteps == '\0' ? "" : "steps.txt");
     WInitialise(1, sArguments);
-    WindowOpen2(0, 0, 800, 600, iNoMenu, "log");
+    WindowOpen2(0, 0, 800, 600, iMenuMain, "log");
     bAutoErr = false;
   }
 };
@@ -93,12 +93,28 @@ TEST_F(LogWindow, KeepsTheUnitsOfWhoeverDraws) {
 }
 
 TEST_F(LogWindow, TheErrorBoxIsTheWayOutOfARun) {
-  Open_Window("expect \"no data\"\nanswer ok\nexpect \"again\"\nanswer cancel\n");
+  Open_Window(
+      "expect \"no data OK goes on. Cancel ends the program; changes that are not saved are lost.\"\nanswer ok\nexpect "
+      "\"again\"\nanswer cancel\n");
   EXPECT_NO_THROW(LogErr({"AVG_Read.ERROR:", "no data"}));
   LogText_File("still open");
   EXPECT_THROW(LogErr({"again"}), ProgramStop);
   EXPECT_FALSE(hLogFile.is_open());
   EXPECT_EQ(WInfoWindow(iWindowDrawable), 0) << "the window is closed";
+}
+
+TEST_F(LogWindow, TheTextIsLaidOutForAnotherSizeWhileABoxWaits) {
+  Open_Window("resize 400 300\nanswer ok\nsnapshot then.png\nkey a\nsnapshot again.png\nkey a\n");
+  for (I4 I = 1; I <= 40; ++I)
+    LogText("transients written to a file whose name is somewhat longer than the window is wide");
+  WMessageBox(BoxButtons::Ok, BoxIcon::Information, "waits", "");
+  const auto Next_Key = [] {
+    while (WMessage().iType != MessageType::Key) continue;
+  };
+  Next_Key();
+  LogText_Update();
+  Next_Key();
+  EXPECT_EQ(Read_Whole_File("then.png"), Read_Whole_File("again.png"));
 }
 
 TEST_F(LogWindow, LongWorkDrawsAnExposedWindowAgain) {

@@ -243,14 +243,14 @@ TEST_F(Dialogs, BoxesGiveTheAnswer) {
     bool bYes;
     I4 iStatus;
   } hCase[] = {
-      {"answer yes", BoxButtons::YesNo,    true,  0},
-      {"answer no",  BoxButtons::YesNo,    false, 0},
-      {"key Esc",    BoxButtons::YesNo,    false, 0},
-      {"key Enter",  BoxButtons::YesNo,    true,  0}, // the first button is the default
-      {"answer ok",  BoxButtons::OkCancel, true,  0},
-      {"key Esc",    BoxButtons::OkCancel, false, 0},
-      {"answer ok",  BoxButtons::Ok,       true,  0},
-      {"answer yes", BoxButtons::OkCancel, false, 3}, // there is no such button
+      {"answer yes",          BoxButtons::YesNo,    true,  0},
+      {"answer no",           BoxButtons::YesNo,    false, 0},
+      {"key Esc\nanswer yes", BoxButtons::YesNo,    true,  0}, // a key hit in haste answers nothing
+      {"key Enter",           BoxButtons::YesNo,    true,  0}, // the first button is the default
+      {"answer ok",           BoxButtons::OkCancel, true,  0},
+      {"key Esc",             BoxButtons::OkCancel, false, 0},
+      {"answer ok",           BoxButtons::Ok,       true,  0},
+      {"answer yes",          BoxButtons::OkCancel, false, 3}, // there is no such button
   };
   for (const auto& h : hCase) {
     Play(h.sStep);

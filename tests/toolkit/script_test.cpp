@@ -96,7 +96,7 @@ TEST(Script, ExpectFindsWhatTheUserReads) {
   EXPECT_FALSE(WMessageBox(BoxButtons::OkCancel, BoxIcon::Stop, "line one\rline two", "ERROR"));
   EXPECT_EQ(hSession.Errors(), "");
   EXPECT_EQ(hSession.Next().iType, MessageType::Close);
-  EXPECT_EQ(Script_Exit_Status(), 0);
+  EXPECT_EQ(Script_End(), 0);
 }
 
 TEST(Script, AFailureAtABoxCancelsItAndEveryOtherOne) {
@@ -116,6 +116,14 @@ TEST(Script, ABoxThatWaitsAtTheEndOfTheStepsIsAFailure) {
   EXPECT_EQ(hSession.Errors(),
             "steps.txt:3: the steps are at their end, and the message box \"Disk full\" waits for an answer\n");
   EXPECT_EQ(Script_Exit_Status(), 3);
+}
+
+TEST(Script, StepsThatAreLeftWhenTheProgramHasEndedAreAFailure) {
+  PlayedSession hSession("key a\n\nset 1006 \"5 m\"\nkey b\n");
+  hSession.Next();
+  EXPECT_EQ(Script_Exit_Status(), 0);
+  EXPECT_EQ(Script_End(), 3);
+  EXPECT_EQ(hSession.Errors(), "steps.txt:3: the program has ended before the step set 1006 5 m\n");
 }
 
 TEST(Script, AScriptThatCannotBeReadEndsTheRun) {

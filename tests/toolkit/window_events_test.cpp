@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSlider>
@@ -27,7 +29,10 @@ class WindowEvents : public testing::Test {
     WMessageEnable(MessageType::Field, true);
     Came();
   }
-  void TearDown() override { WindowClose(); }
+  void TearDown() override {
+    hPlayStep = nullptr;
+    WindowClose();
+  }
 
   static void Show(I4 iDialog) {
     WDialogLoad(iDialog);
@@ -55,6 +60,21 @@ class WindowEvents : public testing::Test {
     QWidget* hTarget = QApplication::focusWidget() ? QApplication::focusWidget() : QApplication::activeWindow();
     QKeyEvent hEvent(QEvent::KeyPress, iKey, Qt::NoModifier, sText, bRepeat);
     QCoreApplication::sendEvent(hTarget, &hEvent);
+  }
+  static void Mouse(QWidget* hWidget, QEvent::Type iType, QPointF hPixel) {
+    QMouseEvent hEvent(iType, hPixel, hWidget->mapToGlobal(hPixel), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(hWidget, &hEvent);
+  }
+  /// Where the drawing area is red.
+  static QRect Red() {
+    const QImage hImage = Drawing_Area()->grab().toImage();
+    QRect hRed;
+    for (int iY = 0; iY < hImage.height(); ++iY) {
+      for (int iX = 0; iX < hImage.width(); ++iX) {
+        if (hImage.pixelColor(iX, iY) == QColor(Qt::red)) hRed |= QRect(iX, iY, 1, 1);
+      }
+    }
+    return hRed;
   }
   static void Click(QWidget* hWidget) {
     hWidget->activateWindow();  // as a window system does before the press
@@ -150,6 +170,88 @@ TEST_F(WindowEvents, AKnobThatIsHeldIsNotPutElsewhere) {
   EXPECT_EQ(Came(), "");
   Turn(hTrackbar, -120);
   EXPECT_EQ(Came(), "4:5") << "the wheel pages, over the tool window too";
+}
+
+TEST_F(WindowEvents, AYesOrNoBoxIsLeftByItsButtonsAlone) {
+  hPlayStep = [] {
+    Press_Key(Qt::Key_Escape);
+    Open_Box()->close();
+    EXPECT_TRUE(Open_Box()->isVisible());
+    Open_Box()->button(QMessageBox::Yes)->click();
+  };
+  EXPECT_TRUE(WMessageBox(BoxButtons::YesNo, BoxIcon::Question, "Should a.avg data be saved?", ""));
+  for (const auto iButtons : {BoxButtons::Ok, BoxButtons::OkCancel}) {
+    hPlayStep = [] { Open_Box()->close(); };
+    EXPECT_EQ(WMessageBox(iButtons, BoxIcon::Stop, "no data", ""), iButtons == BoxButtons::Ok);
+  }
+}
+
+TEST_F(WindowEvents, ABoxThatIsDrawnKeepsItsPlaceWhenTheWindowChangesItsSize) {
+  IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
+  WMessageEnable(MessageType::MouseMove, true);
+  static I4 iStep;
+  iStep = 0;
+  hPlayStep = [] {
+    const QSizeF hSize = Drawing_Area()->size();
+    const QPointF hCorner(0.7 * hSize.width(), 0.6 * hSize.height());
+    switch (++iStep) {
+      case 1: return Mouse(Drawing_Area(), QEvent::MouseMove, hCorner);
+      case 2: return Main_Window()->resize(500, 700);
+      case 3: {
+        const QRectF hBox(QPointF(0.2 * hSize.width(), 0.1 * hSize.height()), hCorner);
+        const QRect hRed = Red();
+        EXPECT_NEAR(hRed.left(), hBox.left(), 1.0);
+        EXPECT_NEAR(hRed.top(), hBox.top(), 1.0);
+        EXPECT_NEAR(hRed.right(), hBox.right(), 1.0);
+        EXPECT_NEAR(hRed.bottom(), hBox.bottom(), 1.0);
+        return Press_Key(Qt::Key_Escape);
+      }
+    }
+  };
+  EXPECT_FALSE(WGrInputBox({.iType = MessageType::MouseDown, .GX = 2.0f, .GY = 9.0f}).bReleased);
+  EXPECT_EQ(iStep, 3);
+  EXPECT_TRUE(Red().isNull()) << "nothing is left of it";
+}
+
+TEST_F(WindowEvents, AToolWindowOpensBesideTheMainWindowWhereTheScreenHasRoom) {
+  QMainWindow& hMain = *Main_Window();
+  Show(118);
+  EXPECT_EQ(Tool().pos(), hMain.geometry().topRight() + QPoint(1, 0));
+  WDialogUnload();
+  hMain.move(1920 - hMain.width(), 40);
+  Show(118);
+  EXPECT_EQ(Tool().geometry().topRight(), hMain.geometry().topLeft() - QPoint(1, 0));
+  WDialogUnload();
+  hMain.setGeometry(10, 40, 1900, 700);
+  Show(118);
+  const QRect hArea(Drawing_Area()->mapToGlobal(QPoint()), Drawing_Area()->size());
+  EXPECT_EQ(Tool().geometry().topRight(), hArea.topRight() - QPoint(1, 0));
+}
+
+TEST_F(WindowEvents, TheTitleBarOfAToolWindowShowsItsTitleRollsItAndMovesIt) {
+  for (const I4 iDialog : {115, 118}) {
+    Show(iDialog);
+    QWidget* hBar = Title_Bar(Tool());
+    ASSERT_TRUE(hBar);
+    const auto* hTitle = hBar->findChild<QLabel*>();
+    EXPECT_EQ(hTitle->text(), Tool().windowTitle());
+    EXPECT_GE(hTitle->width(), hTitle->sizeHint().width());
+    const QRect hWhole = Tool().geometry();
+    const QPointF hAt(5.0, 5.0);
+    Mouse(hBar, QEvent::MouseButtonDblClick, hAt);
+    EXPECT_EQ(Tool().size(), QSize(hWhole.width(), hBar->height()));
+    Mouse(hBar, QEvent::MouseButtonDblClick, hAt);
+    EXPECT_EQ(Tool().geometry(), hWhole);
+    Mouse(hBar, QEvent::MouseButtonPress, hAt);
+    Mouse(hBar, QEvent::MouseMove, hAt + QPointF(1.0, 0.0));
+    EXPECT_EQ(Tool().pos(), hWhole.topLeft()) << "an unsteady click";
+    Mouse(hBar, QEvent::MouseMove, hAt + QPointF(-30.0, 40.0));
+    Mouse(hBar, QEvent::MouseButtonRelease, hAt);
+    EXPECT_EQ(Tool().pos(), hWhole.topLeft() + QPoint(-30, 40));
+    EXPECT_EQ(QApplication::focusWidget(), Drawing_Area());
+    EXPECT_EQ(Came(), "");
+    WDialogUnload();
+  }
 }
 
 TEST_F(WindowEvents, AToolWindowStaysWhereTheUserPutsIt) {

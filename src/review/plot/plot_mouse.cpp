@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace quillan {
 namespace {
@@ -21,8 +22,7 @@ class MouseRoutine {
   ~MouseRoutine() {
     WMessageEnable(MessageType::MouseMove, false);
     WCursorShape(iCursorArrow);
-    // The image was stretched meanwhile; the loop that called draws it again.
-    if (hResize.iType == MessageType::Resize) WMessagePutBack(hResize);
+    for (; !hAside.empty(); hAside.pop_back()) WMessagePutBack(hAside.back());
   }
   MouseRoutine(const MouseRoutine&) = delete;
   MouseRoutine& operator=(const MouseRoutine&) = delete;
@@ -40,14 +40,23 @@ class MouseRoutine {
           break;
         case MessageType::MouseUp: return MouseAct::Release;
         case MessageType::MouseMove: return MouseAct::Move;
-        case MessageType::Resize: hResize = hMessage; break;
+        case MessageType::Expose:
+        case MessageType::Resize:
+        case MessageType::Field: Put_Aside(hMessage); break;
         default: break;  // nothing else is of use before the point or the box is set
       }
     }
   }
 
  private:
-  Message hResize;  // of type None: the window kept its size
+  /// The loop that called answers when the gesture is over: it draws the stretched image again, and takes what was
+  /// chosen in the tool window. The last one counts of each kind and control.
+  void Put_Aside(const Message& hMessage) {
+    std::erase_if(hAside, [&](const Message& h) { return h.iType == hMessage.iType && h.VALUE1 == hMessage.VALUE1; });
+    hAside.push_back(hMessage);
+  }
+
+  std::vector<Message> hAside;  // in the order in which they came
 };
 
 /// A box between two corners, and its rubber band.

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
@@ -52,6 +53,15 @@ class FormDialog : public QDialog {
 
   void reject() override {
     if (hDialog) Push_Button(*hDialog, Leaving_Button(*hDialog));
+  }
+
+ protected:
+  /// A tool window has no frame of the window system's: a line tells it from what is under it.
+  void paintEvent(QPaintEvent*) override {
+    if (!(windowFlags() & Qt::FramelessWindowHint)) return;
+    QPainter hPainter(this);
+    hPainter.setPen(palette().color(QPalette::Mid));
+    hPainter.drawRect(rect().adjusted(0, 0, -1, -1));
   }
 };
 

@@ -43,9 +43,10 @@ void WDialogSelect(I4 iDialog);  // 0: none is current
 /// push button is pressed, and which. Semi-modeless: returns 0 at once, and its buttons and fields arrive as messages.
 /// Esc and the title bar's close button push Cancel; Enter pushes Continue.
 /// A tool window (iShowTool) is semi-modeless, but the keyboard stays with the plot: keys that none of its text fields
-/// wants arrive as Key messages, Esc among them. iX, iY are pixels of the drawing area; where the user has moved it, it
-/// is shown there for the rest of the run. Its close button pushes the button that its designer file marks with the
-/// property "leaves", else Cancel.
+/// wants arrive as Key messages, Esc among them. It opens beside the main window, level with its top, where the screen
+/// has room, so that it hides nothing of the plot; else at pixels iX, iY of the drawing area; where the user has moved
+/// it, it is shown there for the rest of the run. A double click on its title bar rolls it up to the bar and down
+/// again. Its close button pushes the button that its designer file marks with the property "leaves", else Cancel.
 I4 WDialogShow(I4 iX, I4 iY, I4 iMode);
 void WDialogHide();
 void WDialogUnload();

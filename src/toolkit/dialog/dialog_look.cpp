@@ -89,6 +89,7 @@ void toolkit::Give_Look(QDialog& hWindow) {
   Name_Buttons(hWindow);
   Grey_Notes(hWindow);
   Align_Groups(hWindow);
+  if (hWindow.property("toolWindow").toBool()) Add_Title_Bar(hWindow);
   for (QWidget* hWidget : hWindow.findChildren<QWidget*>(QRegularExpression("^c[0-9]+$"))) {
     Set_Fixed_Font(hWidget);
     Set_Read_Only_Look(hWidget);

@@ -113,13 +113,18 @@ QDialog* Current_Dialog();
 void Place(QDialog& hWindow, const QRect& hUnder, I4 iX, I4 iY);
 
 /// Gives a dialog that was just loaded the look of all dialogs (dialog_look.cpp): the names of its buttons, fonts, grey
-/// remarks, fields that begin below each other.
+/// remarks, fields that begin below each other, the title bar of one that its designer file marks as a "toolWindow".
 void Give_Look(QDialog& hWindow);
 
 // ---- Tool windows (tool_window.cpp): dialogs that lie beside a plot and leave it the keyboard
 
-/// Shows a dialog as one, where the user has put it, else at pixels iX, iY of the drawing area.
+/// Shows a dialog as one: where the user has put it, else beside the main window, else, where the screen has no room
+/// there, at pixels iX, iY of the drawing area.
 void Show_Tool(DialogRecord& hDialog, I4 iX, I4 iY);
+/// Gives a tool window a title bar of its own (title_bar.cpp), which moves it, rolls it up and down, and has its close
+/// button, and makes it wide enough for its title; the bar, null where there is none.
+void Add_Title_Bar(QDialog& hWindow);
+QWidget* Title_Bar(const QDialog& hWindow);
 /// Ends the edit of each field of the tool windows on show.
 void Complete_Edits();
 /// Ends the edits and gives the keyboard back to the plot.

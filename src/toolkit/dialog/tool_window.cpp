@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QWheelEvent>
+#include <optional>
 
 #include "toolkit/dialog/private_dialog.h"
 #include "toolkit/window/private_window.h"
@@ -122,11 +123,23 @@ void Prepare(DialogRecord& hDialog) {
     Take_Away_Focus(hField.hWidget);
     hField.hWidget->installEventFilter(hWatch);
   }
-  hWindow.setWindowFlags(Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+  if (QWidget* hBar = Title_Bar(hWindow)) hBar->installEventFilter(hWatch);
+  hWindow.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint |
                          (bText ? Qt::WindowFlags() : Qt::WindowDoesNotAcceptFocus));
   hWindow.setAttribute(Qt::WA_ShowWithoutActivating);
   if (hWindow.layout()) hWindow.layout()->setSizeConstraint(QLayout::SetFixedSize);
   hWindow.adjustSize();
+}
+
+/// The place beside a window, level with its top; nothing where the screen has no room there.
+std::optional<QPoint> Place_Beside(const QWidget& hMain, QSize hSize) {
+  const QRect hFrame = hMain.frameGeometry();
+  const QRect hAvailable = hMain.screen()->availableGeometry();
+  for (const I4 iLeft : {hFrame.right() + 1, hFrame.left() - hSize.width()}) {
+    const QRect hPlace(QPoint(iLeft, hFrame.top()), hSize);
+    if (hAvailable.contains(hPlace)) return hPlace.topLeft();
+  }
+  return std::nullopt;
 }
 
 void Place_Tool(const DialogRecord& hDialog, I4 iX, I4 iY) {
@@ -136,9 +149,8 @@ void Place_Tool(const DialogRecord& hDialog, I4 iX, I4 iY) {
   if (!hMain || !hArea) return Place(hTool, hTool.screen()->geometry(), iX, iY);
   const QVariant hUser = hMain->property(Place_Name(hDialog));
   if (hUser.isValid() && QGuiApplication::screenAt(hUser.toPoint())) return hTool.move(hUser.toPoint());
-  // The caller knows the width without the frame, which will be much like that of the main window.
-  const I4 NFrame = hMain->frameGeometry().width() - hMain->width();
-  Place(hTool, QRect(hArea->mapToGlobal(QPoint()), hArea->size()), iX == iCentred ? iX : iX - NFrame, iY);
+  if (const auto hBeside = Place_Beside(*hMain, hTool.size())) return hTool.move(*hBeside);
+  Place(hTool, QRect(hArea->mapToGlobal(QPoint()), hArea->size()), iX, iY);
 }
 
 }  // namespace

@@ -12,14 +12,27 @@ using namespace toolkit;
 
 namespace {
 
-// What lies over the image. Toggle_Overlay fills it, Clear_Overlay empties it.
+// What lies over the image, in parts of its width and height: a band keeps its place over the plot when the window
+// changes its size. Toggle_Overlay fills it, Clear_Overlay empties it.
 std::vector<OverlayShape> hOverlay;
 
+constexpr R8 dSamePart = 1.0E-6;  // far less than a pixel
+
+QPointF Part_of(QPointF hPixel) {
+  const QSizeF hSize = Drawing_Area()->size().expandedTo(QSize(1, 1));
+  return {hPixel.x() / hSize.width(), hPixel.y() / hSize.height()};
+}
+
+bool Is_Same(const OverlayShape& h1, const OverlayShape& h2) {
+  const auto Is_Near = [](QPointF h) { return std::abs(h.x()) < dSamePart && std::abs(h.y()) < dSamePart; };
+  return h1.bRectangle == h2.bRectangle && Is_Near(h1.hPoint1 - h2.hPoint1) && Is_Near(h1.hPoint2 - h2.hPoint2);
+}
+
 /// The middle of the pixel that a position lies in; the lower and right edges of the area belong to its last pixel.
-QPointF Pixel_Middle(QPointF hPoint) {
+QPointF Pixel_Middle(QPointF hPart) {
   const QSize hSize = Drawing_Area()->size();
-  return {std::min(std::floor(hPoint.x()), hSize.width() - 1.0) + 0.5,
-          std::min(std::floor(hPoint.y()), hSize.height() - 1.0) + 0.5};
+  return {std::min(std::floor(hPart.x() * hSize.width()), hSize.width() - 1.0) + 0.5,
+          std::min(std::floor(hPart.y() * hSize.height()), hSize.height() - 1.0) + 0.5};
 }
 
 QRectF Box_of(const OverlayShape& hShape) {
@@ -36,9 +49,10 @@ void Repaint(const OverlayShape& hShape) {
 
 }  // namespace
 
-void toolkit::Toggle_Overlay(const OverlayShape& hShape) {
+void toolkit::Toggle_Overlay(const OverlayShape& hInPixels) {
   if (!Drawing_Area()) return;
-  const auto hFound = std::ranges::find(hOverlay, hShape);
+  const OverlayShape hShape{hInPixels.bRectangle, Part_of(hInPixels.hPoint1), Part_of(hInPixels.hPoint2)};
+  const auto hFound = std::ranges::find_if(hOverlay, [&](const OverlayShape& h) { return Is_Same(h, hShape); });
   if (hFound == hOverlay.end())
     hOverlay.push_back(hShape);
   else

@@ -122,11 +122,11 @@ bool Clip_Line(QLineF& hLine, const QRectF& hClip);
 /// The dashes of lines. The pattern runs on through a continuation.
 std::vector<QLineF> Dashes_of(std::span<const QLineF> hLine, R8 dDash, R8 dGap);
 
-/// Rubber bands over the drawing area, in its pixels (overlay.cpp).
+/// Rubber bands over the drawing area, in its pixels (overlay.cpp). One that is there when the area changes its size
+/// keeps its place over the plot.
 struct OverlayShape {
   bool bRectangle;
   QPointF hPoint1, hPoint2;
-  bool operator==(const OverlayShape&) const = default;
 };
 /// Adds a shape, or takes away the one that is its equal.
 void Toggle_Overlay(const OverlayShape& hShape);

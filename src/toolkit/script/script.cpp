@@ -77,6 +77,12 @@ void Fail_at(I4 iLine, const std::string& sReason) {
   Fail(hScript.sPath + ":" + std::to_string(iLine) + ": " + sReason);
 }
 
+std::string Step_Text(const ScriptStep& hStep) {
+  std::string sText = hStep.sWord[0];
+  for (std::size_t i = 1; i < hStep.sWord.size(); ++i) sText += ' ' + hStep.sWord[i];
+  return sText;
+}
+
 void Play_Next() {
   const ScriptStep& hStep = hScript.hStep[hScript.NPlayed];
   ++hScript.NPlayed;
@@ -140,6 +146,14 @@ bool Script_Is_Playing() {
 }
 
 I4 Script_Exit_Status() {
+  return hScript.iStatus;
+}
+
+I4 Script_End() {
+  if (hScript.iPhase == Phase::Playing && hScript.NPlayed < hScript.hStep.size()) {
+    const ScriptStep& hLeft = hScript.hStep[hScript.NPlayed];
+    Fail_at(hLeft.iLine, "the program has ended before the step " + Step_Text(hLeft));
+  }
   return hScript.iStatus;
 }
 

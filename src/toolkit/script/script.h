@@ -30,4 +30,8 @@ bool Script_Is_Playing();
 /// line, has then gone to standard error).
 I4 Script_Exit_Status();
 
+/// The program has ended: steps that are left were meant for something, so the first one is named as one that did not
+/// fit. Gives the exit status.
+[[nodiscard]] I4 Script_End();
+
 }  // namespace quillan

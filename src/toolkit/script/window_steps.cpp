@@ -73,7 +73,7 @@ std::string Play_Drop(Arguments sArgument) {
 
 namespace {
 
-constexpr QRgb iFrame = 0xFF808080;  // line around a dialog in a picture
+constexpr QRgb iFrame = 0xFF808080;  // line around a dialog in a picture, as far as the picture goes
 
 /// Windows over the main window, the lowest first: tool windows, dialogs, boxes, open drop-down lists and tool tips.
 std::vector<QWidget*> Windows_Above() {
@@ -94,7 +94,7 @@ QImage Picture() {
   const QPoint hOrigin = Main_Window()->geometry().topLeft();
   QRect hCanvas = Main_Window()->rect();
   for (const QWidget* hWindow : hAbove) {
-    hCanvas |= hWindow->geometry().translated(-hOrigin).adjusted(-1, -1, 1, 1) & QRect(-10000, -10000, 20000, 20000);
+    hCanvas |= hWindow->geometry().translated(-hOrigin) & QRect(-10000, -10000, 20000, 20000);
   }
   const R8 dRatio = Main_Window()->devicePixelRatioF();
   QImage hPicture((QSizeF(hCanvas.size()) * dRatio).toSize(), QImage::Format_RGB32);

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -35,6 +36,19 @@ class Owned {
 
  private:
   QPointer<Box> hBox;
+};
+
+/// A question to which neither Yes nor No is an answer to fall back on: a key hit in haste or a closed box must not
+/// throw away data. Esc and the close button do nothing.
+class YesNoBox : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+
+ protected:
+  void keyPressEvent(QKeyEvent* hEvent) override {
+    if (!hEvent->matches(QKeySequence::Cancel)) QMessageBox::keyPressEvent(hEvent);
+  }
+  void closeEvent(QCloseEvent* hEvent) override { hEvent->ignore(); }
 };
 
 struct BoxRow {
@@ -85,7 +99,7 @@ QString Box_Title(std::string_view sTitle) {
 
 QMessageBox* New_Box(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle) {
   const BoxRow& hRow = hBoxRow[static_cast<std::size_t>(iButtons)];
-  auto* hBox = new QMessageBox(Front_Window());
+  auto* hBox = iButtons == BoxButtons::YesNo ? new YesNoBox(Front_Window()) : new QMessageBox(Front_Window());
   hBox->setIcon(hBoxIcon[static_cast<std::size_t>(iIcon)]);
   hBox->setWindowTitle(Box_Title(sTitle));
   hBox->setTextFormat(Qt::PlainText);

@@ -6,6 +6,7 @@
 #include "foundations/log_file.h"
 #include "toolkit/draw/draw.h"
 #include "toolkit/window/messages.h"
+#include "toolkit/window/private_window.h"
 #include "toolkit/window/window.h"
 
 namespace quillan {
@@ -58,6 +59,8 @@ namespace {
 constexpr R4 fTenPoints = 0.3528f;  // cm
 constexpr R4 fWidthOfHeight = 4.0f / 9.0f;
 
+QSize hLaidOut;  // of the image that the text was last laid out for. LogText_Update fills it
+
 /// Units of the drawing area: centimetres of a screen of the assumed width.
 struct TextArea {
   R4 fXCMT, fYCMT;
@@ -96,11 +99,19 @@ void LogText_Update() {
   const R4 fXMin = InfoGraphics(iUnitXMin), fYMin = InfoGraphics(iUnitYMin);
   const R4 fXMax = InfoGraphics(iUnitXMax), fYMax = InfoGraphics(iUnitYMax);
   const TextArea hArea = Text_Area();
+  hLaidOut = toolkit::Backing_Image().size();
   IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
   IGrUnits(0.0f, 0.0f, hArea.fXCMT, hArea.fYCMT);
   WindowClear();
   Draw_Text(hArea);
   IGrUnits(fXMin, fYMin, fXMax, fYMax);  // the reviews use the whole area as well: only the units are theirs
+}
+
+void LogText_Follow() {
+  if (hLaidOut.isEmpty() || !toolkit::Drawing_Area() || !toolkit::Main_Menu_Is_on_Show()) return;
+  if (toolkit::Backing_Image().size() == hLaidOut) return;
+  LogText_Update();
+  IGrFlush();
 }
 
 I4 Message_Check() {

@@ -15,6 +15,9 @@ inline constexpr R4 fXCMScreen = 28.0f;  // cm, width of the screen that the siz
 
 /// Draws the screen text again: the newest lines that fit; a line too long for the window goes on in a second.
 void LogText_Update();
+/// The same where the text is on show, laid out for another size of the window: the program waits for an answer, and no
+/// loop sees the change.
+void LogText_Follow();
 
 /// The rows of text that a window shows, oldest first: each line cut at blanks, or at characters where a word alone is
 /// too long, into pieces of at most fWidth by fLength, and of the pieces the newest NRow. A blank line is a blank row.

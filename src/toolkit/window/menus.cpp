@@ -99,8 +99,12 @@ std::vector<QAction*> toolkit::Menu_Entries(I4 iCommand) {
   return hFound;
 }
 
+bool toolkit::Main_Menu_Is_on_Show() {
+  return hMenuBar.iMenu == iMenuMain;
+}
+
 bool toolkit::Main_Menu_Is_Ready() {
-  return hMenuBar.iMenu == iMenuMain && hMenuBar.bUsable;
+  return Main_Menu_Is_on_Show() && hMenuBar.bUsable;
 }
 
 void WMenuDefine(I4 iMenu, std::span<const MenuRow> hRow) {

@@ -18,6 +18,7 @@
 #include <deque>
 
 #include "toolkit/draw/draw.h"
+#include "toolkit/window/log_text.h"
 #include "toolkit/window/private_window.h"
 
 namespace quillan {
@@ -266,9 +267,12 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
     if (hPlayStep) {
       Await_Window();
       Settle();
-      if (!bDone()) hPlayStep();
     } else {
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    if (!bDone()) {
+      LogText_Follow();
+      if (hPlayStep) hPlayStep();
     }
     // What widgets gave up would be kept to the end: an event loop of the application, which deletes it, never runs.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -94,9 +94,10 @@ std::string WDroppedFile();
 enum class BoxButtons : I4 { Ok = 0, OkCancel = 1, YesNo = 2 };
 enum class BoxIcon : I4 { None = 0, Stop = 1, Question = 2, Warning = 3, Information = 4 };
 
-/// Asks a question in a box and waits for the answer: true for Yes and OK, false for No, Cancel, Esc and the box's
-/// close button. The first button is the default. bQuietOption adds the box "Do not show further errors of this
-/// operation"; WMessageBoxQuiet: whether it was ticked in the last box that had it.
+/// Asks a question in a box and waits for the answer: true for Yes and OK, false for No and Cancel. Esc and the box's
+/// close button are Cancel; they do nothing where the answer is Yes or No. The first button is the default.
+/// bQuietOption adds the box "Do not show further errors of this operation"; WMessageBoxQuiet: whether it was ticked in
+/// the last box that had it.
 bool WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std::string_view sTitle,
                  bool bQuietOption = false);
 bool WMessageBoxQuiet();

@@ -70,8 +70,9 @@ void Watch_Entry(QAction* hEntry, I4 iCommand);
 
 // ---- The menu (menus.cpp)
 
-/// The entries of a command in the bar on show, and whether the bar on show is the main menu, not greyed.
+/// The entries of a command in the bar on show, and whether the bar on show is the main menu; the same, and not greyed.
 std::vector<QAction*> Menu_Entries(I4 iCommand);
+bool Main_Menu_Is_on_Show();
 bool Main_Menu_Is_Ready();
 
 // ---- Boxes (boxes.cpp)

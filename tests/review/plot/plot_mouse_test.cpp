@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/played_session.h"
+#include "toolkit/dialog/dialog.h"
 
 namespace quillan {
 namespace {
@@ -63,6 +64,19 @@ TEST(ZoomBox, ACloseRequestEndsItAndReachesTheLoopThatCalled) {
   Message hMessage = WMessagePeek();
   while (hMessage.iType == MessageType::Expose || hMessage.iType == MessageType::Resize) hMessage = WMessagePeek();
   EXPECT_EQ(hMessage.iType, MessageType::Close);
+}
+
+TEST(ZoomBox, WhatIsChosenInTheToolWindowMeanwhileReachesTheLoopThatCalled) {
+  PlayedSession hSession("click 4 4\nchoose 1090 2\nchoose 1090 3\nclick 6 6\n");
+  WMessageEnable(MessageType::Field, true);
+  WDialogLoad(118);
+  WDialogShow(0, 0, iShowTool);
+  EXPECT_EQ(IGr_ZoomMouseBox(iCursorCorner).iError, 0);
+  const Message hField = hSession.Next();
+  EXPECT_EQ(hField.iType, MessageType::Field);
+  EXPECT_EQ(hField.VALUE1, 1090);
+  EXPECT_NE(hSession.Next().iType, MessageType::Field);
+  WMessageEnable(MessageType::Field, false);
 }
 
 TEST(SelectBox, FollowsTheDragOfThePressedButton) {
