@@ -4,9 +4,11 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPainter>
+#include <QStatusBar>
 #include <QUrl>
 #include <algorithm>
 #include <iterator>
@@ -26,6 +28,8 @@ QStringList Shown_Texts() {
   if (Open_File_Dialog()) sShown << Open_File_Dialog()->windowTitle();
   if (Current_Dialog()) sShown << Current_Dialog()->windowTitle();
   if (Main_Window()) sShown << Main_Window()->windowTitle();
+  if (const auto* hBar = Main_Window() ? Main_Window()->findChild<QStatusBar*>() : nullptr)
+    for (const QLabel* hPart : hBar->findChildren<QLabel*>()) sShown << hPart->text();
   for (QString& sText : sShown) sText = As_Read(sText);
   return sShown;
 }

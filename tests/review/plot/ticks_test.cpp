@@ -61,6 +61,21 @@ TEST(SignedLogTicks, ATinyZoomGetsTidySteps) {
   EXPECT_EQ(Texts(30500.0f, 31500.0f, 0.1f), "3.06E+04 3.08E+04 3.10E+04 3.12E+04 3.14E+04");
 }
 
+TEST(SignedLogTicks, ZeroComesFirstWhereTextsAreGivenRoom) {
+  EXPECT_EQ(Zero_First({
+                           {-1,    0,   1   },
+                           {"-10", "0", "10"}
+  })
+                .sYTick,
+            (std::vector<std::string>{"0", "-10", "10"}));
+  EXPECT_EQ(Zero_First({
+                           {1,    2    },
+                           {"10", "100"}
+  })
+                .fYTick,
+            (std::vector<R4>{1, 2}));
+}
+
 TEST(SignedLogTicks, HostileRangesEnd) {
   const R4 fInf = std::numeric_limits<R4>::infinity();
   for (const R4 fYPscl : {0.0f, 1.0E-38f, 1.0E30f, fInf, std::nanf("")}) {
