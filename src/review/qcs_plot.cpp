@@ -87,6 +87,14 @@ R4 Plot_Top(I4 iSection, const PlotRange& hRange) {
   return std::clamp((fRoomEnd - Label_Rise() - fUpright) / fYCMU, fPlotYMaxLeast, fPlotYMax);
 }
 
+/// Diameters in pixels, one a column of the section, as far as its stations have room.
+std::vector<R4> Marker_Sizes(const PlotRange& hRange) {
+  Use_Font(hSize6);
+  const GrPoint hPixel = IGrPixelSize();
+  const R4 fXPixels = (fPlotXMax - fPlotXMin) * fXCMU / hPixel.fX;
+  return QCS_Marker_Sizes(fXPixels / (hRange.fXPmax - hRange.fXPmin), 0.5f * InfoGraphics(iCharHeight) / hPixel.fY);
+}
+
 void Draw_Stations(I4 iSection, const PlotRange& hRange) {
   Use_Font(hSize10);
   WGrTextOrientation(Justify::Left, -90.0f);
@@ -95,8 +103,11 @@ void Draw_Stations(I4 iSection, const PlotRange& hRange) {
   for (const StationLabel& h : hLabel) {
     if (!h.sLabel.empty()) WGrTextString(Place(h).fX, Place(h).fY + Label_Rise(), h.sLabel);
   }
-  Use_Font(hSize6);
-  for (const StationLabel& h : hLabel) IGrMarker(Place(h).fX, Place(h).fY, iMarkerDisc);
+  const std::vector<R4> fSize = Marker_Sizes(hRange);
+  for (std::size_t J = 0; J < fSize.size(); ++J) {
+    const R4 fX = hScaled.hColumn[J].fX;
+    if (hRange.Has_X(fX)) IPgDisc(fX, hRange.fYPmax, fSize[J]);
+  }
 }
 
 void Draw_Scale(const PlotRange& hRange) {
@@ -158,11 +169,7 @@ constexpr Layer hLayer[] = {
 };
 
 void Draw_Markers(const PlotRange& hRange) {
-  Use_Font(hSize6);
-  const GrPoint hPixel = IGrPixelSize();
-  const R4 fXPixels = (fPlotXMax - fPlotXMin) * fXCMU / hPixel.fX;
-  const std::vector<R4> fSize =
-      QCS_Marker_Sizes(fXPixels / (hRange.fXPmax - hRange.fXPmin), 0.5f * InfoGraphics(iCharHeight) / hPixel.fY);
+  const std::vector<R4> fSize = Marker_Sizes(hRange);
   for (const Layer& hOf : hLayer) {
     IGrColourN(hOf.iColour);
     QCS_Visit_Points(hRange, [&](const SectionPoint& h) {

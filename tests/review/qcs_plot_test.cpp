@@ -55,13 +55,9 @@ TEST(SectionLabels, EndAtTheFirstStationBeyondTheRange) {
 }
 
 /// The sizes of markers of 5 pixels at stations, as one text.
-std::string Marker_Sizes(std::initializer_list<R8> dStn, R4 fPixelsAUnit) {
-  Load({});
-  for (const R8 d : dStn) hTrn(++NTrn) = At(d);
-  hTemSurvey.iTemArray = iArrayFXL;
-  QCS_Initialize();
-  EXPECT_EQ(QCS_Allocate(), 0);
-  EXPECT_TRUE(QCS_Section_Initialize(1, 1));
+std::string Marker_Sizes(std::initializer_list<R4> fStn, R4 fPixelsAUnit) {
+  hScaled = {};
+  for (const R4 f : fStn) hScaled.hColumn.push_back({.fX = f, .NTW = 3});
   std::string sAll;
   for (const R4 f : QCS_Marker_Sizes(fPixelsAUnit, 5.0f)) sAll += Str_Write_R4(f, "(F8.2)").str() + " ";
   return sAll;

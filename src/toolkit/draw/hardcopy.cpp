@@ -124,6 +124,7 @@ HardCopyStatus IGrHardCopyEnd() {
 
 void IGrHardCopyDrop() {
   if (!hHardcopy.hOpen) return;
+  hDraw.hCollected.hLine.clear();  // to draw them may be what there is no memory for
   Leave_Picture();
   hHardcopy.hOpen.reset();
 }

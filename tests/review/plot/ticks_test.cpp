@@ -62,18 +62,9 @@ TEST(SignedLogTicks, ATinyZoomGetsTidySteps) {
 }
 
 TEST(SignedLogTicks, ZeroComesFirstWhereTextsAreGivenRoom) {
-  EXPECT_EQ(Zero_First({
-                           {-1,    0,   1   },
-                           {"-10", "0", "10"}
-  })
-                .sYTick,
-            (std::vector<std::string>{"0", "-10", "10"}));
-  EXPECT_EQ(Zero_First({
-                           {1,    2    },
-                           {"10", "100"}
-  })
-                .fYTick,
-            (std::vector<R4>{1, 2}));
+  const auto Of = [](R4 fLow) { return Zero_First(Asinh10_Ticks(fLow, 2.5f, 1.0f, 32)).sYTick; };
+  EXPECT_EQ(Of(-2.5f), (std::vector<std::string>{"0", "-100", "-10", "-1", "1", "10", "100"}));
+  EXPECT_EQ(Of(0.1f).front(), "1") << "an axis without a zero";
 }
 
 TEST(SignedLogTicks, HostileRangesEnd) {
