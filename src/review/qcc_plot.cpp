@@ -25,12 +25,14 @@ constexpr R4 fAxisWidth = 1.0f;
 constexpr R4 fPlotLeft = 5.0f;     // graphics units, X of the left edge of the plot
 constexpr R4 fPlotMiddle = 13.8f;  // X of its middle
 constexpr R4 fTitleY = 18.11f;     // Y of the middle of the title
-constexpr R4 fTitleMargin = 0.1f;  // between the title and the tool window
 constexpr R4 fYLabelPlace = 0.9f;  // of the way from the plot to the edge of the window
 
 constexpr TextSize hSize8{0.00837312f, 0.018816f};
 constexpr TextSize hSize10{0.0104664f, 0.02352f};
-constexpr TextSize hSize12{0.01255968f, 0.028224f};
+constexpr TextSize hTitleSize[] = {
+    {0.01255968f, 0.028224f},
+    hSize10, hSize8
+};
 
 // ---- what is plotted
 
@@ -119,45 +121,16 @@ void Set_Plot_Units() {
   IPgUnits(r.fXPmin, r.fYPmin, r.fXPmax, r.fYPmax);
 }
 
-/// The largest font in which a title has room; one that is too long for all is narrowed.
-void Set_Title_Font(std::string_view sTitle, R4 fRoom) {
-  for (const TextSize& h : {hSize12, hSize10, hSize8}) {
-    Use_Font(h);
-    if (WGrTextLength(sTitle) <= fRoom) return;
-  }
-  Use_Font({hSize8.fWidth * fRoom / WGrTextLength(sTitle), hSize8.fHeight});
-}
-
-/// Centred above the plot, but clear of the tool window and of the ticks' texts: a title that is partly hidden does not
-/// name the sounding.
-void Draw_Title(R4 fEnd) {
-  const std::string_view sTitle = hCurve.sTitle.trimmed();
-  Set_Title_Font(sTitle, fEnd - fPlotLeft);
-  const R4 fHalf = 0.5f * WGrTextLength(sTitle);
-  WGrTextOrientation(Justify::Centre, 0.0f);
-  WGrTextString(std::max(std::min(fPlotMiddle, fEnd - fHalf), fPlotLeft + fHalf), fTitleY, sTitle);
-}
-
-/// The text of zero has room before those of the decades beside it, for it tells where the curve changes its sign.
-void Draw_Y_Ticks() {
-  auto [fTick, sTick] = hCurve.hYTick;
-  const auto KZero = std::find(fTick.begin(), fTick.end(), 0.0f) - fTick.begin();
-  if (KZero < std::ssize(fTick)) {
-    std::rotate(fTick.begin(), fTick.begin() + KZero, fTick.begin() + KZero + 1);
-    std::rotate(sTick.begin(), sTick.begin() + KZero, sTick.begin() + KZero + 1);
-  }
-  IPgYUserScale(fTick, sTick, "T");
-}
-
 /// Texts come before lines as far as may be: lines between two texts are drawn in one call.
-void Draw_Axes(R4 fTitleEnd) {
-  Draw_Title(fTitleEnd - fTitleMargin);
+void Draw_Axes(const TitleRoom& hRoom) {
+  Draw_Plot_Title(hCurve.sTitle.trimmed(), {fPlotMiddle, fTitleY, fPlotLeft, hRoom}, hTitleSize);
   Use_Font(hSize10);
   IPgXLabel("Window Time (msec)");
   IPgYLabelLeft(hCurve.sYLabel, fYLabelPlace);
   Use_Font(hSize8);
   IPgXScale("TN");
-  Draw_Y_Ticks();
+  const Ticks hTick = Zero_First(hCurve.hYTick);
+  IPgYUserScale(hTick.fYTick, hTick.sYTick, "T");
   IPgBorder();
 }
 
@@ -245,39 +218,47 @@ void QCC_Plot_Initialize(I4 j, I4 iPlotType) {
   Set_Range(hCurve.hRange0);
 }
 
-void QCC_Plot_Trns(R4 fTitleEnd) {
+void QCC_Plot_Trns(const TitleRoom& hTitleRoom) {
   Clear_Window();
   if (hCurve.NPobs < 1) return IPgForget();  // no units of an earlier curve
   IGrColour("BLACK");
   IGrLineType(LineType::Solid);
   IGrLineWidth(fAxisWidth);
   Set_Plot_Units();
-  Draw_Axes(fTitleEnd);
+  Draw_Axes(hTitleRoom);
   Draw_Zero_Line();
   Draw_Data();
   IGrFlush();
   InqWintError("QCC_Plot_Trns");
 }
 
-void QCC_SkipPoint(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax) {
+L4 QCC_SkipPoint(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax) {
   I4 INearest = 0;
+  L4 bFound = false;
   for (I4 I = 1; I <= hCurve.NPobs; ++I) {
-    if (hCurve.Is_Skipped(I) == bSetSkip || !In_View(I)) continue;
+    if (!In_View(I)) continue;
     const GrPoint h = Gr_Point(I);
     const R4 fDistance = std::hypot(h.fX - hClick.fX, h.fY - hClick.fY);
     if (fDistance > fRGrMax || (fDistance == fRGrMax && INearest != 0)) continue;
+    bFound = true;
+    if (hCurve.Is_Skipped(I) == bSetSkip) continue;
     fRGrMax = fDistance;
     INearest = I;
   }
   if (INearest != 0) Edit_Window_Flag(hCurve.iTrn, hCurve.ITWofIPlt(INearest), bSetSkip);
+  return bFound;
 }
 
-void QCC_SkipBox(L4 bSetSkip, const GrBox& hBox) {
-  if (hCurve.NPobs < 1) return;
+L4 QCC_SkipBox(L4 bSetSkip, const GrBox& hBox) {
+  if (hCurve.NPobs < 1) return false;
   const PlotRange r = Range_of_Box(hBox);
+  L4 bFound = false;
   for (I4 I = 1; I <= hCurve.NPobs; ++I) {
-    if (r.Has(hCurve.fXPobs(I), hCurve.fYPobs(I))) Edit_Window_Flag(hCurve.iTrn, hCurve.ITWofIPlt(I), bSetSkip);
+    if (!r.Has(hCurve.fXPobs(I), hCurve.fYPobs(I))) continue;
+    bFound = true;
+    Edit_Window_Flag(hCurve.iTrn, hCurve.ITWofIPlt(I), bSetSkip);
   }
+  return bFound;
 }
 
 void QCC_Zoom_Box(const GrBox& hBox) {

@@ -16,6 +16,7 @@
 #include "base/types.h"
 #include "model/tmd_data.h"
 #include "review/plot/plot_range.h"
+#include "review/plot/plot_title.h"
 #include "review/plot/ticks.h"
 
 namespace quillan {
@@ -58,14 +59,14 @@ inline CurvePlot hCurve;
 void QCC_Plot_Initialize(I4 j, I4 iPlotType);
 
 /// Draws the curve and leaves its plot units in force. Without a point the window is blank, and there are none.
-/// fTitleEnd: where the title has to end, in graphics units.
-void QCC_Plot_Trns(R4 fTitleEnd = fCurveGrXMax);
+void QCC_Plot_Trns(const TitleRoom& hTitleRoom = {});
 
 /// The flag of the point nearest to a click, of those in view whose flag would change and that lie within fRGrMax, all
-/// in graphics units: set or cleared in its time window. Of points equally near the earliest.
-void QCC_SkipPoint(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax);
-/// The same for every point in or on a box of graphics units, in view or not.
-void QCC_SkipBox(L4 bSetSkip, const GrBox& hBox);
+/// in graphics units: set or cleared in its time window. Of points equally near the earliest. Returns whether there is
+/// a point at all within reach, whatever its flag.
+[[nodiscard]] L4 QCC_SkipPoint(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax);
+/// The same for every point in or on a box of graphics units, in view or not. Returns whether there is one.
+[[nodiscard]] L4 QCC_SkipBox(L4 bSetSkip, const GrBox& hBox);
 
 /// The plot range becomes a box of graphics units, made at least as large as a zoom has to be (plot_range.h).
 void QCC_Zoom_Box(const GrBox& hBox);

@@ -8,7 +8,9 @@
 #include "foundations/str_write.h"
 #include "model/edits.h"
 #include "review/plot/gestures.h"
+#include "review/plot/mode_hint.h"
 #include "review/plot/plot_mouse.h"
+#include "review/plot/plot_title.h"
 #include "review/qcc_plot.h"
 #include "review/tool_window.h"
 #include "toolkit/dialog/dialog.h"
@@ -17,9 +19,8 @@
 namespace quillan {
 namespace {
 
-constexpr R4 fReach = 0.5f;       // graphics units, how near to a point a click must be
-constexpr R4 fBoxArea = 0.1f;     // graphics units squared; a smaller drag was meant as a click
-constexpr R4 fMostHidden = 0.5f;  // of the window's width: the title keeps the rest
+constexpr R4 fReach = 0.5f;    // graphics units, how near to a point a click must be
+constexpr R4 fBoxArea = 0.1f;  // graphics units squared; a smaller drag was meant as a click
 
 /// What is on show; the plot type is iCurvePlotType.
 struct CurveView : ReviewView {
@@ -45,19 +46,12 @@ void Make_Plot(CurveView& h) {
   WDialogPutMenu1(iMnuView, hCurve.sPlotType, std::min(iCurvePlotType, hCurve.NPlotType()));
 }
 
-/// Where the title has to end: the tool window hides the right end of the plot's upper edge until the user moves it.
-R4 fTitleEnd() {
-  const R4 fWindow = static_cast<R4>(std::max(WInfoWindow(iWindowWidth), 1));
-  const R4 fTool = static_cast<R4>(WInfoDialog(iDialogWidth) + 1);
-  return fCurveGrXMax - (fCurveGrXMax - fCurveGrXMin) * std::min(fTool / fWindow, fMostHidden);
-}
-
 /// Draws only what the window does not show already; a transient that cannot be plotted leaves it blank.
 void Show(CurveView& h) {
   WDialogPutTrackbar(iTrkCurve, h.iTrn);
   if (h.iTrn != h.iTrn0 || iCurvePlotType != h.iPlotType0) Make_Plot(h);
   if (!h.bRedraw) return;
-  QCC_Plot_Trns(fTitleEnd());
+  QCC_Plot_Trns(Tool_Title_Room());
   h.bRedraw = false;
 }
 
@@ -109,6 +103,7 @@ void Clear_All(CurveView& h) {
 void Zoom_In(CurveView& h) {
   if (hCurve.NPobs < 1) return;
   Tool_Hint_Box();
+  const ModeHint hHint("Zoom: click two corners of a box, or drag it. Esc ends it with the box as it stands.");
   const MouseBox hMouse = IGr_ZoomMouseBox(iCursorCorner);
   Tool_Hint_Flags();
   QCC_Zoom_Box(hMouse.hBox);
@@ -147,11 +142,9 @@ void Flag_Points(CurveView& h, const Message& hPress, L4 bSetSkip) {
   const MouseBox hMouse = IGr_SelectMouseBox(hPress);
   if (hMouse.iError != 0) return;
   const GrBox& hBox = hMouse.hBox;
-  if (std::abs(hBox.fX2 - hBox.fX1) * std::abs(hBox.fY2 - hBox.fY1) >= fBoxArea) {
-    QCC_SkipBox(bSetSkip, hBox);
-  } else {
-    QCC_SkipPoint(bSetSkip, {hPress.GX, hPress.GY}, fReach);
-  }
+  const bool bBox = std::abs(hBox.fX2 - hBox.fX1) * std::abs(hBox.fY2 - hBox.fY1) >= fBoxArea;
+  const L4 bFound = bBox ? QCC_SkipBox(bSetSkip, hBox) : QCC_SkipPoint(bSetSkip, {hPress.GX, hPress.GY}, fReach);
+  if (!bFound) Say_No_Point();
   h.bRedraw = true;
 }
 

@@ -7,8 +7,11 @@
 #include "foundations/file_util.h"
 #include "foundations/str_write.h"
 #include "model/edits.h"
+#include "platform/file_names.h"
 #include "review/plot/gestures.h"
+#include "review/plot/mode_hint.h"
 #include "review/plot/plot_mouse.h"
+#include "review/plot/plot_title.h"
 #include "review/qcs_export.h"
 #include "review/qcs_plot.h"
 #include "review/qcs_sections.h"
@@ -110,7 +113,7 @@ void Show(SectionView& hView) {
   if (!hView.bRedraw) return;
   hView.bRedraw = false;
   // What cannot be drawn was reported; the user goes on to another section.
-  static_cast<void>(QCS_Section_Plot(hView.iSection, hView.iPlotType, hView.hRange));
+  static_cast<void>(QCS_Section_Plot(hView.iSection, hView.iPlotType, hView.hRange, Tool_Title_Room()));
 }
 
 // ---- gestures
@@ -124,6 +127,7 @@ void Previous(SectionView& hView) {
 }
 
 void Zoom_In(SectionView& hView) {
+  const ModeHint hHint("Zoom: click two corners of a box, or drag it. Esc ends it.");
   const MouseBox h = IGr_ZoomMouseBox(iCursorCorner);
   if (h.iError != 0) return;
   hView.hRange = Shift_Inside(Range_of_Box(Shaped_Zoom_Box(fYCMU / fXCMU, h.hBox)), hView.hFull);
@@ -138,6 +142,7 @@ void Zoom_All(SectionView& hView) {
 /// After Esc the hint lines still speak of the box.
 void Flip_Stations(SectionView& hView) {
   Tool_Hint_Box();
+  const ModeHint hHint("Flip: click at both ends of the stations to reverse, or drag over them. Esc ends it.");
   const MouseBox h = IGr_ZoomMouseBox(iCursorTwoWay);
   if (h.iError != 0) return;
   QCS_Section_FlipTrn(hView.iSection, h.hBox.fX1, h.hBox.fX2);
@@ -154,14 +159,24 @@ PickedPoint Point_at(const SectionView& hView, const GrPoint& hClick, R4 fReach)
   return QCS_Section_Point(hClick, hView.iSection, hView.iPlotType, hView.hRange, fReach);
 }
 
+/// The point that the user clicks at; none after Esc, and where no point is near.
+PickedPoint Pick_Curve(const SectionView& hView) {
+  MousePoint hClick;
+  {
+    const ModeHint hHint("View Curve: click near a point to see its curve. Esc ends it.");
+    hClick = IGr_GetMousePoint(iCursorPick);
+  }
+  if (hClick.iError != 0) return {};
+  const PickedPoint hPicked = Point_at(hView, hClick.hPoint, fReachCurve);
+  if (hPicked.iTrn != 0) return hPicked;
+  WindowBell();
+  Say_No_Point();
+  return {};
+}
+
 void View_Curve(SectionView& hView) {
   WDialogHide();
-  const MousePoint hClick = IGr_GetMousePoint(iCursorPick);
-  PickedPoint hPicked;
-  if (hClick.iError == 0) {
-    hPicked = Point_at(hView, hClick.hPoint, fReachCurve);
-    if (hPicked.iTrn == 0) WindowBell();
-  }
+  const PickedPoint hPicked = Pick_Curve(hView);
   if (hPicked.iTrn == 0) return Tool_Show();
   hView.iTrn = hPicked.iTrn;
   hView.iFlag = iFlagCurve;
@@ -171,28 +186,49 @@ std::string Export_Path(const SectionView& hView, std::string_view sExtension) {
   return QCS_Export_Path(sAvgFile, hView.iSection, hView.iPlotType, sExtension);
 }
 
+/// The files of an export, and whether one of them takes the place of an earlier one.
+struct Export {
+  std::string sFile, sNames;
+  bool bReplaces;
+};
+
+Export Begin_Export(const SectionView& hView, std::string_view sExtension) {
+  const std::string sFile = Export_Path(hView, sExtension);
+  return {sFile, std::string(File_Name(sFile)), IOsFileExists(sFile)};
+}
+
+/// A table comes with its plot-control file.
+Export Begin_Table(const SectionView& hView) {
+  Export h = Begin_Export(hView, ".csv");
+  const Export hControl = Begin_Export(hView, ".mde");
+  h.sNames += " and " + hControl.sNames;
+  h.bReplaces = h.bReplaces || hControl.bReplaces;
+  return h;
+}
+
 /// Says in the status bar what became of an export. The window is drawn again: plot units are those of a picture until
 /// then, and a table leaves it blank.
-void End_Export(SectionView& hView, const std::string& sFile, I4 iError) {
-  const std::string sName(File_Name(sFile));
-  WindowOutStatusBar(2, iError == 0 ? sName + " is written." : sName + " could not be written.");
+void End_Export(SectionView& hView, const Export& h, I4 iError) {
+  const std::string_view sEarlier = h.bReplaces ? "; an earlier file was replaced." : "; no file was replaced.";
+  WindowOutStatusBar(
+      2, iError == 0 ? "Written: " + h.sNames + std::string(sEarlier) : h.sNames + " could not be written.");
   hView.bRedraw = true;
 }
 
 void Export_Wmf(SectionView& hView) {
-  const std::string sFile = Export_Path(hView, ".wmf");
-  End_Export(hView, sFile, QCS_Section_Plot_WMF(sFile, hView.iSection, hView.iPlotType, hView.hRange));
+  const Export h = Begin_Export(hView, ".wmf");
+  End_Export(hView, h, QCS_Section_Plot_WMF(h.sFile, hView.iSection, hView.iPlotType, hView.hRange));
 }
 
 void Export_Png(SectionView& hView) {
-  const std::string sFile = Export_Path(hView, ".png");
-  End_Export(hView, sFile, QCS_Section_Plot_PNG(sFile, hView.iSection, hView.iPlotType, hView.hRange));
+  const Export h = Begin_Export(hView, ".png");
+  End_Export(hView, h, QCS_Section_Plot_PNG(h.sFile, hView.iSection, hView.iPlotType, hView.hRange));
 }
 
 void Export_Csv(SectionView& hView) {
   WindowClear();
-  const std::string sFile = Export_Path(hView, ".csv");
-  End_Export(hView, sFile, QCS_Section_Write_CSV(sFile, hView.iSection, hView.iPlotType));
+  const Export h = Begin_Table(hView);
+  End_Export(hView, h, QCS_Section_Write_CSV(h.sFile, hView.iSection, hView.iPlotType));
 }
 
 void Leave_to_Save(SectionView& hView) {
@@ -241,7 +277,7 @@ void On_Press(SectionView& hView, const Message& hPress) {
   if (hPress.VALUE1 != iMouseLeft && hPress.VALUE1 != iMouseRight) return;
   const PickedPoint hPicked = Point_at(hView, {hPress.GX, hPress.GY}, fReachFlag);
   hView.iTrn = hPicked.iTrn;
-  if (hPicked.iTrn == 0) return;
+  if (hPicked.iTrn == 0) return Say_No_Point();
   Edit_Window_Flag(hPicked.iTrn, hPicked.iTwc, hPress.VALUE1 == iMouseLeft);
   hView.bRedraw = true;
 }

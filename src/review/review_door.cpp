@@ -7,7 +7,9 @@
 #include "review/qcs_review.h"
 #include "review/qcs_sections.h"
 #include "toolkit/draw/draw.h"
+#include "toolkit/window/log_text.h"
 #include "toolkit/window/menus.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 namespace {
@@ -36,7 +38,9 @@ ReviewEnd TEM_Review_Data() {
     hDoor.iTrn = h.iTrn;
   }
   WindowClear();
+  WindowOutStatusBar(2, "");
   WMenu(iMenuMain);
+  LogText_Update();
   h.iError = 0;
   return h;
 }

@@ -38,7 +38,7 @@ GrPoint Place_of(I4 I) {
 }
 
 void Click(L4 bSetSkip, R4 fX, R4 fY, R4 fReach = 0.5f) {
-  QCC_SkipPoint(bSetSkip, {fX, fY}, fReach);
+  (void)QCC_SkipPoint(bSetSkip, {fX, fY}, fReach);
 }
 
 Transient With_B(Transient h, R4 fBmag) {
@@ -135,8 +135,8 @@ TEST(CurvePlot, TheTitleNamesTheSounding) {
 TEST(CurvePlot, WhatCannotBePlottedCannotBeDrawnOrFlagged) {
   Show_and_Draw(TransientBuilder());
   EXPECT_FALSE(IPg_Is_Plotting());
-  QCC_SkipPoint(true, {10.0f, 10.0f}, 100.0f);
-  QCC_SkipBox(true, {3.0f, 3.5f, 23.0f, 18.5f});
+  (void)QCC_SkipPoint(true, {10.0f, 10.0f}, 100.0f);
+  (void)QCC_SkipBox(true, {3.0f, 3.5f, 23.0f, 18.5f});
   QCC_Zoom_Box({5.0f, 5.0f, 15.0f, 15.0f});
   QCC_Zoom_All();
   EXPECT_EQ(hCurve.NPobs, 0);
@@ -204,17 +204,17 @@ TEST(CurveFlags, ABoxTakesPointsInsideAndOnItInViewOrNot) {
   Show_and_Draw(hFour);
   const GrPoint h1 = Place_of(1), h4 = Place_of(4);
   QCC_Zoom_Box({8.0f, 8.0f, 10.0f, 10.0f});
-  QCC_SkipBox(true, {h1.fX - 1.0f, h4.fY - 1.0f, h4.fX + 1.0f, h1.fY + 1.0f});
+  (void)QCC_SkipBox(true, {h1.fX - 1.0f, h4.fY - 1.0f, h4.fX + 1.0f, h1.fY + 1.0f});
   EXPECT_EQ(Skipped(1), "XXXX");
 
   Show_and_Draw(hFour);
   const GrPoint h2 = Place_of(2), h3 = Place_of(3);
   constexpr R4 fHair = 1.0E-4f;
-  QCC_SkipBox(true, {h2.fX - fHair, h2.fY - fHair, h3.fX + fHair, h2.fY + fHair});
+  (void)QCC_SkipBox(true, {h2.fX - fHair, h2.fY - fHair, h3.fX + fHair, h2.fY + fHair});
   EXPECT_EQ(Skipped(1), "-XX-");
-  QCC_SkipBox(true, {h2.fX + fHair, 0.0f, h3.fX - fHair, 20.0f});
+  (void)QCC_SkipBox(true, {h2.fX + fHair, 0.0f, h3.fX - fHair, 20.0f});
   EXPECT_EQ(Skipped(1), "-XX-");
-  QCC_SkipBox(false, {h2.fX - fHair, 0.0f, h2.fX + fHair, 20.0f});
+  (void)QCC_SkipBox(false, {h2.fX - fHair, 0.0f, h2.fX + fHair, 20.0f});
   EXPECT_EQ(Skipped(1), "--X-");
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "foundations/str_write.h"
 #include "support/survey_builder.h"
 
 namespace quillan {
@@ -51,6 +52,25 @@ TEST(SectionLabels, EveryStationIsMarkedAndThoseWithRoomAreNamed) {
 TEST(SectionLabels, EndAtTheFirstStationBeyondTheRange) {
   Load_Sections({At(10), At(20), At(11)}, iArrayFXL);
   EXPECT_EQ(Labels({10, 15, 0, 1}, 0.5f), "10 ");
+}
+
+/// The sizes of markers of 5 pixels at stations, as one text.
+std::string Marker_Sizes(std::initializer_list<R4> fStn, R4 fPixelsAUnit) {
+  hScaled = {};
+  for (const R4 f : fStn) hScaled.hColumn.push_back({.fX = f, .NTW = 3});
+  std::string sAll;
+  for (const R4 f : QCS_Marker_Sizes(fPixelsAUnit, 5.0f)) sAll += Str_Write_R4(f, "(F8.2)").str() + " ";
+  return sAll;
+}
+
+TEST(SectionMarkers, AreSmallOnlyWhereSoundingsCrowd) {
+  EXPECT_EQ(Marker_Sizes({10}, 1.0f), "5 ");
+  EXPECT_EQ(Marker_Sizes({10, 10, 10}, 0.001f), "5 5 5 ") << "repeats";
+  EXPECT_EQ(Marker_Sizes({10, 11, 12}, 3.0f), "5 5 5 ");
+  EXPECT_EQ(Marker_Sizes({10, 11, 12}, 2.9f), "1.45 1.45 1.45 ");
+  EXPECT_EQ(Marker_Sizes({10, 11, 12}, 0.1f), "1 1 1 ") << "as wide as a line";
+  EXPECT_EQ(Marker_Sizes({10, 20, 20.5, 30}, 1.0f), "5 5 5 5 ") << "two side by side";
+  EXPECT_EQ(Marker_Sizes({10, 11, 12, 13, 23, 33}, 2.0f), "1 1 1 5 5 5 ") << "one end of a line";
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Pictures in files: metafiles record by record, PNG, and what becomes of the screen and of earlier files.
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
 #include <QImage>
 #include <QWidget>
 #include <cstdlib>
@@ -26,8 +28,8 @@ struct Record {
   Words hParameter;
 };
 
-constexpr I4 iPolyline = 0x0325, iEllipse = 0x0418, iTextOut = 0x0521, iCreatePen = 0x02FA, iCreateFont = 0x02FB,
-             iCreateBrush = 0x02FC, iSelect = 0x012D;
+constexpr I4 iMoveTo = 0x0214, iLineTo = 0x0213, iTextAlign = 0x012E, iEllipse = 0x0418, iTextOut = 0x0521,
+             iCreatePen = 0x02FA, iCreateFont = 0x02FB, iCreateBrush = 0x02FC, iSelect = 0x012D;
 constexpr std::size_t NPlaceable = 11, NHeader = 9;  // words
 
 Words Words_of(const std::string& sBytes) {
@@ -67,7 +69,7 @@ class Hardcopy : public testing::Test {
   void TearDown() override { WindowClose(); }
 
   /// Draws into a file; the units of a metafile are centimetres: 24 by 17.8.
-  static bool Drawn(HardCopyDriver iDriver, const std::string& sPath, const std::function<void()>& draw) {
+  static HardCopyStatus Drawn(HardCopyDriver iDriver, const std::string& sPath, const std::function<void()>& draw) {
     IGrHardCopySelect(iDriver);
     const bool bPng = iDriver == HardCopyDriver::Png;
     IGrHardCopySize(bPng ? 3780 : 2880, bPng ? 2803 : 2136);
@@ -79,7 +81,7 @@ class Hardcopy : public testing::Test {
     return IGrHardCopyEnd();
   }
   static Words Metafile_of(const std::function<void()>& draw) {
-    EXPECT_TRUE(Drawn(HardCopyDriver::Metafile, "a.wmf", draw));
+    EXPECT_EQ(Drawn(HardCopyDriver::Metafile, "a.wmf", draw).iError, 0);
     return Words_of(Read_Whole_File("a.wmf"));
   }
   static std::vector<Words> Of_Kind(I4 iFunction, const std::function<void()>& draw) {
@@ -134,8 +136,9 @@ TEST_F(Hardcopy, HeadersOfAMetafileAgreeWithItsRecords) {
   EXPECT_EQ(hAll.back().iFunction, 0) << "the end";
 }
 
-TEST_F(Hardcopy, JoinedSegmentsAreOnePolylineAtTheirVertices) {
-  const auto hLine = Of_Kind(iPolyline, [] {
+TEST_F(Hardcopy, LinesAreMovesAndLinesWhichNoReaderFills) {
+  std::string sAll;
+  const Words hFile = Metafile_of([] {
     IGrMoveTo(0.0f, 0.0f);
     IGrLineTo(1.0f, 1.0f);
     IGrSegment(1.0f, 1.0f, 2.0f, 17.8f);
@@ -143,24 +146,13 @@ TEST_F(Hardcopy, JoinedSegmentsAreOnePolylineAtTheirVertices) {
     IGrSegment(23.0f, 8.9f, 1.0e30f, 8.9f);
     IGrSegment(-5.0f, -5.0f, 30.0f, -1.0f);
   });
-  ASSERT_EQ(hLine.size(), 3u);
-  EXPECT_EQ(hLine[0], (Words{3, 0, 2136, 120, 2016, 240, 0}));
-  EXPECT_EQ(hLine[1], (Words{2, 600, 1536, 720, 1536}));
-  EXPECT_EQ(hLine[2], (Words{2, 2760, 1068, 2880, 1068})) << "cut at the edge of the picture";
-}
-
-TEST_F(Hardcopy, ALongProfileIsCutIntoPolylinesThatMeet) {
-  const auto hLine = Of_Kind(iPolyline, [] {
-    IGrMoveTo(0.0f, 5.0f);
-    for (I4 I = 1; I <= 20000; ++I) IGrLineTo(24.0f * static_cast<R4>(I) / 20000.0f, I % 2 == 0 ? 5.0f : 6.0f);
-  });
-  ASSERT_GT(hLine.size(), 1u);
-  I4 NPoint = hLine[0][0];
-  for (std::size_t K = 1; K < hLine.size(); ++K) {
-    NPoint += hLine[K][0] - 1;
-    EXPECT_EQ(Words(hLine[K].begin() + 1, hLine[K].begin() + 3), Words(hLine[K - 1].end() - 2, hLine[K - 1].end()));
+  for (const Record& h : Records(hFile)) {
+    if (h.iFunction != iMoveTo && h.iFunction != iLineTo) continue;
+    sAll += h.iFunction == iMoveTo ? " M " : " L ";
+    sAll += std::to_string(h.hParameter[1]) + "," + std::to_string(h.hParameter[0]);
   }
-  EXPECT_EQ(NPoint, 20001);
+  EXPECT_EQ(sAll, " M 0,2136 L 120,2016 L 240,0 M 600,1536 L 720,1536 M 2760,1068 L 2880,1068")
+      << "the last is cut at the edge of the picture";
 }
 
 TEST_F(Hardcopy, PensHaveTheirColourAndOnePixelIsAnInchBy96) {
@@ -176,7 +168,7 @@ TEST_F(Hardcopy, PensHaveTheirColourAndOnePixelIsAnInchBy96) {
   ASSERT_EQ(hPen.size(), 2u) << "a pen is made once";
   EXPECT_EQ(hPen[0], (Words{0, 3, 0, 0, 0}));
   EXPECT_EQ(hPen[1], (Words{0, 6, 0, 0x2233, 0x11}));
-  const auto hDash = Of_Kind(iPolyline, [] {
+  const auto hDash = Of_Kind(iMoveTo, [] {
     IGrLineType(LineType::Dashed);
     IGrSegment(2.0f, 5.0f, 12.0f, 5.0f);
   });
@@ -200,20 +192,26 @@ TEST_F(Hardcopy, MarkersAreEllipsesAndThoseOutsideAreLeftOut) {
   EXPECT_EQ(h[0] - h[2], 107);
 }
 
-TEST_F(Hardcopy, TextBeginsWhereTheScreenHasItAndIsTurned) {
-  R8 dLength = 0.0;
-  const auto draw = [&] {
+TEST_F(Hardcopy, TextStandsByItsOwnAlignmentAndIsTurned) {
+  const auto draw = [] {
     WGrTextFont(0.02f, 0.1f);
     WGrTextOrientation(Justify::Right, -90.0f);
     WGrTextString(12.0f, 8.9f, "Caf\xC3\xA9");
-    dLength = 120.0 * R8{WGrTextLength("Caf\xC3\xA9")};
+    WGrTextOrientation(Justify::Centre, 0.0f);
+    WGrTextString(12.0f, 8.9f, "a");
+    WGrTextString(12.0f, 8.9f, "a");
+    WGrTextOrientation(Justify::Left, 0.0f);
+    WGrTextString(12.0f, 8.9f, "a");
   };
   const auto hText = Of_Kind(iTextOut, draw);
-  ASSERT_EQ(hText.size(), 1u);
+  ASSERT_EQ(hText.size(), 4u);
   const Words& h = hText[0];  // characters, two a word; lower and right
   EXPECT_EQ(Words(h.begin(), h.begin() + 3), (Words{4, 'C' | 'a' << 8, static_cast<std::int16_t>('f' | 0xE9 << 8)}));
-  EXPECT_NEAR(h[3], 1068.0 + dLength, 12.0) << "it ends at its place, upward";
+  EXPECT_EQ(h[3], 1068) << "it ends at its place, upward";
   EXPECT_NEAR(h[4], 1440.0 + 0.35 * 213.6, 12.0) << "the baseline is to the right of the middle";
+  EXPECT_EQ(hText[1][3], 1440) << "a reader with other letters centres it there";
+  EXPECT_EQ(Of_Kind(iTextAlign, draw), (std::vector<Words>{{26}, {30}, {24}}))
+      << "right, centred, left, on the baseline";
   const Words hFont = Of_Kind(iCreateFont, draw).at(0);
   EXPECT_EQ(hFont[0], -214);
   EXPECT_EQ(hFont[2], 900) << "tenths of degrees, anticlockwise";
@@ -227,8 +225,14 @@ TEST_F(Hardcopy, TextHasTheSameWidthOnTheScreenAndInFiles) {
   IGrUnits(0.0f, 0.0f, 24.0f, 16.0f);
   const R4 fScreen = fPart(24.0f);
   for (const HardCopyDriver iDriver : {HardCopyDriver::Png, HardCopyDriver::Metafile})
-    Drawn(iDriver, "a.out", [&] { EXPECT_NEAR(fPart(24.0f), fScreen, 1e-4f); });
-  Drawn(HardCopyDriver::Metafile, "a.out", [&] {
+    (void)Drawn(iDriver, "a.out", [&] { EXPECT_NEAR(fPart(24.0f), fScreen, 1e-4f); });
+  WGrTextFont(0.001f, 0.001f);
+  const R4 fSmallest = InfoGraphics(iCharHeight) / 16.0f;
+  (void)Drawn(HardCopyDriver::Png, "a.out", [&] {
+    WGrTextFont(0.001f, 0.001f);
+    EXPECT_NEAR(InfoGraphics(iCharHeight) / 17.8f, fSmallest, 1e-4f) << "what is enlarged on the screen is so in a PNG";
+  });
+  (void)Drawn(HardCopyDriver::Metafile, "a.out", [&] {
     WGrTextFont(0.001f, 0.001f);
     EXPECT_NEAR(InfoGraphics(iCharHeight), 0.0178f, 1e-4f) << "on paper letters may be small";
   });
@@ -240,17 +244,18 @@ TEST_F(Hardcopy, LibwmfReadsAMetafile) {
   ASSERT_EQ(std::system("wmf2svg a.wmf > a.svg 2> complaints.txt"), 0);
   EXPECT_EQ(Read_Whole_File("complaints.txt"), "");
   const std::string sSvg = Read_Whole_File("a.svg");
-  for (const char* sWanted : {">Loop Line 12, Tx.Freq=32<", ">12500.0<", "<polyline", "<ellipse", "fill:black"})
+  for (const char* sWanted : {">Loop Line 12, Tx.Freq=32<", ">12500.0<", "<ellipse", "fill:black"})
     EXPECT_NE(sSvg.find(sWanted), std::string::npos) << sWanted;
 }
 
 TEST_F(Hardcopy, PngIsAPictureOf400DotsAnInch) {
-  ASSERT_TRUE(Drawn(HardCopyDriver::Png, "a.png", [] {
+  const HardCopyStatus hStatus = Drawn(HardCopyDriver::Png, "a.png", [] {
     WindowClear();
     IGrSegment(6.0f, 8.9f, 18.0f, 8.9f);
     IGrPlotMode1("E");
     IGrRectangle(2.0f, 2.0f, 22.0f, 16.0f);
-  }));
+  });
+  ASSERT_EQ(hStatus.iError, 0);
   const QImage hImage("a.png");
   EXPECT_EQ(hImage.size(), QSize(3780, 2803));
   EXPECT_EQ(hImage.dotsPerMeterX(), 15748);
@@ -273,12 +278,13 @@ TEST_F(Hardcopy, TheScreenAndItsStateStayAsTheyAre) {
   IGrSegment(1.0f, 1.0f, 9.0f, 3.0f);  // not yet flushed when the file is opened
   const QImage hBefore = Backing_Image().copy();
   for (const HardCopyDriver iDriver : {HardCopyDriver::Png, HardCopyDriver::Metafile}) {
-    EXPECT_TRUE(Drawn(iDriver, "a.out", [&] {
+    const HardCopyStatus hStatus = Drawn(iDriver, "a.out", [&] {
       Small_Plot();
       IGrClip(1.0f, 1.0f, 2.0f, 2.0f);
       draw();
       EXPECT_EQ(WInfoGrReal(iUnitYMax), 17.8f);
-    }));
+    });
+    EXPECT_EQ(hStatus.iError, 0);
     EXPECT_EQ(Backing_Image(), hBefore);
     EXPECT_EQ(WInfoGrReal(iUnitYMax), 10.0f);
   }
@@ -286,23 +292,58 @@ TEST_F(Hardcopy, TheScreenAndItsStateStayAsTheyAre) {
   EXPECT_NE(Backing_Image(), hBefore);
 }
 
+/// Step and reason.
+std::string Words_of(const HardCopyStatus& h) {
+  return h.iError == 0 ? "done" : std::string(h.sStep).append(": ").append(h.sReason);
+}
+
 TEST_F(Hardcopy, AFailureLeavesTheEarlierFileWhole) {
-  Write_File("earlier.wmf", "earlier");
+  const auto Broken_Plot = [] {
+    IGrLineWidth(-1.0f);
+    Small_Plot();
+  };
   fs::create_directory("folder.wmf");
-  for (const char* sPath : {"missing/a.wmf", "folder.wmf"}) {
-    EXPECT_FALSE(Drawn(HardCopyDriver::Metafile, sPath, Small_Plot)) << sPath;
-    EXPECT_EQ(InfoError(), iErrFile) << sPath;
+  const struct {
+    const char* sPath;
+    std::function<void()> draw;
+    const char* sStatus;
+  } hCases[] = {
+      {"missing/a.wmf", Small_Plot,            "open: No such file or directory"                 },
+      {"folder.wmf",    Small_Plot,            "open: Is a directory"                            },
+      {"earlier.wmf",   Broken_Plot,           "draw: A call had an argument that makes no sense"},
+      {"earlier.wmf",   [] { WindowClose(); }, "open: No picture is open"                        },
+  };
+  for (const auto& hCase : hCases) {
+    Write_File("earlier.wmf", "earlier");
+    EXPECT_EQ(Words_of(Drawn(HardCopyDriver::Metafile, hCase.sPath, hCase.draw)), hCase.sStatus) << hCase.sPath;
+    EXPECT_EQ(Read_Whole_File("earlier.wmf"), "earlier") << hCase.sPath;
+    InfoError();
   }
-  IGrHardCopy("earlier.wmf");
-  Small_Plot();
-  WindowClose();  // a stop in the middle of the drawing
-  EXPECT_EQ(Read_Whole_File("earlier.wmf"), "earlier");
   for (const auto& hEntry : fs::directory_iterator("."))
     EXPECT_EQ(hEntry.path().string().find("earlier.wmf."), std::string::npos) << "no temporary file is left";
 }
 
+#ifndef __SANITIZE_ADDRESS__  // which ends a program that gets no memory
+TEST_F(Hardcopy, APictureWithoutMemoryReplacesNothing) {
+  Write_File("earlier.png", "earlier");
+  IGrHardCopySelect(HardCopyDriver::Png);
+  IGrHardCopySize(32000, 32000);
+  rlimit hBefore;
+  getrlimit(RLIMIT_AS, &hBefore);
+  const rlimit hScarce{rlim_t{2} << 30, hBefore.rlim_max};
+  setrlimit(RLIMIT_AS, &hScarce);
+  IGrHardCopy("earlier.png");
+  Small_Plot();
+  const HardCopyStatus hStatus = IGrHardCopyEnd();
+  setrlimit(RLIMIT_AS, &hBefore);
+  EXPECT_EQ(Words_of(hStatus), "open: Not enough memory");
+  EXPECT_EQ(Read_Whole_File("earlier.png"), "earlier");
+  EXPECT_EQ(InfoError(), iErrNone) << "the status has said it";
+}
+#endif
+
 TEST_F(Hardcopy, CallsThatMakeNoSenseAreRefused) {
-  EXPECT_FALSE(IGrHardCopyEnd());
+  EXPECT_EQ(IGrHardCopyEnd().iError, 1);
   EXPECT_EQ(InfoError(), iErrBadArgument) << "nothing is open";
   for (const auto& [NWidth, NHeight] : {
            std::pair{0,     100},
@@ -316,7 +357,8 @@ TEST_F(Hardcopy, CallsThatMakeNoSenseAreRefused) {
   IGrHardCopy("none.wmf");
   EXPECT_EQ(InfoError(), iErrNoWindow);
   Small_Plot();
-  EXPECT_FALSE(IGrHardCopyEnd() || fs::exists("none.wmf"));
+  EXPECT_EQ(IGrHardCopyEnd().iError, 1);
+  EXPECT_FALSE(fs::exists("none.wmf"));
 }
 
 }  // namespace

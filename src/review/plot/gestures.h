@@ -12,6 +12,7 @@
 #include "foundations/log_file.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/messages.h"
+#include "toolkit/window/window.h"
 
 namespace quillan {
 
@@ -65,12 +66,20 @@ void Carry_Out(View& hView, const Gesture<View> (&hTable)[N], const Message& hMe
   }
 }
 
+/// What the status bar says of the last gesture goes away with the next.
+inline void Forget_Last_Gesture(MessageType iType) {
+  const bool bGesture = iType == MessageType::Key || iType == MessageType::Menu || iType == MessageType::Button ||
+                        iType == MessageType::MouseDown || iType == MessageType::Field;
+  if (bGesture) WindowOutStatusBar(2, "");
+}
+
 /// Goes on until a gesture sets iFlag.
 template <class View, std::size_t N>
 void Review_Loop(View& hView, const Gesture<View> (&hTable)[N], const ReviewProcedures<View>& hReview) {
   while (hView.iFlag == iStay) {
     hReview.Show(hView);
     const Message hMessage = WMessage();
+    Forget_Last_Gesture(hMessage.iType);
     switch (hMessage.iType) {
       case MessageType::Key:
       case MessageType::Menu:

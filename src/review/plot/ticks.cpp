@@ -119,4 +119,12 @@ Ticks Asinh10_Ticks(R4 fYPmin, R4 fYPmax, R4 fYPscl, I4 MYTick) {
   return hTick.hTicks;
 }
 
+Ticks Zero_First(Ticks h) {
+  const auto KZero = std::find(h.fYTick.begin(), h.fYTick.end(), 0.0f) - h.fYTick.begin();
+  if (KZero == std::ssize(h.fYTick)) return h;
+  std::rotate(h.fYTick.begin(), h.fYTick.begin() + KZero, h.fYTick.begin() + KZero + 1);
+  std::rotate(h.sYTick.begin(), h.sYTick.begin() + KZero, h.sYTick.begin() + KZero + 1);
+  return h;
+}
+
 }  // namespace quillan

@@ -19,4 +19,8 @@ struct Ticks {
 /// 1, 2 and 5 of each decade as well; where that does not do either, at tidy steps.
 Ticks Asinh10_Ticks(R4 fYPmin, R4 fYPmax, R4 fYPscl, I4 MYTick);
 
+/// The same ticks, zero first: its text has room before those of the decades beside it, for it tells where a curve
+/// changes its sign.
+Ticks Zero_First(Ticks hTick);
+
 }  // namespace quillan

@@ -249,15 +249,20 @@ void WDialogTitle(std::string_view sTitle) {
 }
 
 I4 WInfoDialog(I4 iSelect) {
-  switch (iSelect) {
-    case iCurrentDialog: return Record_of(iCurrent) ? iCurrent : 0;
-    case iDialogWidth: break;
-    default: Set_Error(iErrBadArgument); return 0;
-  }
+  if (iSelect == iCurrentDialog) return Record_of(iCurrent) ? iCurrent : 0;
   const DialogRecord* hDialog = Current_Record();
   if (!hDialog) return 0;
-  if (!hDialog->hWindow->testAttribute(Qt::WA_WState_Created)) hDialog->hWindow->adjustSize();
-  return hDialog->hWindow->width();
+  QDialog& hWindow = *hDialog->hWindow;
+  if (!hWindow.testAttribute(Qt::WA_WState_Created)) hWindow.adjustSize();
+  const QWidget* hArea = Drawing_Area();
+  const QPoint hPlace = hWindow.frameGeometry().topLeft() - (hArea ? hArea->mapToGlobal(QPoint()) : QPoint());
+  switch (iSelect) {
+    case iDialogX: return hPlace.x();
+    case iDialogY: return hPlace.y();
+    case iDialogWidth: return hWindow.width();
+    case iDialogHeight: return hWindow.frameGeometry().height();
+    default: Set_Error(iErrBadArgument); return 0;
+  }
 }
 
 }  // namespace quillan

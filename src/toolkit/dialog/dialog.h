@@ -54,7 +54,10 @@ void WDialogTitle(std::string_view sTitle);
 
 // Selectors of WInfoDialog.
 inline constexpr I4 iCurrentDialog = 3;  // 0: none
-inline constexpr I4 iDialogWidth = 8;    // pixels
+inline constexpr I4 iDialogX = 5;        // pixels of the drawing area, of its upper left corner with its frame
+inline constexpr I4 iDialogY = 6;
+inline constexpr I4 iDialogWidth = 8;  // pixels
+inline constexpr I4 iDialogHeight = 9;
 I4 WInfoDialog(I4 iSelect);
 
 // The reads below give what the field holds; nothing where it is empty or bad, which is no error of the program, or

@@ -69,6 +69,7 @@ class ToolWatch : public QObject {
         if (bWindow) hSinceShown.start();
         return false;
       case QEvent::Move:
+        if (bWindow) Push_Message({.iType = MessageType::Expose});  // the plot's title makes room for it
         if (bWindow && hDialog.hWindow->isVisible() && hSinceShown.hasExpired(NMsecSettle) && Main_Window())
           Main_Window()->setProperty(Place_Name(hDialog), hDialog.hWindow->pos());
         return false;

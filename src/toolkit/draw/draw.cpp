@@ -211,14 +211,28 @@ void IGrRectangle(R4 fX1, R4 fY1, R4 fX2, R4 fY2) {
   for (int I = 0; I < 4; ++I) Segment(hCorner[I], hCorner[(I + 1) % 4]);
 }
 
-void IGrMarker(R4 fX, R4 fY, I4 iMarker) {
-  if (iMarker != iMarkerDisc) return Set_Error(iErrBadArgument);
+namespace {
+
+/// dRadius: pixels of the picture.
+void Disc(QPointF hUnit, R8 dRadius) {
   BackEnd* hBackEnd = Drawable();
-  const QPointF hCentre = To_Picture(QPointF(R8{fX}, R8{fY}));
+  const QPointF hCentre = To_Picture(hUnit);
   if (!hBackEnd || !Holds(hDraw.hPlace.hVisible, hCentre)) return;
   if (hDraw.hCollected.hPen.iColour != hDraw.hState.iColour) Draw_Collected();
-  hBackEnd->Disc(hCentre, dDiscRadius * hDraw.hPlace.dEm, hDraw.hState.iColour);
+  hBackEnd->Disc(hCentre, dRadius, hDraw.hState.iColour);
   Mark_Changed();
+}
+
+}  // namespace
+
+void IGrMarker(R4 fX, R4 fY, I4 iMarker) {
+  if (iMarker != iMarkerDisc) return Set_Error(iErrBadArgument);
+  Disc({R8{fX}, R8{fY}}, dDiscRadius * hDraw.hPlace.dEm);
+}
+
+void IGrDisc(R4 fX, R4 fY, R4 fPixels) {
+  if (!(fPixels > 0.0f && fPixels <= fMaxWidth)) return Set_Error(iErrBadArgument);
+  Disc({R8{fX}, R8{fY}}, 0.5 * R8{fPixels} * hDraw.hCanvas.dPixel);
 }
 
 void IGrPlotMode1(std::string_view sMode) {

@@ -73,6 +73,8 @@ void IGrRectangle(R4 fX1, R4 fY1, R4 fX2, R4 fY2);
 inline constexpr I4 iMarkerDisc = 14;  // a filled disc of half the character height
 /// A marker, left out when its centre is clipped away.
 void IGrMarker(R4 fX, R4 fY, I4 iMarker);
+/// A filled disc of a diameter in pixels before the screen's scale factor, left out when its centre is clipped away.
+void IGrDisc(R4 fX, R4 fY, R4 fPixels);
 
 /// "N": what is drawn stays. "E": lines and rectangles go into an overlay above the image, in red; the same call twice
 /// takes one away. An overlay never reaches a file.

@@ -75,8 +75,9 @@ void WGrTextString(R4 fX, R4 fY, std::string_view sText) {
   const R8 dBaseline = 0.5 * (hLetters.hMetrics.ascent() - hLetters.hMetrics.descent());
   QTransform hTurn = QTransform::fromTranslate(hPlace.x(), hPlace.y());
   hTurn.rotate(hState.dAngle).scale(hLetters.dXScale, hLetters.dYScale);
-  hBackEnd->Write({sShown, Sans().hFont, hTurn.map(QPointF(dLeft, dBaseline)), hState.dAngle, hLetters.dXScale,
-                   hLetters.dYScale, hState.iColour, hDraw.hPlace.hArea.normalized()});
+  hBackEnd->Write({sShown, Sans().hFont, hTurn.map(QPointF(dLeft, dBaseline)), hState.iJustify,
+                   hTurn.map(QPointF(0.0, dBaseline)), hState.dAngle, hLetters.dXScale, hLetters.dYScale,
+                   hState.iColour, hDraw.hPlace.hArea.normalized()});
   Mark_Changed();
 }
 

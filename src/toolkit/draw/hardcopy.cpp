@@ -3,11 +3,12 @@
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
+#include <new>
 #include <optional>
 
 #include "platform/safe_file.h"
 #include "toolkit/draw/last_error.h"
-#include "toolkit/draw/private_draw.h"
+#include "toolkit/draw/private_state.h"
 
 namespace quillan {
 
@@ -20,9 +21,10 @@ constexpr R8 dScreenDots = 96.0;    // pixels of line width an inch
 constexpr R8 dPngDots = 400.0;
 constexpr R8 dMetafileUnits = 304.8;  // an inch: 120 a centimetre
 constexpr R8 dInch = 0.0254;          // m
-constexpr R8 dMinEm = 1.0;            // on paper small letters can be read
+constexpr R8 dMinEm = 1.0;            // in a metafile, which can be enlarged at will
+constexpr std::string_view sNoMemory = "Not enough memory";
 
-/// A picture that is being drawn, and the file that it goes to.
+/// A picture that is being drawn, and the file that it goes to. Without memory for its pixels nothing is drawn.
 struct OpenHardcopy {
   explicit OpenHardcopy(std::string_view sPath) : hFile(sPath) {}
   SafeFile hFile;
@@ -39,6 +41,12 @@ struct Hardcopy {
 };
 Hardcopy hHardcopy;
 
+/// The smallest letters of a PNG: as large beside the plot as those on the screen.
+R8 Png_Min_Em() {
+  const R8 dScreen = hDraw.hScreenSize.height();
+  return dScreen > 0.0 ? dMinScreenEm * hHardcopy.NHeight / dScreen : dMinEm;
+}
+
 Canvas Open_Png(OpenHardcopy& h) {
   h.hImage = QImage(hHardcopy.NWidth, hHardcopy.NHeight, QImage::Format_RGB32);
   h.hImage.setDotsPerMeterX(qRound(dPngDots / dInch));
@@ -46,7 +54,7 @@ Canvas Open_Png(OpenHardcopy& h) {
   h.hImage.fill(Qt::white);
   const R8 dPixel = dPngDots / dScreenDots;
   h.hPainter = New_Painter(h.hImage, dPixel);
-  return {h.hPainter.get(), QSizeF(h.hImage.size()), dPixel, dMinEm};
+  return {h.hPainter.get(), QSizeF(hHardcopy.NWidth, hHardcopy.NHeight), dPixel, Png_Min_Em()};
 }
 
 Canvas Open_Metafile(OpenHardcopy& h) {
@@ -55,19 +63,28 @@ Canvas Open_Metafile(OpenHardcopy& h) {
   return {&*h.hMetafile, hSize, dMetafileUnits / dScreenDots, dMinEm};
 }
 
+/// The whole file; blank when it could not be made.
 std::string File_Bytes(const OpenHardcopy& h) {
   if (h.hMetafile) return h.hMetafile->Bytes();
   QBuffer hBytes;
-  hBytes.open(QIODevice::WriteOnly);
-  h.hImage.save(&hBytes, "PNG");
+  if (h.hImage.isNull() || !hBytes.open(QIODevice::WriteOnly) || !h.hImage.save(&hBytes, "PNG")) return {};
   return hBytes.data().toStdString();
 }
 
-}  // namespace
-
-void toolkit::Drop_Hardcopy() {
-  hHardcopy.hOpen.reset();
+/// Ends the drawing and writes the file; the first step that failed fails it.
+HardCopyStatus Finish(OpenHardcopy& h) {
+  if (h.hFile.Has_Failed()) return {1, "open", h.hFile.Reason()};
+  if (h.hPainter && h.hImage.isNull()) return {1, "open", std::string(sNoMemory)};
+  if (const I4 iError = InfoError(); iError != iErrNone) return {1, "draw", WInfoErrorMessage(iError)};
+  const std::string sBytes = File_Bytes(h);
+  if (sBytes.empty()) return {1, "close", "The picture could not be encoded"};
+  h.hFile.Write(sBytes);
+  h.hFile.Commit();
+  if (h.hFile.Has_Failed()) return {1, "close", h.hFile.Reason()};
+  return {};
 }
+
+}  // namespace
 
 void IGrHardCopySelect(HardCopyDriver iDriver) {
   hHardcopy.iDriver = iDriver;
@@ -82,26 +99,34 @@ void IGrHardCopySize(I4 NWidth, I4 NHeight) {
 void IGrHardCopy(std::string_view sPath) {
   if (hHardcopy.hOpen) return Set_Error(iErrBadArgument);
   if (!QGuiApplication::instance()) return Set_Error(iErrNoWindow);  // there are no fonts
+  InqWintError("IGrHardCopy");                                       // an error from before is not the picture's
   hHardcopy.hOpen = std::make_unique<OpenHardcopy>(sPath);
   OpenHardcopy& h = *hHardcopy.hOpen;
-  // After a failure drawing goes into a picture that nobody sees.
-  if (h.hFile.Has_Failed()) Set_Error(iErrFile);
   Enter_Picture(hHardcopy.iDriver == HardCopyDriver::Png ? Open_Png(h) : Open_Metafile(h));
 }
 
-bool IGrHardCopyEnd() {
+HardCopyStatus IGrHardCopyEnd() {
   if (!hHardcopy.hOpen) {
     Set_Error(iErrBadArgument);
-    return false;
+    return {1, "open", "No picture is open"};
   }
   Leave_Picture();
-  SafeFile& hFile = hHardcopy.hOpen->hFile;
-  if (!hFile.Has_Failed()) hFile.Write(File_Bytes(*hHardcopy.hOpen));
-  hFile.Commit();
-  const bool bDone = !hFile.Has_Failed();
-  if (!bDone) Set_Error(iErrFile);
+  HardCopyStatus hStatus;
+  try {
+    hStatus = Finish(*hHardcopy.hOpen);
+  } catch (const std::bad_alloc&) {
+    hStatus = {1, "close", std::string(sNoMemory)};
+  }
+  if (hStatus.iError != 0) InfoError();  // the status says it
   hHardcopy.hOpen.reset();
-  return bDone;
+  return hStatus;
+}
+
+void IGrHardCopyDrop() {
+  if (!hHardcopy.hOpen) return;
+  hDraw.hCollected.hLine.clear();  // to draw them may be what there is no memory for
+  Leave_Picture();
+  hHardcopy.hOpen.reset();
 }
 
 }  // namespace quillan

@@ -5,6 +5,7 @@
 // when it is complete (SafeFile).
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "base/types.h"
@@ -18,9 +19,19 @@ void IGrHardCopySelect(HardCopyDriver iDriver);
 /// Size of the next hardcopy: pixels for PNG (at 400 dots an inch), device units for a metafile (120 a centimetre).
 void IGrHardCopySize(I4 NWidth, I4 NHeight);
 
-/// Opens a hardcopy; a failure sets the error status, and drawing then goes nowhere until IGrHardCopyEnd.
+/// Opens a hardcopy. Where it cannot be opened, IGrHardCopyEnd says so; what is drawn until then goes nowhere.
 void IGrHardCopy(std::string_view sPath);
-/// Closes it and puts the file in its place. False, with the error status iErrFile set, when the file is not there.
-[[nodiscard]] bool IGrHardCopyEnd();
+
+/// What became of a hardcopy.
+struct HardCopyStatus {
+  I4 iError = 0;           // 0: the file is in its place; 1: nothing was replaced
+  std::string_view sStep;  // which failed: "open", "draw", "close"
+  std::string sReason;     // in words
+};
+/// Closes it and puts the file in its place, if every step went well: opening, all that was drawn, encoding, writing.
+/// An error of drawing since it was opened is in the status, and no longer InfoError's.
+[[nodiscard]] HardCopyStatus IGrHardCopyEnd();
+/// Gives an open hardcopy up; nothing without one. Drawing goes to the screen again.
+void IGrHardCopyDrop();
 
 }  // namespace quillan

@@ -24,11 +24,12 @@ constexpr Word iSetTextAlign = 0x012E;
 constexpr Word iSetTextColour = 0x0209;
 constexpr Word iSetWindowOrg = 0x020B;
 constexpr Word iSetWindowExt = 0x020C;
+constexpr Word iLineTo = 0x0213;
+constexpr Word iMoveTo = 0x0214;
 constexpr Word iCreatePen = 0x02FA;
 constexpr Word iCreateFont = 0x02FB;
 constexpr Word iCreateBrush = 0x02FC;
 constexpr Word iPolygon = 0x0324;
-constexpr Word iPolyline = 0x0325;
 constexpr Word iIntersectClip = 0x0416;
 constexpr Word iEllipse = 0x0418;
 constexpr Word iTextOut = 0x0521;
@@ -37,7 +38,8 @@ constexpr Word iEndOfFile = 0x0000;
 constexpr Word iAnisotropic = 8;
 constexpr Word iTransparent = 1;
 constexpr Word iOpaque = 2;
-constexpr Word iAlignBaselineLeft = 24;
+// Which point of the baseline the place of a text is: its left end, middle or right end, as Justify has them.
+constexpr Word iAlignBaseline[] = {24, 30, 26};
 constexpr Word iPenSolid = 0;
 constexpr Word iPenNone = 5;
 constexpr Word iBrushSolid = 0;
@@ -48,7 +50,6 @@ constexpr Word iPlaceableKeyHigh = 0x9AC6;
 constexpr Word NHeaderWords = 9;
 constexpr Word iInMemory = 1;
 constexpr Word iVersion = 0x0300;
-constexpr std::size_t MPolyline = 8192;  // points; some readers stop at 16384
 constexpr std::size_t MObject = 0xFFFF;  // objects that a file can name
 
 constexpr int MText = 1024;  // characters of a text
@@ -91,7 +92,6 @@ Metafile::Metafile(I4 NXUnit, I4 NYUnit, I4 NUnitsAnInch) : NWidth(NXUnit), NHei
   Record(iSetMapMode, {iAnisotropic});
   Record(iSetWindowOrg, {0, 0});
   Record(iSetWindowExt, {static_cast<Word>(NHeight), static_cast<Word>(NWidth)});
-  Record(iSetTextAlign, {iAlignBaselineLeft});
 }
 
 void Metafile::Record(std::uint16_t iFunction, const Words& hParameter) {
@@ -131,26 +131,15 @@ void Metafile::Use_Fill(QRgb iColour) {
   Use_Background(iOpaque);
 }
 
+/// As moves and lines: some readers fill a polyline with the brush that is in use.
 void Metafile::Lines(std::span<const QLineF> hLine, const Pen& hPen) {
   const auto [iRedGreen, iBlue] = Colour_Words(hPen.iColour);
   Use(Kind::Pen, iCreatePen, {iPenSolid, Coordinate(std::max(hPen.dWidth, 1.0)), 0, iRedGreen, iBlue});
-  Words hPoint;
   for (const QLineF& h : hLine) {
-    const bool bContinues = &h != hLine.data() && (&h)[-1].p2() == h.p1() && hPoint.size() < 2 * MPolyline;
-    if (!bContinues) {
-      Polyline(hPoint);
-      hPoint = {Coordinate(h.x1()), Coordinate(h.y1())};
-    }
-    hPoint.insert(hPoint.end(), {Coordinate(h.x2()), Coordinate(h.y2())});
+    const bool bContinues = &h != hLine.data() && (&h)[-1].p2() == h.p1();
+    if (!bContinues) Record(iMoveTo, {Coordinate(h.y1()), Coordinate(h.x1())});
+    Record(iLineTo, {Coordinate(h.y2()), Coordinate(h.x2())});
   }
-  Polyline(hPoint);
-}
-
-void Metafile::Polyline(const Words& hPoint) {
-  if (hPoint.empty()) return;
-  Words hParameter{static_cast<Word>(hPoint.size() / 2)};
-  hParameter.insert(hParameter.end(), hPoint.begin(), hPoint.end());
-  Record(iPolyline, hParameter);
 }
 
 void Metafile::Fill(const QRectF& h, QRgb iColour) {
@@ -186,6 +175,12 @@ void Metafile::Use_Font(const Letters& h) {
   Use(Kind::Font, iCreateFont, hFont);
 }
 
+/// By the alignment of its own a text stands right also where a reader's letters are wider or narrower than ours.
+void Metafile::Use_Alignment(std::uint16_t iWanted) {
+  if (iWanted != iAlignment) Record(iSetTextAlign, {iWanted});
+  iAlignment = iWanted;
+}
+
 /// Text in the code page of the format, as one piece: readers cut a text that comes with the place of each character.
 void Metafile::Text_Out(const Letters& h) {
   const auto [iRedGreen, iBlue] = Colour_Words(h.iColour);
@@ -193,15 +188,16 @@ void Metafile::Text_Out(const Letters& h) {
   const QByteArray sBytes = h.sText.left(MText).toLatin1();
   Words hParameter{static_cast<Word>(sBytes.size())};
   Add_Bytes(hParameter, {sBytes.data(), static_cast<std::size_t>(sBytes.size())});
-  hParameter.insert(hParameter.end(), {Coordinate(h.hStart.y()), Coordinate(h.hStart.x())});
+  hParameter.insert(hParameter.end(), {Coordinate(h.hAnchor.y()), Coordinate(h.hAnchor.x())});
   Record(iTextOut, hParameter);
 }
 
 void Metafile::Write(const Letters& h) {
-  const bool bOutside = std::abs(h.hStart.x()) > dMaxCoordinate || std::abs(h.hStart.y()) > dMaxCoordinate;
+  const bool bOutside = std::abs(h.hAnchor.x()) > dMaxCoordinate || std::abs(h.hAnchor.y()) > dMaxCoordinate;
   if (h.sText.isEmpty() || bOutside) return;
   Use_Font(h);
   Use_Background(iTransparent);
+  Use_Alignment(iAlignBaseline[static_cast<std::size_t>(h.iJustify)]);
   if (h.hClip.contains(QRectF(0.0, 0.0, NWidth, NHeight))) return Text_Out(h);
   Record(iSaveDC, {});
   Record(iIntersectClip, {Coordinate(h.hClip.bottom()), Coordinate(h.hClip.right()), Coordinate(h.hClip.top()),

@@ -90,6 +90,7 @@ void Painter::Fill(const QRectF& hRectangle, QRgb iNew) {
 
 void Painter::Write(const Letters& hLetters) {
   Flush();
+  if (hImage.isNull()) return;  // there was no memory for it
   QPainter hPainter(&hImage);
   hPainter.setRenderHint(QPainter::TextAntialiasing);
   hPainter.setFont(hLetters.hFont);

@@ -97,6 +97,10 @@ void IPgMarker(R4 fX, R4 fY, I4 iMarker) {
   IGrMarker(hPlot.X.To_Gr(R8{fX}), hPlot.Y.To_Gr(R8{fY}), iMarker);
 }
 
+void IPgDisc(R4 fX, R4 fY, R4 fPixels) {
+  IGrDisc(hPlot.X.To_Gr(R8{fX}), hPlot.Y.To_Gr(R8{fY}), fPixels);
+}
+
 GrPoint IPgUnitsToGrUnits(R4 fXPg, R4 fYPg) {
   return {hPlot.X.To_Gr(R8{fXPg}), hPlot.Y.To_Gr(R8{fYPg})};
 }

@@ -51,6 +51,8 @@ void IPgYUserScale(std::span<const R4> fYTick, std::span<const std::string> sYTi
 /// A line and a marker in plot units, clipped; with the state of draw.h.
 void IPgJoin2(R4 fX1, R4 fY1, R4 fX2, R4 fY2);
 void IPgMarker(R4 fX, R4 fY, I4 iMarker);
+/// A disc of a diameter in pixels.
+void IPgDisc(R4 fX, R4 fY, R4 fPixels);
 
 /// Between plot units and graphics units. On a logarithmic axis a value at or below 0 gives not-a-number.
 [[nodiscard]] GrPoint IPgUnitsToGrUnits(R4 fXPg, R4 fYPg);

@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "base/types.h"
+#include "toolkit/draw/draw.h"
 
 class QImage;
 class QPainter;
@@ -57,8 +58,10 @@ inline constexpr int NFontPixels = 100;  // em of the font that all text is scal
 struct Letters {
   QString sText;
   QFont hFont;
-  QPointF hStart;  // left end of the baseline
-  R8 dAngle;       // degrees clockwise
+  QPointF hStart;    // left end of the baseline
+  Justify iJustify;  // which point of the text hAnchor is
+  QPointF hAnchor;   // left end, middle or right end of the baseline
+  R8 dAngle;         // degrees clockwise
   R8 dXScale, dYScale;
   QRgb iColour;
   QRectF hClip;  // the area in use
@@ -102,8 +105,8 @@ class Metafile : public BackEnd {
   void Use(Kind iKind, std::uint16_t iFunction, const Words& hParameter);
   void Use_Fill(QRgb iColour);
   void Use_Background(std::uint16_t iMode);
-  void Polyline(const Words& hPoint);
   void Use_Font(const Letters& hLetters);
+  void Use_Alignment(std::uint16_t iWanted);
   void Text_Out(const Letters& hLetters);
 
   I4 NWidth, NHeight, NInch;
@@ -112,7 +115,8 @@ class Metafile : public BackEnd {
   // Pens, brushes and fonts that were made, by function and parameters of their records, and their numbers.
   std::map<std::pair<std::uint16_t, Words>, std::uint16_t> hObject;
   std::map<Kind, std::uint16_t> hSelected;
-  std::uint16_t iBackground = 0;  // mode that was set last
+  std::uint16_t iBackground = 0;  // modes that were set last
+  std::uint16_t iAlignment = 0;
 };
 
 /// Whether a point lies in a rectangle or on its edge (line_cut.cpp).
@@ -145,7 +149,5 @@ struct Canvas {
 /// Lets all drawing go into another picture until Leave_Picture, which gives the screen and its graphics state back.
 void Enter_Picture(const Canvas& hPicture);
 void Leave_Picture();
-/// Gives up an open hardcopy (hardcopy.cpp).
-void Drop_Hardcopy();
 
 }  // namespace quillan::toolkit

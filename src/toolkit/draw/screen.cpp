@@ -1,6 +1,7 @@
 // The backing image of the drawing area, and the change to another picture and back.
 #include <QPainter>
 
+#include "toolkit/draw/hardcopy.h"
 #include "toolkit/draw/private_state.h"
 
 namespace quillan {
@@ -58,7 +59,7 @@ void toolkit::Resize_Backing_Image() {
 }
 
 void toolkit::Drop_Backing_Image() {
-  Drop_Hardcopy();
+  IGrHardCopyDrop();
   Clear_Overlay();
   hDraw = {};
 }

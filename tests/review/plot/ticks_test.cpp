@@ -61,6 +61,12 @@ TEST(SignedLogTicks, ATinyZoomGetsTidySteps) {
   EXPECT_EQ(Texts(30500.0f, 31500.0f, 0.1f), "3.06E+04 3.08E+04 3.10E+04 3.12E+04 3.14E+04");
 }
 
+TEST(SignedLogTicks, ZeroComesFirstWhereTextsAreGivenRoom) {
+  const auto Of = [](R4 fLow) { return Zero_First(Asinh10_Ticks(fLow, 2.5f, 1.0f, 32)).sYTick; };
+  EXPECT_EQ(Of(-2.5f), (std::vector<std::string>{"0", "-100", "-10", "-1", "1", "10", "100"}));
+  EXPECT_EQ(Of(0.1f).front(), "1") << "an axis without a zero";
+}
+
 TEST(SignedLogTicks, HostileRangesEnd) {
   const R4 fInf = std::numeric_limits<R4>::infinity();
   for (const R4 fYPscl : {0.0f, 1.0E-38f, 1.0E30f, fInf, std::nanf("")}) {
