@@ -64,7 +64,7 @@ I4 Read_Lines(const std::string& sMdeFile) {
   LogText(sMdeFile);
   RecordReader in(sMdeFile, MMdeRecord);
   if (!in.Is_Open()) {
-    LogErr({"ERROR while trying to open ", sMdeFile});
+    LogErr({"ERROR while trying to open ", sMdeFile, in.Reason()});
     return 1;
   }
   Fld_Begin_File();
@@ -173,7 +173,7 @@ I4 MDE_Rewrite(std::string_view sMdeFile) {
   RecordReader in(sPath, MMdeUpdate);
   TextWriter out(sPath);
   if ((bExists && !in.Is_Open()) || out.Has_Failed()) {
-    return Report_Failure("ERROR while trying to open ", sPath, out.Reason());
+    return Report_Failure("ERROR while trying to open ", sPath, out.Has_Failed() ? out.Reason() : in.Reason());
   }
   for (const MdEntry& hOne : hEntry) out.Line(MD_Entry_Line(hOne));
   if (Carry_Over(in, sPath, out) != 0) return 1;
