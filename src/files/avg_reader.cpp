@@ -81,7 +81,7 @@ void Take_Metadata(std::string_view sLine, I4 iRecord) {
   if (K != std::string::npos) sPlain.replace(K, sLegacyMark.size(), sLegacyMark.size(), ' ');
   const bool bForeign = MDP_from_MDE(iRecord, sPlain, iPriorityData).bForeign;
   if (!bForeign || hAvgKept.NAvgMde >= MAvgMde) return;
-  // In the next file, which is no legacy file, the mark at the head would make another program's line of it.
+  // The next file is no legacy file, and has no mark at the head of its lines.
   const bool bMarked = K != std::string::npos && Trimmed(sLine.substr(0, K)) == "$";
   hAvgKept.sAvgMde(++hAvgKept.NAvgMde) = bMarked ? std::string_view(sPlain) : sLine;
 }

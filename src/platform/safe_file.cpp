@@ -130,8 +130,13 @@ void SafeFile::Write(std::string_view sBytes) {
 void SafeFile::Commit() {
   if (iHandle < 0) return;
   if (!Sys_Flush(iHandle)) return Fail(errno);
+  const int iGuard = Sys_Duplicate(iHandle);  // until it has its name, the file is not to be taken for a left one
   Close();
-  if (Has_Failed()) return;
+  if (!Has_Failed()) Rename();
+  if (iGuard >= 0) Sys_Close(iGuard);
+}
+
+void SafeFile::Rename() {
   if (!Sys_Replace(sTemporary, sTarget)) return Fail(errno);
   sTemporary.clear();
 }

@@ -39,6 +39,7 @@ class SafeFile {
   void Find_Target(std::string_view sPath);
   void Open_Temporary();
   void Close();
+  void Rename();
   void Fail(I4 iSystemError);
   void Discard();
 

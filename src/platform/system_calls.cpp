@@ -52,6 +52,10 @@ int Sys_Open_New(const std::string& sPath, I4 iMode) {
   return ::_open(sPath.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, iMode & _S_IWRITE);
 }
 
+int Sys_Duplicate(int) {
+  return -1;  // a file that is open twice could not be renamed
+}
+
 void Sys_Remove_Left_Over(const std::string& sPath) {
   std::remove(sPath.c_str());  // the system removes no file that is open
 }
@@ -116,6 +120,10 @@ int Sys_Open_New(const std::string& sPath, I4 iMode) {
   ::close(iHandle);
   errno = EEXIST;
   return -1;
+}
+
+int Sys_Duplicate(int iHandle) {
+  return ::fcntl(iHandle, F_DUPFD_CLOEXEC, 0);
 }
 
 void Sys_Remove_Left_Over(const std::string& sPath) {

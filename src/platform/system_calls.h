@@ -18,6 +18,8 @@ int Sys_Open_New(const std::string& sPath, I4 iMode);
 /// Removes a file that Sys_Open_New made in a process that runs no more. One that is open stays, and so does one on a
 /// file system that cannot tell.
 void Sys_Remove_Left_Over(const std::string& sPath);
+/// A second handle of an open file; -1 where the system gives none.
+int Sys_Duplicate(int iHandle);
 bool Sys_Close(int iHandle);
 
 /// What was opened; neither kind where the system does not say.
