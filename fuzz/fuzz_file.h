@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -54,11 +53,6 @@ inline std::string Fuzz_File(std::string_view sBytes) {
 }
 inline std::string Fuzz_File(const std::uint8_t* hData, std::size_t NData) {
   return Fuzz_File({reinterpret_cast<const char*>(hData), NData});
-}
-
-inline std::string Bytes_of(const std::string& sPath) {
-  std::ifstream in(sPath, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 }  // namespace quillan

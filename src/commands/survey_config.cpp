@@ -100,6 +100,7 @@ void Put_TxwFile(const Survey& h) {
 
 void Put_Fields(const SurveyConfig& hConfig, ShownLengths& hShown) {
   Form_Put(hSurveyRow, hConfig.hSurvey);
+  WDialogRefuseZero(iFldStnKvrInc);  // station numbers are divided by it
   Form_Put(hLoopRow, hConfig.hSurvey);
   Put_Transmitter(hConfig.hSurvey, hShown);
   Put_TxwFile(hConfig.hSurvey);

@@ -21,6 +21,7 @@ namespace quillan {
 
 inline constexpr I4 iSkipInUse = 2;  // what a skip column holds
 inline constexpr I4 iSkipOut = 1;
+inline constexpr std::size_t NLegacyCmp = 2;  // characters of a component in the legacy format: "Re" for "Ref"
 
 /// What a column holds.
 enum class AvgContent {

@@ -44,6 +44,12 @@ std::string Value_or_Mark(const Transient& h, I4 I, const AvgColumn& hColumn) {
   return std::string(form.iKind == EditKind::Fixed ? sValue : Left_Adjusted(sValue));
 }
 
+/// Two characters, which the reader completes. A blank one needs a mark, else the columns after it would move.
+std::string Short_Component(I4 iRxCmp) {
+  const std::string_view sCmp = Held_Entry(sChnCmp, iRxCmp);
+  return sCmp.empty() ? " *" : " " + std::string(sCmp.substr(0, NLegacyCmp));
+}
+
 std::string Field(const Transient& h, I4 I, const AvgColumn& hColumn) {
   const EditForm& form = hColumn.hLegacy.form;
   switch (hColumn.iContent) {
@@ -52,7 +58,7 @@ std::string Field(const Transient& h, I4 I, const AvgColumn& hColumn) {
     case AvgContent::RxStation: return Str_Write_R8(h.dRxKvrStn, form).str();
     case AvgContent::Frequency: return Str_Write_R4(h.fTxFreq, form).str();
     case AvgContent::Current: return Str_Write_R4(h.fTxAmp, form).str();
-    case AvgContent::Component: return " " + std::string(Held_Entry(sChnCmp, h.iRxCmp).substr(0, 2));
+    case AvgContent::Component: return Short_Component(h.iRxCmp);
     case AvgContent::Index: return (I < 10 ? "  " : " ") + Str_Write_I4(I).str();
     default: return form == EditForm{} ? AVG_Write_TWC0((h.*hColumn.hValue)(I)) : Value_or_Mark(h, I, hColumn);
   }
@@ -107,7 +113,7 @@ I4 AVG_Write0(std::string_view sFile) {
   Write_Transients(out);
   out.Commit();
   if (AVG_Report_Write(out, "writing", sFile) != 0) return 1;
-  LogText(Str_Write_I4(NTrn).str() + " transients written to" + std::string(File_Name(sFile)));
+  LogText(Str_Write_I4(NTrn).str() + " transients written to " + std::string(File_Name(sFile)));
   return 0;
 }
 

@@ -72,13 +72,18 @@ LineKind Kind_of(std::string_view sLine) {
   return sLine[0] >= 'A' && sLine[0] <= 'z' ? LineKind::Labels : LineKind::Row;
 }
 
+constexpr std::string_view sLegacyMark = "TEM:";  // legacy files mark their lines so
+
 void Take_Metadata(std::string_view sLine, I4 iRecord) {
   hAvgRead.bNewMD = true;
-  const auto K = sLine.find("TEM:");  // legacy files mark their lines so
-  const bool bForeign = K == std::string_view::npos
-                            ? MDP_from_MDE(iRecord, sLine, iPriorityData).bForeign
-                            : MDP_from_MDE(iRecord, std::string(sLine).replace(K, 4, 4, ' '), iPriorityData).bForeign;
-  if (bForeign && hAvgKept.NAvgMde < MAvgMde) hAvgKept.sAvgMde(++hAvgKept.NAvgMde) = sLine;
+  std::string sPlain(sLine);
+  const auto K = sPlain.find(sLegacyMark);
+  if (K != std::string::npos) sPlain.replace(K, sLegacyMark.size(), sLegacyMark.size(), ' ');
+  const bool bForeign = MDP_from_MDE(iRecord, sPlain, iPriorityData).bForeign;
+  if (!bForeign || hAvgKept.NAvgMde >= MAvgMde) return;
+  // The next file is no legacy file, and has no mark at the head of its lines.
+  const bool bMarked = K != std::string::npos && Trimmed(sLine.substr(0, K)) == "$";
+  hAvgKept.sAvgMde(++hAvgKept.NAvgMde) = bMarked ? std::string_view(sPlain) : sLine;
 }
 
 /// Comments of the user go into the next file; those that our writers make do not pile up from file to file.
@@ -223,9 +228,14 @@ bool Begins_Transient(const AvgRow& hRow, AvgReadState& hRead) {
 }
 
 I4 Component_of(std::string_view sRxCmp) {
+  if (sRxCmp == "*") return iCmpNone;
+  const std::string CRxCmp = Str_UpCase(sRxCmp);
+  for (I4 iRxCmp = 1; iRxCmp < iCmpNone; ++iRxCmp) {
+    if (CRxCmp == CChnCmp(iRxCmp).substr(0, NLegacyCmp)) return iRxCmp;
+  }
   I4 iRxCmp = iCmpHz;
   // A blank leaves Hz in place; every other word is a component or the blank one.
-  static_cast<void>(Str_to_iEnumeration(Str_UpCase(sRxCmp), "EM.Cmp", CChnCmp, iRxCmp));
+  static_cast<void>(Str_to_iEnumeration(CRxCmp, "EM.Cmp", CChnCmp, iRxCmp));
   return iRxCmp;
 }
 
@@ -328,12 +338,18 @@ void Forget_Last_File() {
   Fld_Begin_File();
 }
 
+/// Returns 1. That there is no file is the caller's to tell: it knows who asked for it.
+I4 Report_Not_Open(const RecordReader& in, std::string_view sFile) {
+  if (!in.Is_Missing()) LogErr({"ERROR opening file " + std::string(sFile), in.Reason()});
+  return 1;
+}
+
 }  // namespace
 
 I4 AVG_Read(std::string_view sFile) {
   Forget_Last_File();
   RecordReader in(sFile, MAvgRecord);
-  if (!in.Is_Open()) return 1;  // the caller tells the user
+  if (!in.Is_Open()) return Report_Not_Open(in, sFile);
   LogText("");
   LogText("Reading TEM data from file " + std::string(File_Name(sFile)));
   LogText(sFile);

@@ -188,34 +188,43 @@ void Write_Header(TextWriter& out) {
   for (I4 I = 1; I <= hAvgKept.NAvgMde; ++I) out.Line(hAvgKept.sAvgMde(I).trimmed());
 }
 
-/// Returns the status of the last block alone: callers take a file whose last transient is complete for a good one.
-I4 Write_Transients(TextWriter& out) {
+void Write_Transients(TextWriter& out) {
   const std::vector<const AvgColumn*> hChosen = Choose_Columns();
   const std::string sLabels = Label_Line(hChosen);
-  I4 iError = 0;
   for (I4 j = 1; j <= NTrn; ++j) {
     const Transient& h = hTrn(j);
-    iError = AVG_Write_TEM_Trns_MD(h, out);
+    AVG_Write_TEM_Trns_MD(h, out);
     out.Line(sLabels);
     for (I4 I = 1; I <= h.NTW; ++I) Write_Row(h, I, hChosen, out);
   }
-  return iError;
+}
+
+/// Station numbers are divided by the recorded increment: without one a file would hold rows that nobody can place, so
+/// none is written. Returns 0; 1 when there is none, which is reported.
+I4 Check_Station_Scale(std::string_view sFile) {
+  const R8 dStnKvrInc = std::abs(hTemSurvey.dStnKvrInc);
+  if (dStnKvrInc >= dStnIncLeast) return 0;
+  LogErr({"AVG_Write.ERROR: " + std::string(File_Name(sFile)) + " is not written,",
+          "ABS(Stn.KvrInc) = " + Plain(dStnKvrInc, "ES10.4") + " < 1.0E-20",
+          "The data are not saved; give a recorded station increment and choose Save again."});
+  return 1;
 }
 
 }  // namespace
 
 I4 AVG_Write(std::string_view sFile) {
   if (AVG_Begin_Write("AVG_Write", sFile, "Writing header block.") != 0) return 1;
+  if (Check_Station_Scale(sFile) != 0) return 1;
   TextWriter out(sFile);
   if (AVG_Report_Write(out, "opening", sFile) != 0) return 1;
 
   Write_Header(out);
-  const I4 iError = Write_Transients(out);
+  Write_Transients(out);
   out.Commit();
   if (AVG_Report_Write(out, "writing", sFile) != 0) return 1;
   LogText(Str_Write_I4(NTrn).str() + " transients written to");
   LogText(File_Name(sFile));
-  return iError;
+  return 0;
 }
 
 void AVG_Write_TEM_Line_MD(TextWriter& out) {
@@ -225,12 +234,7 @@ void AVG_Write_TEM_Line_MD(TextWriter& out) {
   for (const MdEntry& h : hEntry) out.Line(MD_Entry_Line(h));
 }
 
-I4 AVG_Write_TEM_Trns_MD(const Transient& hTrnsK, TextWriter& out) {
-  const R8 dStnKvrInc = std::abs(hTemSurvey.dStnKvrInc);
-  if (dStnKvrInc < dStnIncLeast) {
-    LogErr({"AVG_Write_TEM_Trns_MD.ERROR:", "ABS(Stn.KvrInc)=" + Plain(dStnKvrInc, "ES12.4") + " < 1.0E-20"});
-    return 1;
-  }
+void AVG_Write_TEM_Trns_MD(const Transient& hTrnsK, TextWriter& out) {
   const StationScale Rescaled = Stn_Scale();
   out.Line(" ");
   Block block{out};
@@ -238,7 +242,6 @@ I4 AVG_Write_TEM_Trns_MD(const Transient& hTrnsK, TextWriter& out) {
   Write_Tx(hTrnsK, Rescaled, block);
   Write_Rx(hTrnsK, Rescaled, block);
   Write_Delays(hTrnsK, block);
-  return 0;
 }
 
 std::string AVG_Signature() {

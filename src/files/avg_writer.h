@@ -25,16 +25,16 @@
 
 namespace quillan {
 
-/// Writes the store, which Prepare_Output has made ready. Returns 0; 1 when the store is empty, the file could not be
-/// written (the file of before is then whole) or the last transient has no metadata block; each is reported.
+/// Writes the store, which Prepare_Output has made ready. Returns 0; 1 when the store is empty, the survey has no
+/// recorded station increment to scale stations by, or the file could not be written; each is reported, and the file of
+/// before is then whole.
 [[nodiscard]] I4 AVG_Write(std::string_view sFile);
 
 /// The survey's block: one "$ name = value" line a record.
 void AVG_Write_TEM_Line_MD(TextWriter& out);
 
-/// The metadata block of one transient. Returns 0; 1 when the survey has no station increment, which is reported:
-/// nothing is written then.
-[[nodiscard]] I4 AVG_Write_TEM_Trns_MD(const Transient& hTrnsK, TextWriter& out);
+/// The metadata block of one transient. The survey's recorded station increment must not be 0.
+void AVG_Write_TEM_Trns_MD(const Transient& hTrnsK, TextWriter& out);
 
 // What both writers of averaged files share.
 

@@ -65,7 +65,7 @@ I4 Read_Lines(const std::string& sMdeFile) {
   LogText(sMdeFile);
   RecordReader in(sMdeFile, MMdeRecord);
   if (!in.Is_Open()) {
-    LogErr({"ERROR while trying to open ", sMdeFile});
+    LogErr({"ERROR while trying to open ", sMdeFile, in.Reason()});
     return 1;
   }
   Fld_Begin_File();
@@ -166,7 +166,8 @@ I4 MDE_Rewrite(std::string_view sMdeFile) {
   RecordReader in(sPath, MMdeUpdate);
   TextWriter out(sPath);
   if ((bExists && !in.Is_Open()) || out.Has_Failed()) {
-    return Report_Not_Saved({"ERROR while trying to open ", sPath}, sPath, out.Reason());
+    const std::string sReason = out.Has_Failed() ? out.Reason() : in.Reason();
+    return Report_Not_Saved({"ERROR while trying to open ", sPath}, sPath, sReason);
   }
   for (const MdEntry& hOne : hEntry) out.Line(MD_Entry_Line(hOne));
   if (Carry_Over(in, sPath, out) != 0) return 1;

@@ -210,7 +210,7 @@ I4 Txw_Read(std::string& sTxwFile, L4 bAuto) {
   if (!Locate(sTxwFile, bAuto)) return 1;
   RecordReader in(sTxwFile, MTxwRecord);
   if (!in.Is_Open()) {
-    Report(bAuto, {"Txw_Read.ERROR: unable to open", sTxwFile});
+    Report(bAuto, {"Txw_Read.ERROR: unable to open", sTxwFile, in.Reason()});
     return 1;
   }
 

@@ -24,6 +24,10 @@ class RecordReader {
 
   /// False when there is no such file, it is no regular file, or it may not be read.
   bool Is_Open() const { return hFile.Is_Open(); }
+  /// Whether there is no such file.
+  bool Is_Missing() const { return hFile.Is_Missing(); }
+  /// Why it is not open or reading stopped, in words: "Permission denied".
+  std::string Reason() const { return hFile.Reason(); }
 
   /// Takes the next record; false at the end of the file or after a read error.
   bool Next();

@@ -10,7 +10,7 @@ using Ch = ChGroup;
 
 constexpr MdLimits hStation{-9.9E9, 9.9E9};
 constexpr MdLimits hSerial{0, 2147483647.0};
-constexpr MdLimits hChannels{1, MXChn, "{name} = {value} <{low} or >{high}"};
+constexpr MdLimits hChannels{1, MXChn, "{name} = {value} < {low} or > {high}"};
 constexpr MdLimits hArea{1.0E-6, 9.9E9};
 constexpr MdLimits hLength{0, 9.9E9};
 constexpr MdLimits hBearing{-360, 360};

@@ -60,7 +60,7 @@ std::string Complete_Time(std::string_view sField) {
 I4 Read_Time_Offset(const MdRecord& hRecord, GpsGroup& hGps) {
   if (!MD_Passes(hRecord, hGps.lTimeOffset)) return 0;
   const std::string sTime = Complete_Time(hRecord.sField(1));
-  return MD_Take_Value(hRecord, sTime, "Gps.LocalTimeOffset", hOffsetRule, hGps.dTimeOffset, hGps.NErrTimeOffset);
+  return MD_Take_Value(hRecord, sTime, hRecord.sName, hOffsetRule, hGps.dTimeOffset, hGps.NErrTimeOffset);
 }
 
 // clang-format off

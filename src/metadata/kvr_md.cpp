@@ -14,7 +14,7 @@ constexpr MdLimits hBattery{0, 20, "{name} = {value} <= 0 or > {high} volts", Md
 constexpr MdLimits hAmps{0, 100, "{name} = {value} < 0 or > {high} amp"};
 constexpr MdLimits hCelsius{-100, 100, "{name} = {value} < {low} or > {high} deg C"};
 constexpr MdLimits hPercent{0, 100, "{name} = {value} < {low} or > {high} %"};
-constexpr MdLimits hCards{1, MXChn, "{name} = {value} < 1 or >{high}"};
+constexpr MdLimits hCards{1, MXChn, "{name} = {value} < 1 or > {high}"};
 constexpr MdLimits hBox{0, 2147483647.0};
 constexpr MdLimits hChn{0, MXChn};
 constexpr MdLimits hBlock{0, 1.0E32, "{name} = {value} <= 0 or > {high}", MdTest::AboveLow};

@@ -26,16 +26,18 @@ bool Holds(std::string_view sText, std::string_view sWord) {
 
 }  // namespace
 
-I4 MD_Vertex_Index(const MdRecord& hRecord, std::string_view sHead, std::string_view sIndex, I4 MVertex, I4& iVertex) {
+I4 MD_Vertex_Index(const MdRecord& hRecord, std::string_view sHead, std::string_view sIndex, I4 MVertex, I4& iVertex,
+                   I4& NWarn) {
   const std::string sWarning = std::string(sHead) + ".WARNING: ";
   const I4 iStatus = Str_to_I4Index(hRecord.CKeyword, iVertex);
   if (iStatus != 0) {
-    LogErr({sWarning + "unable to read " + std::string(sIndex) + " from ", std::string(hRecord.sName)});
+    MD_Warn({sWarning + "unable to read " + std::string(sIndex) + " from ", std::string(hRecord.sName)}, NWarn);
     return iStatus;
   }
   if (iVertex >= 0 && iVertex <= MVertex) return 0;
-  LogErr({sWarning + "out-of-range index value in ", std::string(hRecord.sName),
-          "Index=" + MD_Number(iVertex) + " <0 or >" + MD_Number(MVertex)});
+  MD_Warn({sWarning + "out-of-range index value in ", std::string(hRecord.sName),
+           "Index = " + MD_Number(iVertex) + " < 0 or > " + MD_Number(MVertex)},
+          NWarn);
   return 1;
 }
 

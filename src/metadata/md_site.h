@@ -37,9 +37,9 @@ constexpr Array2<R8, 3, 0, MVertex> Unset_Local_Vertices() {
 }
 
 /// The index in a vertex keyword ("XYZ2": 2). sHead, sIndex: "Tx_MD_READ" and "index value", as reports name them.
-/// Returns 0; -1 when the keyword has no index, 1 when it lies beyond 0..MVertex, with a report.
+/// Returns 0; -1 when the keyword has no index, 1 when it lies beyond 0..MVertex, with a report that NWarn counts.
 [[nodiscard]] I4 MD_Vertex_Index(const MdRecord& hRecord, std::string_view sHead, std::string_view sIndex, I4 MVertex,
-                                 I4& iVertex);
+                                 I4& iVertex, I4& NWarn);
 
 /// Reads one point, x:y:z or x, y, z, into the leading elements of an array of three. It gates by lPoint. Returns the
 /// status of the record.

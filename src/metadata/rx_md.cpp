@@ -40,7 +40,7 @@ constexpr MdRule hVertexRule{
 /// A vertex is replaced for all channels: what the record does not give becomes 0.
 I4 Take_Vertex(const MdRecord& hRecord, const RxVertexTarget& hTo, std::string_view sIndex) {
   I4 iVertex = 0;
-  const I4 iStatus = MD_Vertex_Index(hRecord, "Rx_MD_READ", sIndex, MRxXYZ, iVertex);
+  const I4 iStatus = MD_Vertex_Index(hRecord, "Rx_MD_READ", sIndex, MRxXYZ, iVertex, hTo.NWarn);
   if (iStatus != 0 || !MD_Passes(hRecord, hTo.lVertex(iVertex))) return iStatus;
   hTo.NLast = iVertex;
   hTo.NChn(iVertex) = MD_Channels_of_Points(hRecord);

@@ -18,7 +18,7 @@ constexpr MdLimits hSide{0.01, 9.9E9, "{name} = {value} < {low} or > {high} m"};
 constexpr MdLimits hArea{1.0E-6, 1.0E20, "{name} = {value} <= {low} or > {high} m^2", MdTest::AboveLow};
 // Above a megohm a sense resistor is worth a look, but some files state an open circuit as 1.0E12, and it must stay.
 constexpr MdLimits hSense{.dLow = 1.0E-6, .dHigh = 1.0E12, .dTestHigh = 1.0E6};
-constexpr MdLimits hWaveform{4, dMostI4, "{name} = {value} < 4 or >{high}"};
+constexpr MdLimits hWaveform{4, dMostI4, "{name} = {value} < 4 or > {high}"};
 constexpr MdLimits hMicroseconds{0, 10000};
 
 // Corners.
@@ -33,7 +33,7 @@ struct TxVertices {
 /// A corner is replaced as a whole: a coordinate that the record does not give becomes 0.
 I4 Take_Vertex(const MdRecord& hRecord, const TxVertices& hTo, const MdLimits& hLimits) {
   I4 iVertex = 0;
-  const I4 iStatus = MD_Vertex_Index(hRecord, "Tx_MD_READ", "index value", MTxXYZ, iVertex);
+  const I4 iStatus = MD_Vertex_Index(hRecord, "Tx_MD_READ", "index value", MTxXYZ, iVertex, hTo.NWarn);
   if (iStatus != 0 || !MD_Passes(hRecord, hTo.lVertex(iVertex))) return iStatus;
   hTo.NLast = iVertex;
   Array1<R8, 3>& dPoint = hTo.dVertex.hColumn(iVertex);

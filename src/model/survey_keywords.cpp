@@ -26,6 +26,8 @@ struct Homes {
   Value* hSurvey;
   Value* hGroup;
 };
+template <class Value>
+Homes(Value*, Value*) -> Homes<Value>;  // which not every compiler finds for itself
 
 using KeywordHomes = std::variant<Homes<Text<128>>, Homes<Text<16>>, Homes<I4>, Homes<R4>, Homes<R8>,
                                   Homes<Array1<R4, 2>>, Homes<Array1<R4, 3>>, Homes<Array1<R8, 3>>>;

@@ -155,7 +155,7 @@ I4 Txw_Get_Length(const WireLoop& hTxwJ, R4 fXazm, Array1<R4, 2>& fTxLength) {
   }
   if (!(std::abs(fXazm) <= fAzimuthMax)) {
     Report({"Txw_Get_Length.ERROR:",
-            "input X azimuth =" + Str_Write_R4(fXazm, "(F0.1)").str() + " < 360 or > 360 degrees"});
+            "input X azimuth = " + Str_Write_R4(fXazm, "(F0.1)").str() + " < 360 or > 360 degrees"});
     return 1;
   }
 

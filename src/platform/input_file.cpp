@@ -1,7 +1,6 @@
 #include "platform/input_file.h"
 
 #include <cerrno>
-#include <string>
 #include <utility>
 
 #include "platform/system_calls.h"
@@ -23,6 +22,14 @@ InputFile::InputFile(std::string_view sPath) {
 
 InputFile::~InputFile() {
   if (Is_Open()) Sys_Close(iHandle);
+}
+
+std::string InputFile::Reason() const {
+  return Sys_Reason(iOSError);
+}
+
+bool InputFile::Is_Missing() const {
+  return iOSError == ENOENT;
 }
 
 I8 InputFile::Read(char* sBytes, std::size_t NBytes) {

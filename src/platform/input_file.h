@@ -1,6 +1,7 @@
 // input_file.h: a regular file, read in blocks.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "base/types.h"
@@ -18,6 +19,10 @@ class InputFile {
   bool Is_Open() const { return iHandle >= 0; }
   /// The system's error number, 0 where nothing failed.
   I4 OSError() const { return iOSError; }
+  /// The same in words: "Permission denied".
+  std::string Reason() const;
+  /// Whether there is no such file at all.
+  bool Is_Missing() const;
   /// Permissions.
   I4 Mode() const { return iMode; }
 

@@ -7,6 +7,7 @@
 #include <memory>
 #include <random>
 #include <utility>
+#include <vector>
 
 #include "base/text.h"
 #include "platform/input_file.h"
@@ -40,14 +41,38 @@ std::string Follow_Links(std::string_view sPath, I4& iOSError) {
   return {};
 }
 
-/// ".NAME.XXXXXX" in the target's folder, the last part by chance.
-std::string Temporary_Name(const std::string& sTarget, std::minstd_rand& hChance) {
-  constexpr std::string_view sLetters = "abcdefghijklmnopqrstuvwxyz0123456789";
-  const fs::path hTarget(sTarget);
-  std::string sName = ".";
-  sName.append(Cut_Text(hTarget.filename().string(), MNamePart)).append(".");
-  for (I4 N = 0; N < 6; ++N) sName += sLetters[hChance() % sLetters.size()];
+// The name of a temporary file is ".NAME.quillan-XXXXXX", the last part by chance. A user's own hidden copy of a file
+// has no such name.
+constexpr std::string_view sMark = ".quillan-";
+constexpr std::string_view sLetters = "abcdefghijklmnopqrstuvwxyz0123456789";
+constexpr std::size_t NLetter = 6;
+
+std::string Temporary_Head(const fs::path& hTarget) {
+  return std::string(".").append(Cut_Text(hTarget.filename().string(), MNamePart)).append(sMark);
+}
+
+/// A name in the target's folder.
+std::string Temporary_Name(const fs::path& hTarget, std::minstd_rand& hChance) {
+  std::string sName = Temporary_Head(hTarget);
+  for (std::size_t N = 0; N < NLetter; ++N) sName += sLetters[hChance() % sLetters.size()];
   return (hTarget.parent_path() / sName).string();
+}
+
+bool Is_Temporary(std::string_view sName, std::string_view sHead) {
+  return sName.size() == sHead.size() + NLetter && sName.starts_with(sHead) &&
+         sName.find_first_not_of(sLetters, sHead.size()) == std::string_view::npos;
+}
+
+/// A run that was killed while it wrote could not remove its file. A folder that cannot be listed keeps what it has.
+void Remove_Left_Over(const fs::path& hTarget) {
+  const std::string sHead = Temporary_Head(hTarget);
+  const fs::path hFolder = hTarget.has_parent_path() ? hTarget.parent_path() : fs::path(".");
+  std::vector<std::string> sLeft;
+  std::error_code hProblem;
+  for (fs::directory_iterator hFile(hFolder, hProblem), hEnd; !hProblem && hFile != hEnd; hFile.increment(hProblem)) {
+    if (Is_Temporary(hFile->path().filename().string(), sHead)) sLeft.push_back(hFile->path().string());
+  }
+  for (const std::string& sPath : sLeft) Sys_Remove_Left_Over(sPath);
 }
 
 }  // namespace
@@ -62,8 +87,7 @@ SafeFile::~SafeFile() {
 }
 
 std::string SafeFile::Reason() const {
-  if (iOSError == EINVAL) return "Not a regular file";
-  return iOSError == 0 ? std::string() : std::generic_category().message(iOSError);
+  return Sys_Reason(iOSError);
 }
 
 void SafeFile::Find_Target(std::string_view sPath) {
@@ -81,6 +105,7 @@ void SafeFile::Find_Target(std::string_view sPath) {
 }
 
 void SafeFile::Open_Temporary() {
+  Remove_Left_Over(sTarget);
   std::minstd_rand hChance(std::random_device{}());  // two programs that save into one folder use other names
   for (I4 N = 0; N < MTry && iHandle < 0; ++N) {
     sTemporary = Temporary_Name(sTarget, hChance);
@@ -105,8 +130,13 @@ void SafeFile::Write(std::string_view sBytes) {
 void SafeFile::Commit() {
   if (iHandle < 0) return;
   if (!Sys_Flush(iHandle)) return Fail(errno);
+  const int iGuard = Sys_Duplicate(iHandle);  // until it has its name, the file is not to be taken for a left one
   Close();
-  if (Has_Failed()) return;
+  if (!Has_Failed()) Rename();
+  if (iGuard >= 0) Sys_Close(iGuard);
+}
+
+void SafeFile::Rename() {
   if (!Sys_Replace(sTemporary, sTarget)) return Fail(errno);
   sTemporary.clear();
 }

@@ -16,7 +16,8 @@ void System_Initialize();
 ///
 /// Bytes go to a hidden temporary file with a unique name in the target's folder, which has the target's mode. Commit
 /// flushes it to the disk, renames it over the target and flushes the folder. Until then the target is untouched; a
-/// file that is not committed is removed. Links are resolved; a target that is not writable or no regular file is
+/// file that is not committed is removed, and so is one that an earlier run left for the same target because it was
+/// killed. Links are resolved; a target that is not writable or no regular file is
 /// refused. After a failure every further call does nothing.
 class SafeFile {
  public:
@@ -38,6 +39,7 @@ class SafeFile {
   void Find_Target(std::string_view sPath);
   void Open_Temporary();
   void Close();
+  void Rename();
   void Fail(I4 iSystemError);
   void Discard();
 

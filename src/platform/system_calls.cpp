@@ -1,6 +1,9 @@
 #include "platform/system_calls.h"
 
 #include <fcntl.h>
+#ifndef _WIN32
+#include <sys/file.h>
+#endif
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -8,6 +11,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <system_error>
 
 namespace quillan {
 
@@ -27,6 +31,11 @@ bool Sys_Close(int iHandle) {
   return ::close(iHandle) == 0 || errno == EINTR;
 }
 
+std::string Sys_Reason(I4 iOSError) {
+  if (iOSError == EINVAL) return "Not a regular file";
+  return iOSError == 0 ? std::string() : std::generic_category().message(iOSError);
+}
+
 #ifdef _WIN32
 
 namespace {
@@ -41,6 +50,14 @@ int Sys_Open_to_Read(const std::string& sPath) {
 
 int Sys_Open_New(const std::string& sPath, I4 iMode) {
   return ::_open(sPath.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, iMode & _S_IWRITE);
+}
+
+int Sys_Duplicate(int) {
+  return -1;  // a file that is open twice could not be renamed
+}
+
+void Sys_Remove_Left_Over(const std::string& sPath) {
+  std::remove(sPath.c_str());  // the system removes no file that is open
 }
 
 HandleStatus Sys_Status(int iHandle) {
@@ -81,8 +98,39 @@ int Sys_Open_to_Read(const std::string& sPath) {
   return ::open(sPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
 }
 
+namespace {
+
+/// A lock ends with the process that holds it, however that ends.
+bool Is_Locked(int iHandle) {
+  return ::flock(iHandle, LOCK_EX | LOCK_NB) == 0;
+}
+
+/// Whether another process found the new file before it was locked, and takes it for one that was left over.
+bool Is_Taken_for_Left_Over(int iHandle) {
+  if (!Is_Locked(iHandle)) return errno == EWOULDBLOCK;
+  struct stat h {};
+  return ::fstat(iHandle, &h) == 0 && h.st_nlink == 0;
+}
+
+}  // namespace
+
 int Sys_Open_New(const std::string& sPath, I4 iMode) {
-  return ::open(sPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, static_cast<mode_t>(iMode));
+  const int iHandle = ::open(sPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, static_cast<mode_t>(iMode));
+  if (iHandle < 0 || !Is_Taken_for_Left_Over(iHandle)) return iHandle;
+  ::close(iHandle);
+  errno = EEXIST;
+  return -1;
+}
+
+int Sys_Duplicate(int iHandle) {
+  return ::fcntl(iHandle, F_DUPFD_CLOEXEC, 0);
+}
+
+void Sys_Remove_Left_Over(const std::string& sPath) {
+  const int iHandle = ::open(sPath.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW);
+  if (iHandle < 0) return;
+  if (Sys_Status(iHandle).bRegular && Is_Locked(iHandle)) ::unlink(sPath.c_str());
+  ::close(iHandle);
 }
 
 HandleStatus Sys_Status(int iHandle) {

@@ -13,7 +13,13 @@ namespace quillan {
 /// A handle for reading, -1 where there is none. It never waits: a pipe without a writer holds nobody up.
 int Sys_Open_to_Read(const std::string& sPath);
 /// A handle for writing a file that must not be there yet (else EEXIST). iMode: permissions, before the user's mask.
+/// For as long as it is open, the file is known to belong to a running process.
 int Sys_Open_New(const std::string& sPath, I4 iMode);
+/// Removes a file that Sys_Open_New made in a process that runs no more. One that is open stays, and so does one on a
+/// file system that cannot tell.
+void Sys_Remove_Left_Over(const std::string& sPath);
+/// A second handle of an open file; -1 where the system gives none.
+int Sys_Duplicate(int iHandle);
 bool Sys_Close(int iHandle);
 
 /// What was opened; neither kind where the system does not say.
@@ -29,6 +35,9 @@ I8 Sys_Read(int iHandle, char* sBytes, std::size_t NBytes);
 I8 Sys_Write(int iHandle, const char* sBytes, std::size_t NBytes);
 /// Brings what was written to the disk. File systems that cannot flush count as done: no more can be had there.
 bool Sys_Flush(int iHandle);
+
+/// A failure in words: "Permission denied". EINVAL stands for what is no regular file.
+std::string Sys_Reason(I4 iOSError);
 
 /// Where the file system keeps no modes nothing changes; the mode is then none that lets more users in.
 void Sys_Set_Mode(int iHandle, I4 iMode);

@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <system_error>
+
 #include "metadata/mdp_data.h"
 #include "support/files.h"
+#include "support/reports.h"
 #include "support/survey_builder.h"
 
 namespace quillan {
@@ -37,6 +41,12 @@ TEST(AvgReader, RowsMakeOneTransientWhileStationsStayAndTimesRise) {
   EXPECT_EQ(hTrn(3).fTxFreq, 16.0f);
   EXPECT_EQ(hTrn(3).fRxArea, 10000.0f);
   EXPECT_EQ(hTrn(3).iRxCmp, iCmpHz);
+}
+
+TEST(AvgReader, RowsOfOneTimeStayInOneTransient) {
+  ASSERT_EQ(Read_Rows("1, 90, 1, 1, 7\n2, 40, 1, 1, 7\n2, 41, 1, 1, 7\n"), 0);
+  EXPECT_EQ(NTrn, 1);
+  EXPECT_EQ(hTrn(1).fuVmag(3), 41.0f);
 }
 
 TEST(AvgReader, StationsWithinAHundredSpacingsAreOne) {
@@ -96,14 +106,15 @@ TEST(AvgReader, LegacyHeaderIsReadByItsAliasesAndKeepsSkipFlags) {
 }
 
 TEST(AvgReader, UsersCommentsAndForeignLinesAreKeptOursAreNot) {
-  ASSERT_EQ(Read_Rows("\\ QUILLAN wrote this\n! quillan is a bird\n/ |------|\n$ Narvo: Foo= 1\n$ Odd.Key= 2\n"
-                      "$ Tx.Odd= 3\n$ Header.Type= 4\n1, 90, 1, 1, 7\n"),
+  ASSERT_EQ(Read_Rows("\\ QUILLAN wrote this\n! quillan is a bird\n/ |------|\n$ Narvo: Foo= 1\n$ TEM: Odd.Key= 2\n"
+                      "$ Tx.Odd= TEM: 3\n$ Header.Type= 4\n1, 90, 1, 1, 7\n"),
             0);
   ASSERT_EQ(hAvgKept.NAvgCmt, 1);
   EXPECT_EQ(hAvgKept.sAvgCmt(1), "! quillan is a bird");
   ASSERT_EQ(hAvgKept.NAvgMde, 3);
   EXPECT_EQ(hAvgKept.sAvgMde(1), "$ Narvo: Foo= 1");
-  EXPECT_EQ(hAvgKept.sAvgMde(3), "$ Tx.Odd= 3");
+  EXPECT_EQ(hAvgKept.sAvgMde(2), "$      Odd.Key= 2") << "the mark of legacy files is left out";
+  EXPECT_EQ(hAvgKept.sAvgMde(3), "$ Tx.Odd= TEM: 3");
 }
 
 TEST(AvgReader, UnknownComponentsAreBlankAndNamesAreFoundInAnyCase) {
@@ -139,10 +150,13 @@ TEST(AvgReader, HostileBytesNeitherStopNorSpoilTheRest) {
   }
 }
 
-TEST(AvgReader, MissingFileIsTheCallersToReport) {
+TEST(AvgReader, MissingFileIsTheCallersToReportOthersSayWhyTheyCannotBeOpened) {
   Begin_Test();
   EXPECT_EQ(AVG_Read("no such file.avg"), 1);
   EXPECT_EQ(NTrn, 0);
+  EXPECT_EQ(Read_Whole_File("test.err"), "");
+  EXPECT_EQ(AVG_Read("."), 1);
+  EXPECT_EQ(Shown(std::generic_category().message(EISDIR)), 1);
 }
 
 }  // namespace

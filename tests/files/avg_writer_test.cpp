@@ -81,6 +81,7 @@ TEST(AvgWriter, ColumnsAreThereWhenTheStoreHasTheirValues) {
 
 TEST(AvgWriter, CurrentFormatReadBackGivesTheNumbersToTheirPrintedDigits) {
   Load_Odd_Survey();
+  hTrn(2).NCycle = 1;
   ASSERT_EQ(AVG_Write("back.avg"), 0);
   const Transient h0 = hTrn(1);
   Begin_Test();
@@ -95,20 +96,38 @@ TEST(AvgWriter, CurrentFormatReadBackGivesTheNumbersToTheirPrintedDigits) {
   EXPECT_EQ(h.dRxStn, 100.0 + 12.5 * 20.0);
   EXPECT_EQ(h.dRxXYZ, h0.dRxXYZ);
   EXPECT_EQ(h.NCycle, 512);
+  EXPECT_EQ(hTrn(2).NCycle, 1) << "one cycle is said too, else the one before would stand";
   EXPECT_EQ(h.fT0Delay, -0.25f);
   EXPECT_EQ(Skipped(1), "-----");  // this format does not bring flags back
   EXPECT_EQ(hTrn(2).iRxCmp, iCmpHx);
   EXPECT_EQ(hTemSurvey.sJobName, "Golden");
 }
 
-TEST(AvgWriter, SurveyWithoutStationIncrementWritesRowsAlone) {
-  Load({TransientBuilder().Times({1}).Values({5})});
+TEST(AvgWriter, SurveyWithoutStationIncrementLeavesTheOldFile) {
+  Load_Odd_Survey();
   hTemSurvey.dStnKvrInc = 0.0;
-  EXPECT_EQ(AVG_Write("rows.avg"), 1);
-  const std::string sFile = Read_Whole_File("rows.avg");
-  EXPECT_EQ(sFile.find("$Rx.KvrStn"), std::string::npos);
-  EXPECT_NE(sFile.find(" 1, 1.0000E+0,"), std::string::npos);
-  EXPECT_EQ(Shown("ABS(Stn.KvrInc)=  0.0000E+00 < 1.0E-20"), 1);
+  Write_File("old.avg", "as it was");
+  EXPECT_EQ(AVG_Write("old.avg"), 1);
+  EXPECT_EQ(Read_Whole_File("old.avg"), "as it was");
+  EXPECT_EQ(Shown("ABS(Stn.KvrInc) = 0.0000E+00 < 1.0E-20"), 1) << "one report for all transients";
+}
+
+TEST(AvgWriter, LegacyComponentsReadBackAsTheyWereAndKeepTheirColumns) {
+  for (I4 iRxCmp = 1; iRxCmp <= iCmpNone; ++iRxCmp) {
+    Load_Odd_Survey();
+    hTrn(1).iRxCmp = iRxCmp;
+    for (I4 iRound = 1; iRound <= 2; ++iRound) {  // a column that moved would show in the second file
+      Prepare_Output(false);
+      ASSERT_EQ(AVG_Write0("cmpo.avg"), 0);
+      Begin_Test();
+      MDP_Initialize();
+      ASSERT_EQ(AVG_Read("cmpo.avg"), 0);
+    }
+    EXPECT_EQ(hTrn(1).iRxCmp, iRxCmp);
+    EXPECT_EQ(hTrn(1).fTWCen(2), 0.012f) << iRxCmp;
+    EXPECT_EQ(hTrn(1).fuVmag(1), -1234.6f) << iRxCmp;
+    EXPECT_EQ(hTrn(2).iRxCmp, iCmpHx);
+  }
 }
 
 TEST(AvgWriter, FailedSaveSaysWhatToDoAndAnEmptyStoreMakesNoFile) {

@@ -73,7 +73,7 @@ TEST_F(WireFile, RowsThatCannotBeUsedAreDropped) {
                  "1 2.0E12 5\n"   // beyond the earth
                  "1 5 -3.0E12\n"  // and once more, without a box
                  "1 100 0\n"
-                 "1 100 100\n"),
+                 "1 100 -1.0E12\n"),  // the last value that is taken
             0);
   ASSERT_EQ(NTxw, 1);
   EXPECT_EQ(hTxw(1).NTxUTMV, 3);

@@ -16,7 +16,7 @@ TEST_F(ChMd, ComponentsCountTheChannelsUnlessTheirNumberIsKnownBetter) {
       {"", MdChn.iCmp(2), "5"},
       {"", MdChn.iCmp(3), "9"}, // no component
       {"", MdChn.NChn, "3"},
-      {"$ Ch.NumOn= 17", MdChn.NChn, "16", "Ch.NumOn = 17 <1 or >16", 0, iPriorityDerived},
+      {"$ Ch.NumOn= 17", MdChn.NChn, "16", "Ch.NumOn = 17 < 1 or > 16", 0, iPriorityDerived},
       {"$ Ch.Cmp= Ex", MdChn.iCmp(1), "1"},
       {"", MdChn.NChn, "16"},
   });
@@ -36,12 +36,14 @@ TEST_F(ChMd, TheLastSensorStandsForTheChannelsAfterIt) {
 TEST_F(ChMd, AScaleOfAnAntennaWarnsForThePreamplifierToo) {
   Expect({
       {"$ Ch.AntScale= 5, 1.0E10", MdChn.fAntScale(2), "9.9e+09",
-       "Ch.AntScale[2] = 1.0000E+10 < -9.9000E+09 or > 9.9000E+09 uT/V"}
+       "Ch.AntScale[2] = 1.0000E+10 < -9.9000E+09 or > 9.9000E+09 uT/V"},
+      {"$ Ch.AntScale= 5, 2.0E10", MdChn.fAntScale(2), "9.9e+09",
+       "Ch.AntScale[2] = 2.0000E+10 < -9.9000E+09 or > 9.9000E+09 uT/V"}
   });
   EXPECT_EQ(MdChn.NChn, 2);
   Ch_MD_Initialize(MdChn, false);
-  EXPECT_EQ(MdChn.NErrAntScale, 1);
-  EXPECT_EQ(MdChn.NErrPreAmp, 1);
+  EXPECT_EQ(MdChn.NErrAntScale, 2);
+  EXPECT_EQ(MdChn.NErrPreAmp, 2);
   EXPECT_EQ(MdChn.fAntScale(1), 1.0f);
 }
 

@@ -43,8 +43,8 @@ TEST_F(InstrumentGroups, ATimeOffsetIsCompletedToSeconds) {
       {"$ Gps.LocalTimeOffset= 9:30", MdGps.dTimeOffset, "9.5"},
       {"$ Gps.LocalTimeOffset= 5:30:36", MdGps.dTimeOffset, "5.51"},
  // No place is that far from Greenwich by our limits.
-      {"$ Gps.LocalTimeOffset= 13", MdGps.dTimeOffset, "0",
-       "Gps.LocalTimeOffset = 1.3000E+01 < -1.2000E+01 or > 1.2000E+01 hours"},
+      {"$ GPS.LOCALTIMEOFFSET= 13", MdGps.dTimeOffset, "0",
+       "GPS.LOCALTIMEOFFSET = 1.3000E+01 < -1.2000E+01 or > 1.2000E+01 hours"},
   });
 }
 

@@ -187,7 +187,7 @@ TEST_F(Keywords, AValueOutsideItsLimitsIsRepairedAndReportedInTheWordsOfItsRow) 
       {"$ Kvr.Amp= -1",           MdKvr.fAmp,          "0",       "Kvr.Amp = -1.0000E+00 < 0 or > 1.0000E+02 amp"},
       {"$ Kvr.Temp= -300",        MdKvr.fTemp,         "-100",    "Kvr.Temp = -3.0000E+02 < -1.0000E+02 or > 1.0000E+02 deg C"},
       {"$ Kvr.Humid= 101",        MdKvr.fHumid,        "100",     "Kvr.Humid = 1.0100E+02 < 0.0000E+00 or > 1.0000E+02 %"},
-      {"$ Kvr.NumCard= 17",       MdKvr.NCard,         "16",      "Kvr.NumCard = 17 < 1 or >16"},
+      {"$ Kvr.NumCard= 17",       MdKvr.NCard,         "16",      "Kvr.NumCard = 17 < 1 or > 16"},
       {"$ Kvr.Blk= 0, 3",         MdKvr.dBlk,          "0 3",     "KVR.Blk[1] = 0.0000E+00 <= 0 or >"},
       {"$ Gps.Lat= 91",           MdGps.dLat,          "0",       "Gps.Lat = 9.1000E+01 < -90 or > 90 deg"},
       {"$ Gps.Lon= -200",         MdGps.dLon,          "0",       "Gps.Lon = -2.0000E+02 < -90 or > 90 deg"},
@@ -201,7 +201,7 @@ TEST_F(Keywords, AValueOutsideItsLimitsIsRepairedAndReportedInTheWordsOfItsRow) 
       {"$ Tx.Incl= -91",          MdTx.fIncl,          "-90",     "Tx.Incl = -9.1000E+01"},
       {"$ Tx.Turns= 0",           MdTx.NTurn,          "1",       "Tx.Turns = 0 < 1 or > 1000"},
       {"$ TXFRQ= 0",              MdTx.fFreq,          "1e-06",   "TXFRQ will be set = 1.0000E-06"},
-      {"$ Tx.NWaveform= 3",       MdTx.NWaveform,      "4",       "Tx.NWaveform = 3 < 4 or >2147483647"},
+      {"$ Tx.NWaveform= 3",       MdTx.NWaveform,      "4",       "Tx.NWaveform = 3 < 4 or > 2147483647"},
       {"$ Tx.Duty= -1",           MdTx.fDuty,          "0.01",    "Tx.Duty = -1.0000E+02 < 1.0000E-02 or > 1.0000E+02"},
       {"$ Tx.Area= 1.0E-6",       MdTx.fArea,          "1e-06",   "Tx.Area = 1.0000E-06 <= 1.0000E-06 or > 1.0000E+20 m^2"},
       // What lies within the limits that are named, but not within those of the test, is reported and stays.

@@ -57,6 +57,7 @@ TEST_F(MdpData, ALineIsSplitAtItsSignsAndOnlyOurOwnIsRead) {
 TEST_F(MdpData, AnOlderNameIsTranslatedOnce) {
   Expect({
       {"$ fline= 1200",  MdLine.dNumber,  "1200"},
+      {"$ LBLFRST= 30",  MdStn.dStnBeg,   "30"  },
       {"$ BRGLINE= 45",  MdLine.fAzimuth, "45"  },
       {"$ XMTR= 12",     MdTx.dKvrStn,    "12"  },
       {"$ TS.NCYCLE= 8", MdTx.NCycle,     "8"   },

@@ -74,10 +74,12 @@ TEST_F(RxMd, AVertexHoldsAPointForEachChannel) {
 
 TEST_F(RxMd, AVertexWithoutAGoodIndexIsReportedAndDropped) {
   Expect({
+      {"$ Rx.UTM9= 1",     MdRx.NUTMN, "0", "out-of-range index value in",                                 1 },
       {"$ Rx.XYZ5= 1,2,3", MdRx.NXYZN, "0", "Rx_MD_READ.WARNING: out-of-range index value in",             1 },
       {"$ Rx.PltUTM= 1",   MdRx.NUTMN, "0", "Rx_MD_READ.WARNING: unable to read Rx.UTM* index value from", -1},
   });
-  EXPECT_EQ(Reported("Index=5 <0 or >4"), 1);
+  EXPECT_EQ(Reported("Index = 5 < 0 or > 4"), 1);
+  EXPECT_EQ(Shown("Rx_MD_READ.WARNING"), 2) << "the second one of Rx.UTM goes to the file alone";
 }
 
 }  // namespace

@@ -34,9 +34,17 @@ TEST_F(TxMd, AVertexIsReplacedAsAWholeAndTheLastOneCounts) {
   });
 }
 
+TEST_F(TxMd, ACoordinateOfJustTheAllowedSizeIsTaken) {
+  Expect({
+      {"$ Tx.XYZ1= 9.9E30, -9.9E30, 1", MdTx.dXYZN.hColumn(1), "9.9e+30 -9.9e+30 1"},
+      {"$ Tx.Center= 9.9E9, -9.9E9, 1", MdTx.dUTMC,            "9.9e+09 -9.9e+09 1"},
+  });
+  EXPECT_EQ(Reported("WARNING"), 0);
+}
+
 TEST_F(TxMd, AVertexWithoutAGoodIndexIsReportedAndDropped) {
   Expect({
-      {"$ Tx.XYZ33= 1,2,3", MdTx.NXYZN, "0", "Index=33 <0 or >32", 1},
+      {"$ Tx.XYZ33= 1,2,3", MdTx.NXYZN, "0", "Index = 33 < 0 or > 32", 1},
       {"$ Tx.UTM= 1,2,3", MdTx.dUTMN(1, 1), "-1e+32", "Tx_MD_READ.WARNING: unable to read index value from", -1},
   });
 }

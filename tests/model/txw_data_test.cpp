@@ -108,7 +108,7 @@ TEST_F(WireLoops, LengthWithoutAnAzimuthIsThatOfTheSquare) {
   EXPECT_EQ(Txw_Get_Length(h, 400.0f, fTxLength), 1);
   EXPECT_EQ(fTxLength(1), 200.0f);
   EXPECT_EQ(fTxLength(2), 200.0f);
-  EXPECT_EQ(Shown("input X azimuth =400 < 360 or > 360 degrees"), 1);
+  EXPECT_EQ(Shown("input X azimuth = 400 < 360 or > 360 degrees"), 1);
 }
 
 TEST_F(WireLoops, SortKeepsTheFirstLoopOfAStationUnlessTheFileWasInOrder) {

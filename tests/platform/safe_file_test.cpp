@@ -100,6 +100,29 @@ TEST_F(SystemFiles, ACopyThatFailsSaysHowAndLeavesTheTarget) {
   EXPECT_EQ(std::distance(fs::directory_iterator("files"), {}), 2) << "no temporary file stays";
 }
 
+TEST_F(SystemFiles, WhatAKilledRunLeftForATargetGoesWithTheNextSaveOfIt) {
+  const auto Names = [] {
+    std::set<std::string> sName;
+    for (const auto& h : fs::directory_iterator("files")) sName.insert(h.path().filename().string());
+    return sName;
+  };
+  const std::set<std::string> sOthers{".b.quillan-abc123", ".a.quillan-abc12", ".a.quillan-ABC123", ".a.backup", "b"};
+  for (const std::string& s : sOthers) Write_File("files/" + s, "");
+  fs::create_symlink("b", "files/.a.quillan-linked");
+  Write_File("files/.a.quillan-abc123", "half of it");
+  {
+    SafeFile hFirst("files/a");  // runs still
+    SafeFile hSecond("files/a");
+    EXPECT_EQ(Names().size(), sOthers.size() + 3) << "what is being written stays";
+    EXPECT_FALSE(Names().contains(".a.quillan-abc123"));
+    hFirst.Commit();
+    EXPECT_FALSE(hFirst.Has_Failed());
+  }
+  std::set<std::string> sWanted = sOthers;
+  sWanted.insert({"a", ".a.quillan-linked"});
+  EXPECT_EQ(Names(), sWanted);
+}
+
 TEST_F(SystemFiles, CompanionsAreFoundWithoutRegardToCase) {
   for (const char* sName : {"LINE.MDE", "Line.mde", "other.stn", "OTHER.TXT"})
     Write_File("files/" + std::string(sName), "");

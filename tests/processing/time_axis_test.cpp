@@ -64,9 +64,11 @@ TEST(MovingAverage, MissingValueIsSkippedForGood) {
 }
 
 TEST(MovingAverage, TransientWithoutResistivitiesEndsTheFilterButNotTheIntegration) {
-  Load({Decay(), TransientBuilder().Times({1, 2, 3, 4}).Values({9, 5, 4, 1}), Decay()});
+  const auto hShort = TransientBuilder().Times({1, 2, 3, 4}).Values({9, 5, 4, 1});
+  Load({TransientBuilder(hShort).Resistivities({10, 12, 0, 0}), hShort, Decay()});
   Get_TWWidth();
   EXPECT_EQ(GMA_Time(), 0);
+  EXPECT_TRUE(hTrn(1).fARes(3) > 10.0f) << "two resistivities are enough";
   EXPECT_NE(hTrn(2).fuVmag(3), 4.0f);
   EXPECT_EQ(hTrn(3).fuVmag(3), 8.0f);
   EXPECT_EQ(hSmoothCount.NSmoothed, 1);

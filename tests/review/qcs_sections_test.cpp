@@ -330,12 +330,12 @@ TEST(Polarity, FlippedTwiceIsAsItWas) {
   EXPECT_EQ(hTrn(1).fBmax, h1.fBmax);
 }
 
-TEST(Polarity, FlipStopsAtTheFirstStationBeyondTheBox) {
-  Show({At(10, {1}), At(20, {1}), At(40, {1}), At(20, {1})});
+TEST(Polarity, FlipTakesTheEdgesOfTheBoxAndStopsAtTheFirstStationBeyond) {
+  Show({At(10, {1}), At(20, {1}), At(30, {1}), At(40, {1}), At(20, {1})});
   QCS_Flip_Stations(1, 20, 30);
   std::string sFlipped;
   for (I4 j = 1; j <= NTrn; ++j) sFlipped += hTrn(j).fuVmag(1) < 0 ? '-' : '+';
-  EXPECT_EQ(sFlipped, "+-++");
+  EXPECT_EQ(sFlipped, "+--++");
 }
 
 TEST(Polarity, FlipStaysInItsSection) {

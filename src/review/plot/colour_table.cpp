@@ -1,6 +1,7 @@
 #include "review/plot/colour_table.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,15 +41,17 @@ bool Is_Comment(std::string_view sRecord) {
          sRecord.find_first_not_of(" \t") == std::string_view::npos;
 }
 
-/// The four numbers of a row, held to their limits; false where one cannot be read.
-bool Parse_Row(std::string_view sRecord, ColourRow& fValue) {
+/// The four numbers of a row, held to their limits; nothing where one cannot be read. Between two commas a number
+/// stays that of the row before.
+std::optional<ColourRow> Parse_Row(std::string_view sRecord, ColourRow fValue) {
   FieldList hField(MCftColumn);
   Str_Parse_Fld(sRecord, hField);
+  if (hField.NFld() < MCftColumn) return {};
   for (I4 K = 1; K <= MCftColumn; ++K) {
-    if (!Free_Read(hField(K), fValue(K))) return false;
+    if (!hField(K).empty() && !Free_Read(hField(K), fValue(K))) return {};
     fValue(K) = std::clamp(fValue(K), 0.0f, K == iCftPercent ? 100.0f : 255.0f);
   }
-  return true;
+  return fValue;
 }
 
 /// The rows of a file. Of the lines that cannot be read the first is reported, for the others have the same reason most
@@ -57,12 +60,12 @@ std::vector<ColourRow> Read_Rows(const std::string& sFile) {
   std::vector<ColourRow> hRow;
   bool bReported = false;
   RecordReader in(sFile, MClrRecord);
+  if (!in.Is_Open()) LogErr({"CFT_Read.ERROR: unable to open " + sFile, in.Reason()});
   while (in.Next()) {
     if (Is_Comment(in.Record())) continue;
-    ColourRow fValue{};
-    if (Parse_Row(in.Record(), fValue)) {
+    if (const auto fValue = Parse_Row(in.Record(), hRow.empty() ? ColourRow{} : hRow.back())) {
       if (hRow.size() >= MCFT) break;
-      hRow.push_back(fValue);
+      hRow.push_back(*fValue);
     } else if (!bReported) {
       bReported = true;
       LogErr({"CFT_Read.ERROR while reading " + sFile,

@@ -113,9 +113,10 @@ void Walk_Tidy_Steps(TickList& hTick) {
 
 Ticks Asinh10_Ticks(R4 fYPmin, R4 fYPmax, R4 fYPscl, I4 MYTick) {
   TickList hTick{fYPmin, fYPmax, fYPscl, MYTick};
+  const I4 NWanted = std::min(NTickWanted, MYTick);  // decades that fill what room there is are kept
   Walk_Decades(fDecades, hTick);
-  if (hTick.NYTick() < NTickWanted) Walk_Decades(fOneTwoFive, hTick);
-  if (hTick.NYTick() < NTickWanted) Walk_Tidy_Steps(hTick);
+  if (hTick.NYTick() < NWanted) Walk_Decades(fOneTwoFive, hTick);
+  if (hTick.NYTick() < NWanted) Walk_Tidy_Steps(hTick);
   return hTick.hTicks;
 }
 

@@ -11,7 +11,7 @@ WindowShape IGr_WindowShape(R4 fYXAspect) {
   const bool bGood = fYXAspect >= 0.1f && fYXAspect <= 10.0f;
   if (!bGood) {
     const std::string sAspect = Str_Write_R4(fYXAspect, "(1P,G14.4E1)").str();
-    LogErr({"IGr_WindowShape.ERROR", "Target window aspect ratio =" + sAspect + " < 0.1 or > 100"});
+    LogErr({"IGr_WindowShape.ERROR", "Target window aspect ratio = " + sAspect + " < 0.1 or > 100"});
     return {.iError = 1};
   }
   const R4 fWidth = fScreenPart * static_cast<R4>(WInfoScreen(iScreenWidth));

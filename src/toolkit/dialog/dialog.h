@@ -80,6 +80,8 @@ void WDialogPutDouble(I4 iField, R8 dValue, const EditForm& form);
 [[nodiscard]] std::optional<R8> WDialogGetDouble(I4 iField);
 /// Limits of a real or double field, for its red frame, its reads and its tool tip.
 void WDialogRangeReal(I4 iField, R8 dLow, R8 dHigh);
+/// The same for a field without such limits that takes any number but 0.
+void WDialogRefuseZero(I4 iField);
 
 void WDialogPutCheckBox(I4 iField, bool bOn);
 [[nodiscard]] std::optional<bool> WDialogGetCheckBox(I4 iField);

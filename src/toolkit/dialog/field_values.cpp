@@ -107,6 +107,10 @@ void WDialogRangeReal(I4 iField, R8 dLow, R8 dHigh) {
   if (Field* hField = Find_Number(iField)) Field_Set_Range(*hField, dLow, dHigh);
 }
 
+void WDialogRefuseZero(I4 iField) {
+  if (Field* hField = Find_Number(iField)) Field_Refuse_Zero(*hField);
+}
+
 void WDialogPutCheckBox(I4 iField, bool bOn) {
   auto* hBox = Find_Control<QCheckBox>(iField);
   if (!hBox) return;

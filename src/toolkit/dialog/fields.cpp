@@ -221,6 +221,12 @@ void Field_Set_Range(Field& hField, R8 dLow, R8 dHigh) {
   Update_Mark(hField);
 }
 
+void Field_Refuse_Zero(Field& hField) {
+  hField.rule.bNotZero = true;
+  Update_Tip(hField);
+  Update_Mark(hField);
+}
+
 QLineEdit* Line_Edit(QWidget* hWidget) {
   if (auto* hSpin = dynamic_cast<IntegerSpin*>(hWidget)) return hSpin->lineEdit();
   return qobject_cast<QLineEdit*>(hWidget);

@@ -99,6 +99,7 @@ std::optional<R8> Read_Number(const QString& sText, const NumberRule& rule) {
   // The range is compared with the number as typed: 1E-9 rounds to an R4 just below 1E-9.
   const auto dTyped = Parsed<R8>(sNumber);
   if (!dTyped || *dTyped < rule.dLow || *dTyped > rule.dHigh) return {};
+  if (rule.bNotZero && *dTyped == 0.0) return {};
   const auto dOwn = Parsed_as(rule.iKind, sNumber);
   return dOwn && std::isfinite(*dOwn) ? dOwn : std::nullopt;
 }
@@ -110,6 +111,7 @@ bool Is_Bad_Number(const QString& sText, const NumberRule& rule) {
 QString Range_Words(const NumberRule& rule) {
   const bool bRange = std::isfinite(rule.dLow) && std::isfinite(rule.dHigh);
   const QString sLeaves = " leaves the old value, and so does an empty field.";
+  if (rule.bNotZero) return " 0 or a text that is no number" + sLeaves;
   if (!bRange) return " A text that is no number" + sLeaves;
   return QString(" Range: %1 to %2. A text that is no number or out of range")
              .arg(Shortest(rule.dLow).c_str(), Shortest(rule.dHigh).c_str()) +

@@ -32,6 +32,7 @@ struct NumberRule {
   EditForm form;
   R8 dLow = -std::numeric_limits<R8>::infinity();
   R8 dHigh = std::numeric_limits<R8>::infinity();
+  bool bNotZero = false;
 };
 
 /// The value as the screen shows it; blank where it is missing.
@@ -70,6 +71,7 @@ bool Field_Show(Field& hField, const QString& sText);
 /// Ends the edit of a field; if its value has changed, the program gets a message.
 void Field_Complete(Field& hField);
 void Field_Set_Range(Field& hField, R8 dLow, R8 dHigh);
+void Field_Refuse_Zero(Field& hField);
 /// The text line of a text or number field; null for other controls.
 QLineEdit* Line_Edit(QWidget* hWidget);
 /// Whether a key belongs to what is typed into a field: letters and the keys up and down do not belong to a number.

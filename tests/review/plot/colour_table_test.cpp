@@ -69,6 +69,13 @@ TEST_F(CftData, BeyondTheRowsOfAFileTheEndColoursGoOn) {
   for (const R4 fPercent : {0.0f, 40.0f, 100.0f}) EXPECT_EQ(Colour_of(fPercent), "7 8 9");
 }
 
+TEST_F(CftData, BetweenTwoCommasANumberStaysThatOfTheRowBefore) {
+  EXPECT_EQ(Read("20 100 , , 50\n80,,7, \n 90, 1, 2,, \n"), 0);
+  EXPECT_EQ(Colour_of(0.0f), "100 0 50");
+  EXPECT_EQ(Colour_of(100.0f), "1 2 50");
+  EXPECT_EQ(NCFT, 2) << "a row of three numbers is none";
+}
+
 TEST_F(CftData, OfTheLinesThatCannotBeReadTheFirstIsReported) {
   EXPECT_EQ(Read("10 1 2\n20 red 0 0\n30 1 2 3\n"), 0);
   EXPECT_EQ(NCFT, 1);

@@ -44,6 +44,7 @@ TEST(SignedLogTicks, StandAtZeroAndAtTheDecadesOnEitherSide) {
   EXPECT_EQ(Texts(-2.0E-4f, 0.02f, 1.0E-5f), "-1.0E-04 -1.0E-05 0 1.0E-05 1.0E-04 0.001 0.01");
   EXPECT_EQ(Texts(0.5f, 5000.0f, 0.1f), "1 10 100 1000");
   EXPECT_EQ(Texts(-1.0E4f, -5.0f, 0.1f, 3), "-1.0E+04 -1000 -100") << "no more than there is room for";
+  EXPECT_EQ(Texts(-20.0f, 20000.0f, 0.1f, 2), "-10 -1") << "decades too where there is room for fewer than three";
   EXPECT_EQ(Texts(-1.0f, 1.0E30f, 1.0f, 4), "-1 0 1 10");
 }
 
