@@ -56,8 +56,8 @@ std::vector<std::string_view> Lines_That_Fit(std::span<const Text<128>> sLine, I
 
 namespace {
 
-constexpr R4 fTenPoints = 0.3528f;  // cm
-constexpr R4 fWidthOfHeight = 4.0f / 9.0f;
+constexpr R4 fTenPoints = 0.3528f;       // cm, height of a letter
+constexpr R4 fDigitWidth = 5.0f / 9.0f;  // of the height: letters keep their shape in a window of any shape
 
 QSize hLaidOut;  // of the image that the text was last laid out for. LogText_Update fills it
 
@@ -75,8 +75,7 @@ TextArea Text_Area() {
 }
 
 void Draw_Text(const TextArea& hArea) {
-  const R4 fC10Y = fTenPoints / hArea.fYCMT;
-  WGrTextFont(fC10Y * fWidthOfHeight, fC10Y);
+  WGrTextFont(fTenPoints * fDigitWidth / hArea.fXCMT, fTenPoints / hArea.fYCMT);
   WGrTextOrientation(Justify::Left, 0.0f);
   IGrColour("BLACK");
   const R4 fDXGr = InfoGraphics(iCharWidth);
