@@ -21,6 +21,7 @@
 #include "files/mde_file.h"
 #include "foundations/log_file.h"
 #include "model/derived.h"
+#include "toolkit/script/script.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/window.h"
 
