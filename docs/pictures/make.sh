@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the pictures of README anew, off-screen, from the examples.
+# Makes the pictures of README again, off-screen, from the examples.
 #   docs/pictures/make.sh [PROGRAM]        default build/release/quillan
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
