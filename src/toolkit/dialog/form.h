@@ -59,6 +59,8 @@ struct FormElement {
   Array1<Value, N> Record::*hArray;
   I4 I;
 };
+template <class Record, class Value, I4 N>
+FormElement(Array1<Value, N> Record::*, I4) -> FormElement<Record, Value, N>;
 
 template <class Record>
 using FormMember =
