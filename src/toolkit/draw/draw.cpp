@@ -34,12 +34,6 @@ constexpr NamedColour hNamedColour[] = {
 
 }  // namespace
 
-QPointF toolkit::To_Picture(QPointF hUnit) {
-  const AreaPlace& h = hDraw.hPlace;
-  return {h.hArea.left() + (hUnit.x() - hDraw.hState.hUnit.dXLow) * h.dPixelX,
-          h.hArea.bottom() - (hUnit.y() - hDraw.hState.hUnit.dYLow) * h.dPixelY};
-}
-
 QRectF toolkit::Whole_Picture() {
   return {QPointF(0.0, 0.0), hDraw.hCanvas.hSize};
 }
@@ -61,17 +55,6 @@ void toolkit::Place_Area() {
   const R8 dSmallest = hDraw.hCanvas.dMinEm;
   hPlace.dEm =
       std::clamp(std::abs(h.dCharHeight * hPlace.hArea.height()), dSmallest, std::max(hPicture.height(), dSmallest));
-}
-
-BackEnd* toolkit::Drawable() {
-  if (!hDraw.hCanvas.hBackEnd) Set_Error(iErrNoWindow);
-  return hDraw.hCanvas.hBackEnd;
-}
-
-void toolkit::Mark_Changed() {
-  if (!hDraw.hCanvas.bScreen || hDraw.bChanged || !hDraw.hScreen) return;
-  hDraw.bChanged = true;
-  hDraw.hScreen->update();
 }
 
 void toolkit::Draw_Collected() {

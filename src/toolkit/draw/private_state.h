@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "toolkit/draw/draw.h"
+#include "toolkit/draw/last_error.h"
 #include "toolkit/draw/private_draw.h"
 
 namespace quillan {
@@ -78,15 +79,32 @@ struct Drawing {
 };
 inline Drawing hDraw;
 
+// What each line and marker passes through stands here, to be compiled into its callers: a full section has half a
+// million of them.
+
 /// A position in units in pixels of the picture.
-QPointF To_Picture(QPointF hUnit);
+inline QPointF To_Picture(QPointF hUnit) {
+  const AreaPlace& h = hDraw.hPlace;
+  return {h.hArea.left() + (hUnit.x() - hDraw.hState.hUnit.dXLow) * h.dPixelX,
+          h.hArea.bottom() - (hUnit.y() - hDraw.hState.hUnit.dYLow) * h.dPixelY};
+}
+
+/// Where drawing goes; null, with the error status set, when there is nothing to draw on.
+inline BackEnd* Drawable() {
+  if (!hDraw.hCanvas.hBackEnd) Set_Error(iErrNoWindow);
+  return hDraw.hCanvas.hBackEnd;
+}
+
+/// Lets the drawing area know that it must be painted: once, not for every line.
+inline void Mark_Changed() {
+  if (!hDraw.hCanvas.bScreen || hDraw.bChanged || !hDraw.hScreen) return;
+  hDraw.bChanged = true;
+  hDraw.hScreen->update();
+}
+
 QRectF Whole_Picture();
 /// Works out hPlace: after a change of area, units, clip, font or picture.
 void Place_Area();
-/// Where drawing goes; null, with the error status set, when there is nothing to draw on.
-BackEnd* Drawable();
-/// Lets the drawing area know that it must be painted: once, not for every line.
-void Mark_Changed();
 /// Hands the segments that are collected to the back end.
 void Draw_Collected();
 
