@@ -21,6 +21,7 @@
 #include "files/mde_file.h"
 #include "foundations/log_file.h"
 #include "model/derived.h"
+#include "shell/user_at_window.h"
 #include "toolkit/script/script.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/window.h"
@@ -122,6 +123,7 @@ void Open_Window(const OwnFolder& hFolder, char* sProgram) {
   WInitialise(1, hArgument);
   WindowOpen2(0, 0, 1275, 1020, iMenuMain, "benchmark");
   WindowStatusBarParts(32);
+  hUser = User_at_Window();              // the lines of the log are drawn, as in the program
   std::cout.setstate(std::ios::badbit);  // the log lines of a scripted run
 }
 
