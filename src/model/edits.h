@@ -27,4 +27,14 @@ inline void Edit_Value(I4 j, I4 I, WindowValues Transient::*hValue, R4 fValue) {
 /// Reverses the polarity of transient j: fuVmag, fBmag and their ranges. Missing values stay missing.
 void Edit_Polarity(I4 j);
 
+/// Puts another transient in the place of transient j.
+inline void Edit_Transient(I4 j, const Transient& h) {
+  hTrn(j) = h;
+}
+
+/// Leaves the first N transients in the store.
+inline void Edit_Count(I4 N) {
+  NTrn = N;
+}
+
 }  // namespace quillan
