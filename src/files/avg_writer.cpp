@@ -204,10 +204,9 @@ void Write_Transients(TextWriter& out) {
 I4 Check_Station_Scale(std::string_view sFile) {
   const R8 dStnKvrInc = std::abs(hTemSurvey.dStnKvrInc);
   if (dStnKvrInc >= dStnIncLeast) return 0;
-  LogErr({"AVG_Write.ERROR: " + std::string(File_Name(sFile)) + " is not written,",
-          "ABS(Stn.KvrInc) = " + Plain(dStnKvrInc, "ES10.4") + " < 1.0E-20",
-          "The data are not saved; give a recorded station increment and choose Save again."});
-  return 1;
+  return Report_Not_Saved({"AVG_Write.ERROR: " + std::string(File_Name(sFile)) + " is not written,",
+                           "ABS(Stn.KvrInc) = " + Plain(dStnKvrInc, "ES10.4") + " < 1.0E-20"},
+                          sFile, "give a recorded station increment other than 0");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Both writers of averaged files: golden files, and what comes back when they are read.
 #include "files/avg_writer.h"
+#include "files/save_report.h"
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
@@ -110,6 +111,7 @@ TEST(AvgWriter, SurveyWithoutStationIncrementLeavesTheOldFile) {
   EXPECT_EQ(AVG_Write("old.avg"), 1);
   EXPECT_EQ(Read_Whole_File("old.avg"), "as it was");
   EXPECT_EQ(Shown("ABS(Stn.KvrInc) = 0.0000E+00 < 1.0E-20"), 1) << "one report for all transients";
+  EXPECT_EQ(hSaveState.sFailed, "old.avg: give a recorded station increment other than 0");
 }
 
 TEST(AvgWriter, LegacyComponentsReadBackAsTheyWereAndKeepTheirColumns) {
