@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 #include <vector>
 
 #include "base/program.h"
@@ -95,10 +96,20 @@ void Carry_Out(I4 iChoice) {
   (void)Run_Whole(h->Carry_Out, If_Unfinished(*h));
 }
 
+/// Between commands there is nothing to put back: what could not be drawn is drawn with the next exposure.
+Message Next_Message() {
+  try {
+    return WMessage();
+  } catch (const std::bad_alloc&) {
+    WindowOutStatusBar(iStatusProgress, "There is not enough memory to draw the window.");
+    return {};
+  }
+}
+
 [[noreturn]] void Command_Loop() {
   for (;;) {
     Set_Menu_State();
-    const Message hMessage = WMessage();
+    const Message hMessage = Next_Message();
     switch (hMessage.iType) {
       case MessageType::Menu: Carry_Out(hMessage.VALUE1); break;
       case MessageType::FileDropped:

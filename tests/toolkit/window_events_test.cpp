@@ -12,6 +12,7 @@
 #include <QSlider>
 #include <QThread>
 #include <QWheelEvent>
+#include <new>
 
 #include "support/played_session.h"
 #include "toolkit/dialog/private_dialog.h"
@@ -90,6 +91,23 @@ class WindowEvents : public testing::Test {
     return Tool().findChild<Control*>(QString("c%1").arg(iField));
   }
 };
+
+/// A widget whose handler finds no memory.
+class Greedy : public QObject {
+ public:
+  bool event(QEvent* hEvent) override {
+    if (hEvent->type() == QEvent::User) throw std::bad_alloc();
+    return QObject::event(hEvent);
+  }
+};
+
+TEST_F(WindowEvents, MemoryThatEndsInAHandlerIsHeardOfByTheProgramOnce) {
+  Greedy hGreedy;
+  QCoreApplication::postEvent(&hGreedy, new QEvent(QEvent::User));
+  EXPECT_THROW(static_cast<void>(WMessage()), std::bad_alloc);
+  Press_Key(Qt::Key_A, "a");
+  EXPECT_EQ(WMessage().VALUE1, 'a');
+}
 
 TEST_F(WindowEvents, PagingByTheWheelEndsWhenTheUserStops) {
   for (int I = 0; I < 20; ++I) Turn(Drawing_Area(), -120);

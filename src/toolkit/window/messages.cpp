@@ -16,6 +16,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <deque>
+#include <new>
 
 #include "toolkit/draw/draw.h"
 #include "toolkit/window/log_text.h"
@@ -276,6 +277,10 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
     }
     // What widgets gave up would be kept to the end: an event loop of the application, which deletes it, never runs.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (Memory_Has_Ended()) {
+      Suspend_Busy(false);
+      throw std::bad_alloc();
+    }
   }
   Suspend_Busy(false);
 }

@@ -47,6 +47,8 @@ QMainWindow* Main_Window();
 QWidget* Front_Window();
 /// Gives the keyboard to what is left on the screen when a dialog or a box is gone: not every window system does.
 void Hand_Back_Focus();
+/// Whether memory has ended in an event handler since the last call.
+bool Memory_Has_Ended();
 /// A text over the wide part of the status bar: the hint of a menu entry; blank gives the part its own text back.
 void Show_Hint(const QString& sHint);
 /// Gives the arrow back while the program waits for the user in the middle of long work.
@@ -58,7 +60,8 @@ void Suspend_Busy(bool bSuspend);
 void Push_Message(Message hMessage);
 bool Is_Wanted(MessageType iType);
 void Drop_Messages();
-/// Runs the event loop until bDone gives true. While it waits, a playing script carries out its next step.
+/// Runs the event loop until bDone gives true. While it waits, a playing script carries out its next step. Throws
+/// std::bad_alloc when memory ended in an event handler, as it would where the program itself asks for it.
 void Wait_Until(const std::function<bool()>& bDone);
 /// A key and a turn of the wheel as messages, wherever in the program's windows they were given. False: the key means
 /// nothing to the program.

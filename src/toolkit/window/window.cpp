@@ -16,6 +16,8 @@
 #include <clocale>
 #include <cstdlib>
 #include <iostream>
+#include <new>
+#include <utility>
 
 #include "platform/arguments.h"
 #include "toolkit/draw/draw.h"
@@ -70,6 +72,23 @@ constexpr struct {
     {iCursorPick,   Qt::PointingHandCursor},
     {iCursorCorner, Qt::CrossCursor       },
     {iCursorBox,    Qt::CrossCursor       },
+};
+
+// What failed in an event handler. The application fills it, Memory_Has_Ended takes it.
+bool bNoMemory = false;
+
+/// Memory that ends in an event handler must not unwind through the window system: whoever waits hears of it.
+class Application : public QApplication {
+ public:
+  using QApplication::QApplication;
+  bool notify(QObject* hReceiver, QEvent* hEvent) override {
+    try {
+      return QApplication::notify(hReceiver, hEvent);
+    } catch (const std::bad_alloc&) {
+      bNoMemory = true;
+      return false;
+    }
+  }
 };
 
 // What is open. WInitialise and WindowOpen2 fill it, WindowClose empties it.
@@ -128,7 +147,7 @@ void Make_Application() {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + hScreen.fileName().toLocal8Bit());
   }
   if (bOffScreen) qInstallMessageHandler(Pass_On);
-  hOpen.hApplication = new QApplication(NArgument, hArgument);
+  hOpen.hApplication = new Application(NArgument, hArgument);
   if (bOffScreen) qputenv("QT_QPA_PLATFORM", "offscreen");
 
   // The application takes the user's locale; numbers in files and fields are written with a point everywhere.
@@ -169,6 +188,10 @@ void Close_Main() {
 }
 
 }  // namespace
+
+bool toolkit::Memory_Has_Ended() {
+  return std::exchange(bNoMemory, false);
+}
 
 QMainWindow* toolkit::Main_Window() {
   return hOpen.hMain;
