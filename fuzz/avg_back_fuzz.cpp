@@ -81,8 +81,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* hData, std::size_t NDa
   const bool bReadBack = Write_and_Read();
   if (bFits) Require_Same_Windows(hRead);
 
-  // What came from a file of ours is in the file's own steps: another round changes nothing. Every other input is enough
-  // to show it; a round costs as much as the rest.
+  // What came from a file of ours is in the file's own steps: another round changes nothing. Every other input is
+  // enough to show it; a round costs as much as the rest.
   if (NData % 2 == 1) return 0;
   const std::vector<Transient> hFirst = Copy_of_Store();
   const bool bCut = std::any_of(hFirst.begin(), hFirst.end(), [](const Transient& h) { return h.NTW == MTW; });

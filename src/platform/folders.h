@@ -2,10 +2,15 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace quillan {
 
 /// The working folder, without a separator at its end.
 std::string IOsDirName();
+
+/// A file or folder of those that come with the program, by its name under share/quillan: beside the program, as in a
+/// build, or under the prefix that the program is installed in, wherever that was moved to. Blank where there is none.
+std::string Shared_File(std::string_view sName);
 
 }  // namespace quillan

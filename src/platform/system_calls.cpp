@@ -44,6 +44,11 @@ constexpr std::size_t MOnce = 1 << 30;  // bytes that one call takes
 
 }  // namespace
 
+std::string Sys_Program_Path() {
+  char* sPath = nullptr;
+  return ::_get_pgmptr(&sPath) == 0 && sPath != nullptr ? std::string(sPath) : std::string();
+}
+
 int Sys_Open_to_Read(const std::string& sPath) {
   return ::_open(sPath.c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT);
 }
@@ -93,6 +98,11 @@ bool Sys_Replace(const std::string& sFrom, const std::string& sTo) {
 }
 
 #else
+
+std::string Sys_Program_Path() {
+  std::error_code hProblem;
+  return std::filesystem::read_symlink("/proc/self/exe", hProblem).string();
+}
 
 int Sys_Open_to_Read(const std::string& sPath) {
   return ::open(sPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);

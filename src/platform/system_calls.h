@@ -36,6 +36,9 @@ I8 Sys_Write(int iHandle, const char* sBytes, std::size_t NBytes);
 /// Brings what was written to the disk. File systems that cannot flush count as done: no more can be had there.
 bool Sys_Flush(int iHandle);
 
+/// Path of the running program, links resolved; blank where the system does not say.
+std::string Sys_Program_Path();
+
 /// A failure in words: "Permission denied". EINVAL stands for what is no regular file.
 std::string Sys_Reason(I4 iOSError);
 

@@ -1,14 +1,15 @@
-// main.cpp: the options of the command line, and the one place where the end of the run is caught.
+// main.cpp: what the options ask for, and the one place where the end of the run is caught.
 #include <cstdio>
 #include <new>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "base/program.h"
 #include "foundations/log_file.h"
 #include "platform/safe_file.h"
 #include "shell/command_loop.h"
+#include "shell/example_survey.h"
+#include "shell/options.h"
 #include "toolkit/script/script.h"
 #include "toolkit/window/window.h"
 
@@ -16,44 +17,27 @@ namespace {
 
 using namespace quillan;
 
-constexpr const char* sHelp =
-    "usage: quillan [FILE] [--script STEPS.txt]\n"
-    "\n"
-    "Editor for time-domain electromagnetic sounding data. FILE is an averaged (.avg) or\n"
-    "unaveraged (.xdb) data file; without an extension it gets \".avg\".\n"
-    "\n"
-    "  --script STEPS.txt  play the steps of a file as the user's input; without a display\n"
-    "                      this runs off-screen\n"
-    "  --version           print the version and end\n"
-    "  --help              print this help and end\n";
+// The commit that the program was built from; blank where that is not known.
+#ifndef QUILLAN_COMMIT
+#define QUILLAN_COMMIT ""
+#endif
+constexpr std::string_view sCommit = QUILLAN_COMMIT;
 
-struct Options {
-  bool bHelp = false;
-  bool bVersion = false;
-  std::string sScript;
-  std::string sFault;             // why the command line cannot be used
-  std::vector<char*> hRemaining;  // the program's name and what is no option of ours
-};
+int Print_Version() {
+  std::string sLine = std::string(sPrgName) + " " + std::string(sVersion);
+  if (!sCommit.empty()) sLine.append(" (commit ").append(sCommit).append(")");
+  std::printf("%s\n", sLine.c_str());
+  return 0;
+}
 
-Options Read_Options(int argc, char** argv) {
-  Options h;
-  for (int I = 0; I < argc; ++I) {
-    const std::string_view sArgument = argv[I];
-    if (I > 0 && sArgument == "--help") {
-      h.bHelp = true;
-    } else if (I > 0 && sArgument == "--version") {
-      h.bVersion = true;
-    } else if (I > 0 && sArgument == "--script") {
-      if (I + 1 < argc) {
-        h.sScript = argv[++I];
-      } else {
-        h.sFault = "--script needs the name of a file";
-      }
-    } else {
-      h.hRemaining.push_back(argv[I]);
-    }
-  }
-  return h;
+int Print_Help() {
+  std::fwrite(sHelp.data(), 1, sHelp.size(), stdout);
+  return 0;
+}
+
+int Refuse(const std::string& sFault, int iStatus) {
+  std::fprintf(stderr, "quillan: %s\n", sFault.c_str());
+  return iStatus;
 }
 
 /// Ends the start where the window could not be made: a window system that cannot start its thread waits for ever.
@@ -83,14 +67,14 @@ int Run(Options& h) {
 
 int main(int argc, char** argv) {
   Options h = Read_Options(argc, argv);
-  if (!h.sFault.empty()) {
-    std::fprintf(stderr, "quillan: %s\n", h.sFault.c_str());
-    return 2;
-  }
-  if (h.bHelp || h.bVersion) {
-    if (h.bHelp) std::fputs(sHelp, stdout);
-    if (h.bVersion) std::printf("%s %s\n", std::string(sPrgName).c_str(), std::string(sVersion).c_str());
-    return 0;
+  if (!h.sFault.empty()) return Refuse(h.sFault, 2);
+  if (h.bHelp) return Print_Help();
+  if (h.bVersion) return Print_Version();
+  std::string sExample;
+  if (h.bExample) {
+    sExample = Copy_Example_Survey(h.sFault);
+    if (sExample.empty()) return Refuse(h.sFault, 1);
+    h.hRemaining.insert(h.hRemaining.begin() + 1, sExample.data());
   }
   return Run(h);
 }

@@ -13,6 +13,7 @@
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
 #include "platform/file_names.h"
+#include "platform/folders.h"
 
 namespace quillan {
 namespace {
@@ -103,6 +104,7 @@ void CFT_Initialize(std::string_view sClrFile) {
 I4 CFT_Read(std::string_view sClrFile) {
   std::string sFile(Trimmed(sClrFile));
   if (!IOsFileExists(sFile)) sFile = Find_File(File_Name(sClrFile));
+  if (sFile.empty()) sFile = Shared_File(File_Name(sClrFile));
   if (sFile.empty()) return 1;
   LogText("Reading color-fill RGB values from");
   LogText(sFile);
