@@ -6,7 +6,7 @@
 # which its package only recommends, and reads none without them.
 packages_run=(g++ cmake ninja-build qt6-base-dev qt6-tools-dev libqt6opengl6-dev fonts-liberation2 fonts-dejavu-core)
 packages_test=("${packages_run[@]}" libgtest-dev clang-format-16 libwmf-bin fonts-urw-base35
-  desktop-file-utils appstream libxml2-utils mandoc)
+  desktop-file-utils appstream libxml2-utils mandoc parallel)
 packages_package=(dpkg-dev file fakeroot git)
 
 # Runs a command as root; fails where that needs a password and nobody is there to type it.
