@@ -52,7 +52,7 @@ I4 Exit_of(std::string_view sSteps) {
 }
 
 TEST_F(Dialogs, FitASmallScreen) {
-  for (const I4 iDialog : {101, 103, 104, 112, 113}) {
+  for (const I4 iDialog : {101, 103, 104, 109, 112, 113}) {
     WDialogLoad(iDialog);
     const std::string sPicture = std::to_string(iDialog) + ".png";
     Messages_of("snapshot " + sPicture + "\npress 1010");
