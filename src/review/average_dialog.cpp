@@ -15,7 +15,6 @@
 #include "toolkit/dialog/form.h"
 #include "toolkit/dialog/grid.h"
 #include "toolkit/draw/last_error.h"
-#include "toolkit/draw/plot_axes.h"
 
 namespace quillan {
 namespace {
@@ -146,19 +145,18 @@ void On_Field(AverageView& hView, I4) {
   if (iRead) hRepeats.iGroup = std::clamp(*iRead, 1, hRepeats.NTrnRpt);
 }
 
-/// The dialog while it is on show: the bar is grey, and in the end the plot is gone.
+/// The dialog while it is on show: its buttons are the only commands. In the end the plot is gone.
 class FieldsBesidePlot {
  public:
   FieldsBesidePlot() {
-    WMenuBarState(0);
+    WMenu(iNoMenu);
     WMessageEnable(MessageType::Field, true);
   }
   ~FieldsBesidePlot() {
     WMessageEnable(MessageType::Field, false);
-    WMenuBarState(1);
-    IPgForget();
     WindowClear();
     WindowOutStatusBar(iStatusProgress, "");
+    WMenu(iMenuMain);
   }
   FieldsBesidePlot(const FieldsBesidePlot&) = delete;
   FieldsBesidePlot& operator=(const FieldsBesidePlot&) = delete;
