@@ -66,4 +66,18 @@ press 1087
 menu 40011
 STEPS
 "$program" metzabok.avg --script lake.txt > /dev/null
+# The second repeat of a group is left out of its average.
+cat > repeats.txt << 'STEPS'
+resize 1200 900
+file cancel
+press 1009
+menu 40007
+set 1057 3
+cell 1073 2 2 on
+snapshot repeats.png
+press 1010
+menu 40011
+answer no
+STEPS
+"$program" orrin_rep.xdb --script repeats.txt > /dev/null
 cp ./*.png "$here/"

@@ -17,23 +17,6 @@
 namespace quillan {
 namespace {
 
-constexpr I4 MCurveTick = 32;
-constexpr R4 fYAlways = 1000.0f;    // the Y axis reaches at least from 0 to this value
-constexpr R4 fYErrorBars = -30.0f;  // on the scale; below it a point has no error bar
-constexpr R4 fCurveWidth = 1.5f;    // pixels
-constexpr R4 fAxisWidth = 1.0f;
-constexpr R4 fPlotLeft = 5.0f;     // graphics units, X of the left edge of the plot
-constexpr R4 fPlotMiddle = 13.8f;  // X of its middle
-constexpr R4 fTitleY = 18.11f;     // Y of the middle of the title
-constexpr R4 fYLabelPlace = 0.9f;  // of the way from the plot to the edge of the window
-
-constexpr TextSize hSize8{0.00837312f, 0.018816f};
-constexpr TextSize hSize10{0.0104664f, 0.02352f};
-constexpr TextSize hTitleSize[] = {
-    {0.01255968f, 0.028224f},
-    hSize10, hSize8
-};
-
 // ---- what is plotted
 
 bool Is_Usable(const Transient& h, I4 iType, I4 I) {
@@ -90,14 +73,10 @@ std::string Title(const Transient& h) {
 
 void Set_Range(const PlotRange& hRange) {
   hCurve.hRange = hRange;
-  hCurve.hYTick = Asinh10_Ticks(hRange.fYPmin, hRange.fYPmax, fYDscl, MCurveTick);
+  hCurve.hYTick = Asinh10_Ticks(hRange.fYPmin, hRange.fYPmax, fYDscl, MDecayTick);
 }
 
 // ---- drawing
-
-GrPoint Middle(const GrPoint& h1, const GrPoint& h2) {
-  return {0.5f * (h1.fX + h2.fX), 0.5f * (h1.fY + h2.fY)};
-}
 
 GrPoint Gr_Point(I4 I) {
   return IPgUnitsToGrUnits(hCurve.fXPobs(I), hCurve.fYPobs(I));
@@ -107,62 +86,20 @@ bool In_View(I4 I) {
   return hCurve.hRange.Has(hCurve.fXPobs(I), hCurve.fYPobs(I));
 }
 
-void Clear_Window() {
-  WindowClear();
-  IGrClipOff();
-  IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
-  IGrUnits(fCurveGrXMin, fCurveGrYMin, fCurveGrXMax, fCurveGrYMax);
-}
-
-void Set_Plot_Units() {
-  const PlotRange& r = hCurve.hRange;
-  IPgArea(0.1f, 0.1f, 0.98f, 0.95f);
-  IPgScaling(Scaling::Logarithmic, Scaling::Linear);
-  IPgUnits(r.fXPmin, r.fYPmin, r.fXPmax, r.fYPmax);
-}
-
-/// Texts come before lines as far as may be: lines between two texts are drawn in one call.
-void Draw_Axes(const TitleRoom& hRoom) {
-  Draw_Plot_Title(hCurve.sTitle.trimmed(), {fPlotMiddle, fTitleY, fPlotLeft, hRoom}, hTitleSize);
-  Use_Font(hSize10);
-  IPgXLabel("Window Time (msec)");
-  IPgYLabelLeft(hCurve.sYLabel, fYLabelPlace);
-  Use_Font(hSize8);
-  IPgXScale("TN");
-  const Ticks hTick = Zero_First(hCurve.hYTick);
-  IPgYUserScale(hTick.fYTick, hTick.sYTick, "T");
-  IPgBorder();
-}
-
-void Draw_Zero_Line() {
-  if (hCurve.hRange.Has_Y(0.0f)) IPgJoin2(InfoPgReal(iPlotXMin), 0.0f, InfoPgReal(iPlotXMax), 0.0f);
-}
-
 // Live points, then skipped ones: lines of one colour and type are drawn in one call.
 
 void Set_Colour(L4 bSkip) {
   IGrColour(bSkip ? "MAGENTA" : "BLACK");
 }
 
-/// A line to the right. Times that fall back or repeat are not joined.
-void Draw_Forward(const GrPoint& h1, const GrPoint& h2) {
-  if (h2.fX <= h1.fX) return;
-  IGrMoveTo(h1.fX, h1.fY);
-  IGrLineTo(h2.fX, h2.fY);
-}
-
-/// Each point owns the curve from the middle of the way before it to the middle of the way after it. A curve of one
-/// point is no line.
 void Draw_Curve(const Array1<GrPoint, MTW>& hPoint, L4 bSkip) {
-  IGrLineWidth(fCurveWidth);
+  IGrLineWidth(fDecayWidth);
   IGrLineType(bSkip ? LineType::Dashed : LineType::Solid);
   for (I4 I = 1; I <= hCurve.NPobs; ++I) {
-    if (hCurve.Is_Skipped(I) != bSkip) continue;
-    if (I > 1) Draw_Forward(Middle(hPoint(I - 1), hPoint(I)), hPoint(I));
-    if (I < hCurve.NPobs) Draw_Forward(hPoint(I), Middle(hPoint(I), hPoint(I + 1)));
+    if (hCurve.Is_Skipped(I) == bSkip) Decay_Stroke(hPoint, hCurve.NPobs, I);
   }
   IGrLineType(LineType::Solid);
-  IGrLineWidth(fAxisWidth);
+  IGrLineWidth(fDecayAxisWidth);
 }
 
 void Draw_Error_Bars(L4 bSkip) {
@@ -219,14 +156,9 @@ void QCC_Plot_Initialize(I4 j, I4 iPlotType) {
 }
 
 void QCC_Plot_Trns(const TitleRoom& hTitleRoom) {
-  Clear_Window();
+  Decay_Clear();
   if (hCurve.NPobs < 1) return IPgForget();  // no units of an earlier curve
-  IGrColour("BLACK");
-  IGrLineType(LineType::Solid);
-  IGrLineWidth(fAxisWidth);
-  Set_Plot_Units();
-  Draw_Axes(hTitleRoom);
-  Draw_Zero_Line();
+  Decay_Frame({hCurve.hRange, hCurve.sTitle.trimmed(), hCurve.sYLabel, hCurve.hYTick}, hTitleRoom);
   Draw_Data();
   IGrFlush();
   InqWintError("QCC_Plot_Trns");

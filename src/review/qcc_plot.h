@@ -15,17 +15,12 @@
 #include "base/text.h"
 #include "base/types.h"
 #include "model/tmd_data.h"
+#include "review/decay_frame.h"
 #include "review/plot/plot_range.h"
 #include "review/plot/plot_title.h"
 #include "review/plot/ticks.h"
 
 namespace quillan {
-
-inline constexpr R4 fYDscl = 0.1f;  // knee of the Y scale, in the unit of the values
-
-// The graphics units of the curve plot, in which reaches, boxes and areas of gestures are measured.
-inline constexpr R4 fCurveGrXMin = 3.0f, fCurveGrXMax = 23.0f;
-inline constexpr R4 fCurveGrYMin = 3.5f, fCurveGrYMax = 18.5f;
 
 /// What is plotted of a transient. I = 1..NPobs runs over the points, in the order of the time windows; their skip
 /// flags are those of the store.

@@ -1,6 +1,7 @@
 #include "shell/command_table.h"
 
 #include "commands/auto_skip_command.h"
+#include "commands/average_repeats.h"
 #include "commands/moving_average_command.h"
 #include "commands/open_file.h"
 #include "commands/review_data.h"
@@ -35,7 +36,7 @@ constexpr Command hCommand[] = {
                           "Smoth transients with moving average over time."},
     {0, iCmdAutoSkip,       true,  true,   AutoSkip_Filter, "Auto &Skip", "",
                           "Skip all data with error greater than the specified threshold."},
-    {0, iCmdAverageRepeats, true,  true,   nullptr,         "Average Repeats", "",
+    {0, iCmdAverageRepeats, true,  true,   Average_Repeats, "Average Repeats", "",
                           "Sort data, then average duplicate transients."},
     {0, iCmdMerge,          true,  true,   nullptr,         "Merge Data", "",
                           "Merge transient data flagged by fractional stn #s."},

@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <array>
 
 #include "support/played_session.h"
 #include "toolkit/dialog/dialog.h"
+#include "toolkit/dialog/grid.h"
 
 namespace quillan {
 namespace {
@@ -55,6 +57,25 @@ TEST(ToolWindow, LeavesTheKeyboardToThePlot) {
     EXPECT_EQ(hSession.All(), "n <27> <13> <9> <259> 1084! 5 1090 P") << "no key closes it or pushes a button";
     EXPECT_EQ(Script_Exit_Status(), 0) << "a tool window does not wait for an answer";
   }
+}
+
+TEST(ToolWindow, ATableBesideThePlotTakesItsKeysOnlyWhileACellIsEdited) {
+  constexpr I4 iGrid = 1073, iSpin = 1057;
+  PlayedSession hSession("cell 1073 1 2 on\nkey n\ncell 1073 1 3 5\nkey p\nset 1057 12\nkey f\npress 1053\nkey l\n");
+  WMessageEnable(MessageType::Field, true);
+  WDialogLoad(109);
+  WDialogPutInteger(iSpin, 1);
+  WGridRows(iGrid, 2);
+  WGridPutCheckBox(iGrid, 2, std::array<L4, 2>{});
+  WGridPutReal(iGrid, 3, std::vector<R4>{1.0f, 1.0f}, "(F10.2)");
+  WDialogShow(0, 0, iShowTool);
+  std::string sAll;
+  for (const Message& h : hSession.Rest())
+    sAll += h.iType == MessageType::Key ? std::string(1, static_cast<char>(h.VALUE1)) : std::to_string(h.VALUE1);
+  EXPECT_EQ(sAll, "1073n1073p1057f1053l");
+  EXPECT_EQ(WGridGetCheckBox(iGrid, 2), (std::vector<L4>{true, false}));
+  EXPECT_EQ(WGridGetReal(iGrid, 3).front(), 5.0f);
+  EXPECT_EQ(WDialogGetInteger(iSpin), 12);
 }
 
 TEST(ToolWindow, ATextFieldKeepsTheKeysOfItsNumber) {

@@ -138,7 +138,7 @@ void Connect_Signals(Field& hField) {
   if (auto* hSpin = dynamic_cast<IntegerSpin*>(hWidget)) {
     hSpin->Step = [&hField](I4 NStep) {
       Step_Integer(hField, NStep);
-      if (Is_Live(hField.hWidget)) Field_Complete(hField);
+      if (Is_Live(hField.hWidget) || hField.hWidget->property("liveSteps").toBool()) Field_Complete(hField);
     };
     QObject::connect(hSpin, &QAbstractSpinBox::editingFinished, hWidget, Complete);
     Ignore_Wheel(hSpin);

@@ -15,6 +15,7 @@ namespace {
 
 constexpr R8 dDiscRadius = 0.25;  // of the em
 constexpr R4 fMaxWidth = 16.0f;   // pixels of line width
+constexpr R4 fMaxDisc = 128.0f;   // pixels of diameter
 constexpr QRgb iWhite = 0xFFFFFFFF;
 constexpr R8 dSlack = 0.01;  // pixels: what 32-bit units lose at the edge of a clip
 constexpr QRectF hNowhere(-1.0e9, -1.0e9, 0.0, 0.0);
@@ -30,6 +31,7 @@ constexpr NamedColour hNamedColour[] = {
     {"RED",     0xFFFF0000},
     {"MAGENTA", 0xFFFF00FF},
     {"GREY",    0xFF808080},
+    {"GREEN",   0xFF00C000},
 };
 
 }  // namespace
@@ -214,7 +216,7 @@ void IGrMarker(R4 fX, R4 fY, I4 iMarker) {
 }
 
 void IGrDisc(R4 fX, R4 fY, R4 fPixels) {
-  if (!(fPixels > 0.0f && fPixels <= fMaxWidth)) return Set_Error(iErrBadArgument);
+  if (!(fPixels > 0.0f && fPixels <= fMaxDisc)) return Set_Error(iErrBadArgument);
   Disc({R8{fX}, R8{fY}}, 0.5 * R8{fPixels} * hDraw.hCanvas.dPixel);
 }
 

@@ -52,7 +52,7 @@ class GraphicsKeeper {
 /// Clears the whole drawing area to white.
 void WindowClear();
 
-/// Colour of what follows: "BLACK", "RED", "MAGENTA", "GREY".
+/// Colour of what follows: "BLACK", "RED", "MAGENTA", "GREY", "GREEN".
 void IGrColour(std::string_view sName);
 /// Colour by number: red + 256 green + 65536 blue.
 void IGrColourN(I4 iColour);
