@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <functional>
 
@@ -234,6 +235,25 @@ TEST_F(Dialogs, ColumnsAreMatchedInATable) {
   EXPECT_EQ(Script_Exit_Status(), 3);
   WGridPutString(1078, 4, sVariable);
   EXPECT_EQ(InfoError(), iErrBadArgument);
+}
+
+TEST_F(Dialogs, BoxesOfATableAreSwitchedByAClick) {
+  const std::array<L4, 3> bOn{true, false, true};
+  const std::array<I4, 3> iState{iCellInUse, iCellInUse, iCellUnused};
+  WDialogLoad(113);
+  WGridRows(1078, 3);
+  WGridLabelRows(1078, std::vector<std::string>{"Ex", "Hz", "Hy"});
+  WGridPutCheckBox(1078, 2, bOn);
+  WGridPutReal(1078, 3, std::vector<R4>{1.0f, 2.0f, fDummy}, "(F10.2)");
+  for (const I4 iColumn : {2, 3}) WGridStateColumn(1078, iColumn, iState);
+  EXPECT_EQ(Messages_of("cell 1078 1 2 off\ncell 1078 2 2 off\ncell 1078 2 2 on\npress 1009"), "1078 1078 1009!");
+  EXPECT_EQ(WGridGetCheckBox(1078, 2), (std::vector<L4>{false, true, true}));
+  for (const char* sRefused : {"cell 1078 3 2 off", "cell 1078 1 2 1", "cell 1078 3 3 5"}) {
+    Messages_of(std::string(sRefused) + "\npress 1009");
+    EXPECT_EQ(Script_Exit_Status(), 3) << sRefused;
+  }
+  EXPECT_EQ(WGridGetCheckBox(1078, 2), (std::vector<L4>{false, true, true}));
+  EXPECT_EQ(InfoError(), 0);
 }
 
 TEST_F(Dialogs, BoxesGiveTheAnswer) {

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -57,12 +58,45 @@ class NumberDelegate : public QStyledItemDelegate {
   }
 };
 
+/// Check boxes in the middle of their cells, which are switched by a click anywhere in the cell.
+class CheckDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* hPainter, const QStyleOptionViewItem& hOption, const QModelIndex& hCell) const override {
+    QStyleOptionViewItem hBox(hOption);
+    const bool bInUse = hCell.flags() & Qt::ItemIsEnabled;
+    const bool bOn = hCell.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    hBox.state |= bOn ? QStyle::State_On : QStyle::State_Off;
+    const QStyle* hStyle = hOption.widget->style();
+    hStyle->drawPrimitive(QStyle::PE_PanelItemViewItem, &hBox, hPainter, hOption.widget);
+    if (!bInUse || !hCell.data(Qt::CheckStateRole).isValid()) return;
+    const QSize hSize(hStyle->pixelMetric(QStyle::PM_IndicatorWidth, &hBox, hOption.widget),
+                      hStyle->pixelMetric(QStyle::PM_IndicatorHeight, &hBox, hOption.widget));
+    hBox.rect = QStyle::alignedRect(hOption.direction, Qt::AlignCenter, hSize, hOption.rect);
+    hStyle->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &hBox, hPainter, hOption.widget);
+  }
+
+  bool editorEvent(QEvent* hEvent, QAbstractItemModel* hModel, const QStyleOptionViewItem&,
+                   const QModelIndex& hCell) override {
+    const bool bSpace = hEvent->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(hEvent)->key() == Qt::Key_Space;
+    if (!bSpace && hEvent->type() != QEvent::MouseButtonRelease) return false;
+    const QVariant hState = hCell.data(Qt::CheckStateRole);
+    if (!hState.isValid() || !(hCell.flags() & Qt::ItemIsEnabled)) return false;
+    return hModel->setData(hCell, hState.toInt() == Qt::Checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+  }
+};
+
 /// A table of a dialog. Tab goes to the next control, not round and round the cells.
 class GridTable : public QTableWidget {
  public:
   using QTableWidget::QTableWidget;
 
-  QLineEdit* Open_Editor() const { return viewport()->findChild<QLineEdit*>(); }
+  /// A closed editor is there, hidden, until its deletion is due.
+  QLineEdit* Open_Editor() const {
+    auto* hLine = viewport()->findChild<QLineEdit*>();
+    return hLine && !hLine->isHidden() ? hLine : nullptr;
+  }
 
   void Complete() {
     QLineEdit* hLine = Open_Editor();
@@ -79,13 +113,22 @@ class GridTable : public QTableWidget {
     return hNew;
   }
 
+  void Check_Column(I4 iColumn) {
+    if (!dynamic_cast<CheckDelegate*>(itemDelegateForColumn(iColumn)))
+      setItemDelegateForColumn(iColumn, new CheckDelegate(this));
+  }
+
  protected:
-  /// Tab in an open cell goes on to the next row; after the last one it leaves the table.
+  /// Tab in an open cell goes on to the next row; after the last one it leaves the table. In a tool window the
+  /// keyboard goes back to the plot.
   void closeEditor(QWidget* hEditor, QAbstractItemDelegate::EndEditHint iHint) override {
     const bool bLeaves = (iHint == QAbstractItemDelegate::EditNextItem && currentRow() == rowCount() - 1) ||
                          (iHint == QAbstractItemDelegate::EditPreviousItem && currentRow() == 0);
     QTableWidget::closeEditor(hEditor, bLeaves ? QAbstractItemDelegate::NoHint : iHint);
     if (bLeaves) focusNextPrevChild(iHint == QAbstractItemDelegate::EditNextItem);
+    if (!Open_Editor())
+      QMetaObject::invokeMethod(
+          this, [] { Focus_Plot(); }, Qt::QueuedConnection);
   }
 };
 
@@ -163,10 +206,28 @@ void Grid_Complete(QWidget* hGrid) {
   if (auto* hTable = dynamic_cast<GridTable*>(hGrid)) hTable->Complete();
 }
 
+QWidget* Grid_Cells(QWidget* hGrid) {
+  auto* hTable = dynamic_cast<GridTable*>(hGrid);
+  return hTable ? hTable->viewport() : nullptr;
+}
+
+bool Grid_Is_Edited(QWidget* hGrid) {
+  const auto* hTable = dynamic_cast<GridTable*>(hGrid);
+  return hTable && hTable->Open_Editor();
+}
+
 }  // namespace toolkit
 
 void WGridRows(I4 iGrid, I4 NRow) {
   if (GridTable* hGrid = Find_Grid(iGrid)) hGrid->setRowCount(std::max(NRow, 0));
+}
+
+void WGridLabelRows(I4 iGrid, std::span<const std::string> sLabel) {
+  GridTable* hGrid = Find_Grid(iGrid);
+  if (!hGrid) return;
+  const QSignalBlocker hQuiet(hGrid);
+  for (I4 iRow = 0; iRow < Rows(*hGrid, sLabel); ++iRow)
+    hGrid->setVerticalHeaderItem(iRow, new QTableWidgetItem(To_QString(sLabel[static_cast<std::size_t>(iRow)])));
 }
 
 void WGridRangeReal(I4 iGrid, I4 iColumn, R8 dLow, R8 dHigh) {
@@ -213,6 +274,31 @@ void WGridPutMenu(I4 iGrid, I4 iColumn, std::span<const std::string> sEntry, std
   }
 }
 
+void WGridPutCheckBox(I4 iGrid, I4 iColumn, std::span<const L4> bOn) {
+  GridTable* hGrid = Find_Column(iGrid, iColumn);
+  if (!hGrid) return;
+  hGrid->Check_Column(iColumn - 1);
+  const QSignalBlocker hQuiet(hGrid);
+  for (I4 iRow = 0; iRow < Rows(*hGrid, bOn); ++iRow) {
+    QTableWidgetItem* hItem = Cell(*hGrid, iRow, iColumn - 1);
+    hItem->setFlags(hItem->flags() & ~Qt::ItemIsEditable);
+    hItem->setCheckState(bOn[static_cast<std::size_t>(iRow)] ? Qt::Checked : Qt::Unchecked);
+  }
+  hGrid->viewport()->update();
+}
+
+void WGridStateColumn(I4 iGrid, I4 iColumn, std::span<const I4> iState) {
+  GridTable* hGrid = Find_Column(iGrid, iColumn);
+  if (!hGrid) return;
+  const QSignalBlocker hQuiet(hGrid);
+  for (I4 iRow = 0; iRow < Rows(*hGrid, iState); ++iRow) {
+    QTableWidgetItem* hItem = Cell(*hGrid, iRow, iColumn - 1);
+    const bool bInUse = iState[static_cast<std::size_t>(iRow)] == iCellInUse;
+    hItem->setFlags(hItem->flags().setFlag(Qt::ItemIsEnabled, bInUse));
+  }
+  hGrid->viewport()->update();
+}
+
 std::vector<std::optional<R4>> WGridGetReal(I4 iGrid, I4 iColumn) {
   std::vector<std::optional<R4>> fValue;
   GridTable* hGrid = Find_Column(iGrid, iColumn);
@@ -235,6 +321,14 @@ std::vector<I4> WGridGetMenu(I4 iGrid, I4 iColumn) {
     iSelect.push_back(hDropDown ? hDropDown->currentIndex() + 1 : 0);
   }
   return iSelect;
+}
+
+std::vector<L4> WGridGetCheckBox(I4 iGrid, I4 iColumn) {
+  std::vector<L4> bOn;
+  GridTable* hGrid = Find_Column(iGrid, iColumn);
+  for (I4 iRow = 0; hGrid && iRow < hGrid->rowCount(); ++iRow)
+    bOn.push_back(Cell(*hGrid, iRow, iColumn - 1)->checkState() == Qt::Checked);
+  return bOn;
 }
 
 }  // namespace quillan

@@ -90,6 +90,10 @@ void Ignore_Wheel(QWidget* hWidget);
 QWidget* New_Grid(QWidget* hParent);
 /// Ends the edit of a cell.
 void Grid_Complete(QWidget* hGrid);
+/// The part of a table that the mouse meets; null for any other control.
+QWidget* Grid_Cells(QWidget* hGrid);
+/// Whether the user is typing in a cell.
+bool Grid_Is_Edited(QWidget* hGrid);
 
 // ---- Dialogs (dialog.cpp)
 

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QWheelEvent>
+#include <algorithm>
 #include <optional>
 
 #include "toolkit/dialog/private_dialog.h"
@@ -34,6 +35,10 @@ Field* Field_of_Line(DialogRecord& hDialog, const QObject* hTarget) {
   for (auto& [iField, hField] : hDialog.hField)
     if (const QLineEdit* hLine = Line_Edit(hField.hWidget); hLine && hLine == hTarget) return &hField;
   return nullptr;
+}
+
+bool Is_Cell_Edited(const DialogRecord& hDialog) {
+  return std::ranges::any_of(hDialog.hField, [](const auto& hRow) { return Grid_Is_Edited(hRow.second.hWidget); });
 }
 
 /// A key in a text line: Enter ends the edit, Esc takes it back, and either gives the keyboard back to the plot. What
@@ -93,8 +98,8 @@ class ToolWatch : public QObject {
       bEntered = false;
       return;
     }
-    const auto Give = [] {
-      if (!QApplication::activePopupWidget()) Focus_Plot();
+    const auto Give = [this] {
+      if (!QApplication::activePopupWidget() && !Is_Cell_Edited(hDialog)) Focus_Plot();
     };
     QMetaObject::invokeMethod(this, Give, Qt::QueuedConnection);
   }
@@ -105,7 +110,7 @@ class ToolWatch : public QObject {
   bool bEntered = false;  // a field has just got the focus
 };
 
-/// Only text fields take the keyboard, and only where they are clicked.
+/// Only text fields and cells that are edited take the keyboard, and only where they are clicked.
 void Take_Away_Focus(QWidget* hWidget) {
   hWidget->setFocusPolicy(Line_Edit(hWidget) ? Qt::ClickFocus : Qt::NoFocus);
   if (auto* hButton = qobject_cast<QPushButton*>(hWidget)) hButton->setAutoDefault(false);
@@ -120,9 +125,11 @@ void Prepare(DialogRecord& hDialog) {
   auto* hWatch = new ToolWatch(hDialog);
   hWindow.installEventFilter(hWatch);
   for (auto& [iField, hField] : hDialog.hField) {
-    bText = bText || Line_Edit(hField.hWidget);
+    QWidget* hCells = Grid_Cells(hField.hWidget);
+    bText = bText || hCells || Line_Edit(hField.hWidget);
     Take_Away_Focus(hField.hWidget);
     hField.hWidget->installEventFilter(hWatch);
+    if (hCells) hCells->installEventFilter(hWatch);
   }
   if (QWidget* hBar = Title_Bar(hWindow)) hBar->installEventFilter(hWatch);
   hWindow.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint |
@@ -168,8 +175,10 @@ void Show_Tool(DialogRecord& hDialog, I4 iX, I4 iY) {
 void Complete_Edits() {
   for (const auto& hDialog : Loaded_Dialogs()) {
     if (!Is_Tool_on_Show(*hDialog)) continue;
-    for (auto& [iField, hField] : hDialog->hField)
+    for (auto& [iField, hField] : hDialog->hField) {
       if (Line_Edit(hField.hWidget)) Field_Complete(hField);
+      Grid_Complete(hField.hWidget);
+    }
   }
 }
 

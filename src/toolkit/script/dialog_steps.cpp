@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
@@ -78,9 +79,27 @@ std::string Choose_Entry(QComboBox* hDropDown, I4 iEntry) {
   return "";
 }
 
+/// Clicks a cell with a check box unless it shows the wanted state already.
+std::string Switch_Cell(QTableWidget* hGrid, const QTableWidgetItem* hItem, std::string_view sValue) {
+  if (sValue != "on" && sValue != "off") return "a box is on or off";
+  Take_Focus(hGrid);
+  hGrid->scrollToItem(hItem);
+  if ((hItem->checkState() == Qt::Checked) == (sValue == "on")) return "";
+  const QPointF hPlace = hGrid->visualItemRect(hItem).center();
+  for (const auto& [iType, iHeld] :
+       {std::pair(QEvent::MouseButtonPress, Qt::LeftButton), std::pair(QEvent::MouseButtonRelease, Qt::NoButton)}) {
+    QMouseEvent hEvent(iType, hPlace, hGrid->viewport()->mapToGlobal(hPlace), Qt::LeftButton, iHeld, Qt::NoModifier);
+    QApplication::sendEvent(hGrid->viewport(), &hEvent);
+  }
+  return "";
+}
+
 std::string Edit_Cell(QTableWidget* hGrid, I4 iRow, I4 iColumn, std::string_view sValue) {
+  constexpr auto iChanges = Qt::ItemIsEnabled | Qt::ItemIsEditable;
   QTableWidgetItem* hItem = hGrid->item(iRow - 1, iColumn - 1);
-  if (!hItem || !(hItem->flags() & Qt::ItemIsEditable)) return "the cell cannot be edited";
+  const bool bBox = hItem && hItem->data(Qt::CheckStateRole).isValid();
+  if (bBox && (hItem->flags() & Qt::ItemIsEnabled)) return Switch_Cell(hGrid, hItem, sValue);
+  if (!hItem || (hItem->flags() & iChanges) != iChanges) return "the cell cannot be edited";
   Take_Focus(hGrid);
   hGrid->setCurrentItem(hItem);
   hGrid->editItem(hItem);
