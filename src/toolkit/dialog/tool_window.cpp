@@ -30,10 +30,11 @@ bool Is_Tool_on_Show(const DialogRecord& hDialog) {
   return hDialog.iMode == iShowTool && hDialog.hWindow && hDialog.hWindow->isVisible();
 }
 
-/// The field whose text line a widget is; null for anything else.
+/// The field whose text line a widget is, or whose step buttons go with one; null for anything else.
 Field* Field_of_Line(DialogRecord& hDialog, const QObject* hTarget) {
   for (auto& [iField, hField] : hDialog.hField)
-    if (const QLineEdit* hLine = Line_Edit(hField.hWidget); hLine && hLine == hTarget) return &hField;
+    if (Line_Edit(hField.hWidget) && (hTarget == hField.hWidget || hTarget == Line_Edit(hField.hWidget)))
+      return &hField;
   return nullptr;
 }
 
