@@ -55,6 +55,7 @@ void Put_Components(const MergeChoice& hChoice, const MergeBoxes& bMergeCmp) {
   std::vector<std::string> sMergeCmp;
   for (I4 I = 1; I <= hChoice.NMergeCmp; ++I) sMergeCmp.emplace_back(sChnCmp(hChoice.iMergeCmp(I)));
   WGridRows(iGrdMergeCmp, hChoice.NMergeCmp);
+  WGridLabelCorner(iGrdMergeCmp, "Cmp");
   WGridLabelRows(iGrdMergeCmp, sMergeCmp);
   WGridPutCheckBox(iGrdMergeCmp, iColMerge, {bMergeCmp.data(), sMergeCmp.size()});
 }

@@ -13,8 +13,8 @@ namespace {
 
 constexpr R4 fCharWidth = 0.01881481f;  // fractions of the picture
 constexpr R4 fCharHeight = 0.08466666f;
-constexpr R4 fTextY = 0.05f;
-constexpr R4 fCurveBottom = 0.12f;  // the text stands below the curve, wherever the taper is
+constexpr R4 fTextY = 0.065f;
+constexpr R4 fCurveBottom = 0.14f;  // the text stands below the curve, wherever the taper is
 constexpr R4 fCurveTop = 0.95f;
 constexpr R4 fCurveWidth = 1.5f;  // pixels
 

@@ -1,6 +1,7 @@
 #include "shell/command_table.h"
 
 #include "commands/auto_skip_command.h"
+#include "commands/merge_data.h"
 #include "commands/moving_average_command.h"
 #include "commands/open_file.h"
 #include "commands/review_data.h"
@@ -37,7 +38,7 @@ constexpr Command hCommand[] = {
                           "Skip all data with error greater than the specified threshold."},
     {0, iCmdAverageRepeats, true,  true,   nullptr,         "Average Repeats", "",
                           "Sort data, then average duplicate transients."},
-    {0, iCmdMerge,          true,  true,   nullptr,         "Merge Data", "",
+    {0, iCmdMerge,          true,  true,   MergeChn,        "Merge Data", "",
                           "Merge transient data flagged by fractional stn #s."},
     {0, iCmdReview,         true,  true,   Review_Data,     "&Review Data", "", "Review transients by sounding."},
     {0, iCmdExit,           false, false,  Exit_Program,    "E&xit", "", "Exit program."},
