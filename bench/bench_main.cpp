@@ -59,6 +59,8 @@ constexpr BenchRow hBenchRow[] = {
     {"write/AVG_Write",                    Bench_Write,         "write/floor",             2.0, 0.0  },
     {"write/AVG_Write_disk",               Bench_Write_Disk,    "write/floor",             0.0, 0.0  },
     {"write/SafeFile_disk",                Bench_Sync,          "write/floor",             0.0, 0.0  },
+    {"merge/TMD_Merge",                    Bench_Merge,         "",                        0.0, 200.0},
+    {"merge/no_pairs",                     Bench_Merge_None,    "",                        0.0, 200.0},
     {"section_1200x900/floor",             Floor_Section_Small, "section_1200x900/floor",  0.0, 0.0  },
     {"section_1200x900/QCS_Section_Plot",  Bench_Section_Small, "section_1200x900/floor",  1.4, 60.0 },
     {"section_3840x2160/floor",            Floor_Section_Large, "section_3840x2160/floor", 0.0, 0.0  },

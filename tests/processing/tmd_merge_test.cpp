@@ -114,18 +114,17 @@ TEST(Merge, OnlyChosenComponentsAndOnlyWithinOne) {
 }
 
 TEST(Merge, BlendsEachQuantityByItsOwnRule) {
-  Transient hEarly = TransientBuilder().Station(3.0).Resistivities({10, 10, 10}).Values({8, 4, 2});
-  hEarly.fuVpct = Filled<WindowValues>(fDummy);
-  hEarly.fuVpct(1) = 1.0f;
-  hEarly.fuVpct(3) = 3.0f;
+  Transient hEarly =
+      TransientBuilder().Station(3.0).Resistivities({10, 10, 10}).Errors_Percent({1, fDummy, 3}).Values({8, 4, 2});
   hEarly.fuVerr(2) = 0.5f;
   hEarly.fBmag(2) = 7.0f;
   hEarly.bSkip(3) = true;
-  Transient hLate = TransientBuilder(hEarly).Station(3.1).Resistivities({40, 40, 0}).Values({80, 40, 20});
-  hLate.fuVpct(1) = 5.0f;
-  hLate.fuVpct(2) = 6.0f;
-  hLate.fuVpct(3) = fDummy;
-  hLate.fTWCen(2) = 2.5f;
+  Transient hLate = TransientBuilder()
+                        .Station(3.1)
+                        .Times({1, 2.5f, 4})
+                        .Resistivities({40, 40, 0})
+                        .Errors_Percent({5, 6, fDummy})
+                        .Values({80, 40, 20});
   hLate.bSkip(1) = true;
   Load({hEarly, hLate});
   TMD_Merge(Three_Windows());
@@ -148,7 +147,8 @@ TEST(Merge, BlendsEachQuantityByItsOwnRule) {
 
 TEST(Merge, KeepsTheDigitsOfThirtyTwoBits) {
   Transient hEarly = TransientBuilder().Station(3.0).Times({0.7f, 0.7f, 0.7f, 0.7f, 0.7f, 0.7f, 0.7f, 0.7f, 0.7f});
-  Transient hLate = TransientBuilder(hEarly).Station(3.1);
+  Transient hLate = hEarly;
+  hLate.dRxStn = 3.1;
   for (I4 I = 1; I <= 9; ++I) {
     hEarly.fuVmag(I) = 3.40512E+02f;
     hLate.fuVmag(I) = -1.2345E+01f;
