@@ -61,6 +61,8 @@ constexpr BenchRow hBenchRow[] = {
     {"write/SafeFile_disk",                Bench_Sync,          "write/floor",             0.0, 0.0  },
     {"average/AVG_Write",                  Bench_Average_Save,  "average/AVG_Write",       0.0, 0.0  },
     {"average/TMD_Average",                Bench_Average,       "average/AVG_Write",       1.0, 0.0  },
+    {"merge/TMD_Merge",                    Bench_Merge,         "",                        0.0, 200.0},
+    {"merge/no_pairs",                     Bench_Merge_None,    "",                        0.0, 200.0},
     {"section_1200x900/floor",             Floor_Section_Small, "section_1200x900/floor",  0.0, 0.0  },
     {"section_1200x900/QCS_Section_Plot",  Bench_Section_Small, "section_1200x900/floor",  1.4, 60.0 },
     {"section_3840x2160/floor",            Floor_Section_Large, "section_3840x2160/floor", 0.0, 0.0  },

@@ -1,30 +1,10 @@
 #include "commands/live_dialog.h"
 
-#include "toolkit/dialog/dialog.h"
+#include "toolkit/dialog/form.h"
 #include "toolkit/window/log_text.h"
-#include "toolkit/window/menus.h"
 #include "toolkit/window/messages.h"
 
 namespace quillan {
-namespace {
-
-/// While it lives, commands of the menu are greyed and changes of fields arrive as messages.
-class FieldsAlone {
- public:
-  FieldsAlone() {
-    WMenuBarState(0);
-    WMessageEnable(MessageType::Field, true);
-  }
-  ~FieldsAlone() {
-    WMessageEnable(MessageType::Field, false);
-    WMenuBarState(1);
-  }
-  FieldsAlone(const FieldsAlone&) = delete;
-  FieldsAlone& operator=(const FieldsAlone&) = delete;
-};
-
-}  // namespace
-
 I4 Run_Live_Dialog(const std::function<void()>& Show) {
   if (WInfoDialog(iCurrentDialog) == 0) return iBtnCancel;  // nobody can be asked
   const FieldsAlone alone;

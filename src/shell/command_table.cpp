@@ -2,6 +2,7 @@
 
 #include "commands/auto_skip_command.h"
 #include "commands/average_repeats.h"
+#include "commands/merge_data.h"
 #include "commands/moving_average_command.h"
 #include "commands/open_file.h"
 #include "commands/review_data.h"
@@ -38,7 +39,7 @@ constexpr Command hCommand[] = {
                           "Skip all data with error greater than the specified threshold."},
     {0, iCmdAverageRepeats, true,  true,   Average_Repeats, "Average Repeats", "",
                           "Sort data, then average duplicate transients."},
-    {0, iCmdMerge,          true,  true,   nullptr,         "Merge Data", "",
+    {0, iCmdMerge,          true,  true,   MergeChn,        "Merge Data", "",
                           "Merge transient data flagged by fractional stn #s."},
     {0, iCmdReview,         true,  true,   Review_Data,     "&Review Data", "", "Review transients by sounding."},
     {0, iCmdExit,           false, false,  Exit_Program,    "E&xit", "", "Exit program."},

@@ -68,10 +68,11 @@ class FormDialog : public QDialog {
 class DialogLoader : public QUiLoader {
  public:
   QWidget* createWidget(const QString& sClass, QWidget* hParent, const QString& sName) override {
-    QWidget* hOwn = sClass == "QDialog"        ? new FormDialog(hParent)
-                    : sClass == "QSpinBox"     ? New_Integer_Spin(hParent)
-                    : sClass == "QTableWidget" ? New_Grid(hParent)
-                                               : nullptr;
+    QWidget* hOwn = sClass == "QDialog"         ? new FormDialog(hParent)
+                    : sClass == "QSpinBox"      ? New_Integer_Spin(hParent)
+                    : sClass == "QTableWidget"  ? New_Grid(hParent)
+                    : sClass == "QGraphicsView" ? New_Picture(hParent)
+                                                : nullptr;
     if (!hOwn) return QUiLoader::createWidget(sClass, hParent, sName);
     hOwn->setObjectName(sName);
     return hOwn;

@@ -46,6 +46,16 @@ class LoadedDialog {
   bool bThere;
 };
 
+/// While it lives, commands of the menu are greyed and changes of fields arrive as messages: for dialogs that leave the
+/// window usable and are read after each change.
+class FieldsAlone {
+ public:
+  FieldsAlone();
+  ~FieldsAlone();
+  FieldsAlone(const FieldsAlone&) = delete;
+  FieldsAlone& operator=(const FieldsAlone&) = delete;
+};
+
 /// The limits of a number. A value beyond them is not taken; without limits every number is.
 struct FormLimits {
   R8 dLow = -std::numeric_limits<R8>::infinity();

@@ -1,12 +1,15 @@
 #include "toolkit/dialog/grid.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "toolkit/dialog/private_dialog.h"
@@ -21,6 +24,8 @@ namespace {
 // What a cell remembers of a put value.
 constexpr I4 iPutRole = Qt::UserRole;        // the value
 constexpr I4 iShownRole = Qt::UserRole + 1;  // the text that it was shown as
+
+constexpr I4 NBesideWord = 4;  // pixels on either side of the word in the corner
 
 /// Whether a cell still shows the value that was put.
 bool Is_as_Put(const QString& sText, const QVariant& hShown) {
@@ -228,6 +233,19 @@ void WGridLabelRows(I4 iGrid, std::span<const std::string> sLabel) {
   const QSignalBlocker hQuiet(hGrid);
   for (I4 iRow = 0; iRow < Rows(*hGrid, sLabel); ++iRow)
     hGrid->setVerticalHeaderItem(iRow, new QTableWidgetItem(To_QString(sLabel[static_cast<std::size_t>(iRow)])));
+}
+
+void WGridLabelCorner(I4 iGrid, std::string_view sLabel) {
+  const GridTable* hGrid = Find_Grid(iGrid);
+  auto* hCorner = hGrid ? hGrid->findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+  if (!hCorner) return;
+  auto* hWord = new QLabel(To_QString(sLabel), hCorner);
+  hWord->setAlignment(Qt::AlignCenter);
+  hWord->setContentsMargins(NBesideWord, 0, NBesideWord, 0);
+  auto* hWhole = new QVBoxLayout(hCorner);
+  hWhole->setContentsMargins(0, 0, 0, 0);
+  hWhole->addWidget(hWord);
+  hGrid->verticalHeader()->setMinimumWidth(hWord->sizeHint().width());
 }
 
 void WGridRangeReal(I4 iGrid, I4 iColumn, R8 dLow, R8 dHigh) {

@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/edit_form.h"
@@ -20,6 +21,8 @@ namespace quillan {
 void WGridRows(I4 iGrid, I4 NRow);
 /// The words before the rows, from the first row on.
 void WGridLabelRows(I4 iGrid, std::span<const std::string> sLabel);
+/// The word above those words.
+void WGridLabelCorner(I4 iGrid, std::string_view sLabel);
 /// Limits of the numbers in a column.
 void WGridRangeReal(I4 iGrid, I4 iColumn, R8 dLow, R8 dHigh);
 

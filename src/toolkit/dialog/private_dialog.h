@@ -95,6 +95,10 @@ QWidget* Grid_Cells(QWidget* hGrid);
 /// Whether the user is typing in a cell.
 bool Grid_Is_Edited(QWidget* hGrid);
 
+// ---- A picture of a dialog (picture.cpp)
+
+QWidget* New_Picture(QWidget* hParent);
+
 // ---- Dialogs (dialog.cpp)
 
 struct DialogRecord {

@@ -138,6 +138,8 @@ void Clear_Overlay();
 /// Paints what is in the overlay; the paint event calls it after the image.
 void Paint_Overlay(QPainter& hPainter);
 
+inline constexpr R8 dMinScreenEm = 9.0;  // pixels on the screen: smaller letters cannot be read
+
 /// Where drawing goes (screen.cpp).
 struct Canvas {
   BackEnd* hBackEnd = nullptr;  // null: nowhere

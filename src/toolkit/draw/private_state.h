@@ -39,8 +39,6 @@ struct GraphicsState {
 
 namespace quillan::toolkit {
 
-inline constexpr R8 dMinScreenEm = 9.0;  // pixels on the screen: smaller letters cannot be read
-
 /// From units to pixels of the picture, and what follows from the state for every line and marker. Place_Area fills it.
 struct AreaPlace {
   QRectF hArea;                     // the area in use
