@@ -19,8 +19,8 @@ using namespace quillan;
 constexpr const char* sHelp =
     "usage: quillan [FILE] [--script STEPS.txt]\n"
     "\n"
-    "Editor for time-domain electromagnetic sounding data. FILE is an averaged (.avg) or\n"
-    "unaveraged (.xdb) data file; without an extension it gets \".avg\".\n"
+    "Editor for time-domain electromagnetic sounding data. FILE is an averaged (.avg),\n"
+    "unaveraged (.xdb) or contour (.Z) data file; without an extension it gets \".avg\".\n"
     "\n"
     "  --script STEPS.txt  play the steps of a file as the user's input; without a display\n"
     "                      this runs off-screen\n"
