@@ -124,10 +124,10 @@ HeaderEnd Read_Header(RecordReader& in, ZHeader& hHeader) {
 }
 
 /// What the user takes a block for; nothing when cancelled.
-std::optional<ZDataType> Verified_Type(std::string_view sZFile, const ZHeader& hHeader, ZReadState& hRead) {
+std::optional<ZDataType> Verified_Type(const ZHeader& hHeader, ZReadState& hRead) {
   const auto hKnown = std::ranges::find(hRead.hAnswer, hHeader.hType, &ZReadState::Answer::hFound);
   if (hKnown != hRead.hAnswer.end()) return hKnown->hGiven;
-  const ZTypeAnswer hAnswer = hUser.Which_Z_Data({File_Name(sZFile), hHeader.sLine, MZHeader, hHeader.hType});
+  const ZTypeAnswer hAnswer = hUser.Which_Z_Data({hHeader.sLine, MZHeader, hHeader.hType});
   if (hAnswer.hType && hAnswer.bForAll) hRead.hAnswer.push_back({hHeader.hType, *hAnswer.hType});
   return hAnswer.hType;
 }
@@ -262,7 +262,7 @@ I4 Read_Blocks(RecordReader& in, std::string_view sZFile) {
         return 1;
       case HeaderEnd::Ruler: break;
     }
-    const auto hType = Verified_Type(sZFile, hHeader, hRead);
+    const auto hType = Verified_Type(hHeader, hRead);
     if (!hType) return 1;
     Read_Rows(in, sZFile, *hType, hRead);
   }

@@ -47,7 +47,6 @@ struct ZDataType {
 
 /// A block of a contour file: what does it hold?
 struct ZTypeQuestion {
-  std::string_view sFileName;
   std::span<const std::string> sHeader;  // the lines of its header
   I4 MHeader;                            // the most that a header has
   ZDataType hFound;                      // by the words in them

@@ -279,7 +279,7 @@ TEST(ZWriter, WhatIsReadBackAreTheWindowsToTheirPrintedDigits) {
   AgreeingUser hPerson;
   hPerson.bForAll = true;
   Load_Fixed_Loop();
-  hTrn(3).dRxKvrStn = hTrn(3).dRxStn = 10000.25;  // not 9999: that is the mark
+  hTrn(3).dRxKvrStn = hTrn(3).dRxStn = 9998.875;  // 9999 would be the mark
   hTrn(3).fTWCen(1) = 0.002f;
   const std::vector<Transient> hStored(hTrn.begin(), hTrn.begin() + NTrn);
   ASSERT_EQ(Z_Write("back.Z"), 0);
