@@ -22,6 +22,7 @@
 // logarithm of time. Its settings belong to the plotting program, so that reading it back takes no metadata from them.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 #include "base/types.h"
@@ -43,5 +44,27 @@ inline constexpr I4 MZHeader = 16;   // lines of a header, $ lines aside
 /// Returns 0; 1 when the store is empty or the file could not be written; each is reported, and the file of before is
 /// then whole.
 [[nodiscard]] I4 Z_Write(std::string_view sZFile);
+
+// What the reader and the writer share.
+
+inline constexpr I4 iZSkipOut = 1;  // skip codes
+inline constexpr I4 iZSkipInUse = 2;
+inline constexpr I4 iZSkipNoPoint = 5;  // of a row that keeps a place on the axis without a value
+
+/// A column of the rows, as the ruler shows it.
+struct ZColumn {
+  std::size_t iFirst;  // place, from 0
+  std::size_t NWidth;
+};
+inline constexpr ZColumn hZSkipColumn = {0, 2};
+inline constexpr ZColumn hZStnColumn = {2, 8};
+inline constexpr ZColumn hZTimeColumn = {10, 8};
+inline constexpr ZColumn hZValueColumn = {18, 12};
+inline constexpr std::size_t NZRow = 30;  // characters of a row
+
+/// The axis of a component: 1 x, 2 y, 3 z.
+constexpr I4 Z_Axis(I4 iRxCmp) {
+  return (iRxCmp - 1) % 3 + 1;
+}
 
 }  // namespace quillan
