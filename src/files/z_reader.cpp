@@ -109,7 +109,7 @@ std::optional<ZDataType> Verified_Type(const ZHeader& hHeader, ZReadState& hRead
   return hAnswer.hType;
 }
 
-// ---- its rows
+// ---- the rows of a block
 
 struct ZRow {
   I4 iSkipCode = 0;

@@ -21,7 +21,7 @@ namespace {
 constexpr std::string_view sRuler = "IIxxxxxxxxYYYYYYYYzzzzzzzzzzzz";
 constexpr std::string_view sEndMark = " 9999.00";
 
-// ---- its rows
+// ---- the rows of a block
 
 /// A section of the file: blocks of one kind of data.
 struct ZSection {
@@ -115,7 +115,7 @@ void Write_Top_Row(const Transient& h, const EditForm& formStn, TextWriter& out)
   out.Line({sRow.data(), hZValueColumn.iFirst});
 }
 
-// ---- the head of a block
+// ---- its head
 
 /// All decimals of a form, without blanks; "*" for no value.
 std::string Plain(R8 dValue, const EditForm& form) {
