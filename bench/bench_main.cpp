@@ -57,6 +57,7 @@ constexpr BenchRow hBenchRow[] = {
     {"open/TEM_Trn_Data_Range",            Bench_Ranges,        "read/floor",              0.0, 0.0  },
     {"write/floor",                        Floor_Write,         "write/floor",             0.0, 0.0  },
     {"write/AVG_Write",                    Bench_Write,         "write/floor",             2.0, 0.0  },
+    {"write/Z_Write",                      Bench_Write_Z,       "write/AVG_Write",         2.0, 0.0  },
     {"write/AVG_Write_disk",               Bench_Write_Disk,    "write/floor",             0.0, 0.0  },
     {"write/SafeFile_disk",                Bench_Sync,          "write/floor",             0.0, 0.0  },
     {"average/AVG_Write",                  Bench_Average_Save,  "average/AVG_Write",       0.0, 0.0  },

@@ -34,6 +34,7 @@ Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync;
 Bench Bench_Average_Save, Bench_Average;
 // merge_bench.cpp
 Bench Bench_Merge, Bench_Merge_None;
+Bench Floor_Write, Bench_Write, Bench_Write_Z, Bench_Write_Disk, Bench_Sync;
 // review_bench.cpp
 Bench Floor_Section_Small, Bench_Section_Small, Floor_Section_Large, Bench_Section_Large, Floor_Nearest, Bench_Nearest,
     Floor_Curve_Small, Bench_Curve_Small, Floor_Curve_Large, Bench_Curve_Large;

@@ -4,6 +4,7 @@
 
 #include "benches.h"
 #include "files/avg_writer.h"
+#include "files/z_file.h"
 #include "model/derived.h"
 #include "platform/safe_file.h"
 
@@ -71,6 +72,11 @@ void Bench_Write(benchmark::State& state) {
     Prepare_Output(true);
     return AVG_Write(hBench.sOut);
   });
+}
+
+/// Three sections of the same windows, with fewer numbers a row.
+void Bench_Write_Z(benchmark::State& state) {
+  Run_Write(state, [] { return Z_Write(hBench.sOut); });
 }
 
 void Bench_Write_Disk(benchmark::State& state) {

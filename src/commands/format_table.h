@@ -11,13 +11,14 @@
 #include "files/avg_legacy_writer.h"
 #include "files/avg_reader.h"
 #include "files/avg_writer.h"
+#include "files/z_file.h"
 
 namespace quillan {
 
 /// A reader and a writer return 0 when the data were read or written.
 struct FileFormat {
   std::string_view CExt;                // extension of the files that Open reads, in upper case; blank: none
-  I4 (*Read)(std::string_view sFile);   // null: known, but not read yet
+  I4 (*Read)(std::string_view sFile);   // of those with an extension
   I4 iBox;                              // control of dialog 104; 0: Save does not offer it
   std::string_view sNameEnd;            // what a save adds to the stem of the data file; blank: the data file itself
   I4 (*Write)(std::string_view sFile);  // null: not written yet, the box is greyed
@@ -35,7 +36,7 @@ inline constexpr I4 iChkPutAvg0 = 1103;
 inline constexpr FileFormat hFileFormat[] = {
     {".AVG", AVG_Read, iChkPutAvg,  "",      AVG_Write,  "flags are not read back"},
     {".XDB", AVG_Read, 0,           "",      nullptr,    ""                       },
-    {".Z",   nullptr,  0,           "",      nullptr,    ""                       },
+    {".Z",   Z_Read,   0,           ".avg",  nullptr,    ""                       },
     {"",     nullptr,  iChkPutAvg0, "o.avg", AVG_Write0, "keeps skip flags"       },
     {"",     nullptr,  iChkPutAmr,  ".tem",  nullptr,    ""                       },
     {"",     nullptr,  iChkPutUsf,  ".usf",  nullptr,    ""                       },
@@ -45,7 +46,8 @@ inline constexpr std::size_t NFileFormat = std::size(hFileFormat);
 /// The format that Open takes a data file for, by its extension in any case; null for an unknown one.
 const FileFormat* Format_of(std::string_view sDataFile);
 
-/// The file that a save of sDataFile writes in a format.
+/// The file that a save of sDataFile writes in a format. The data file itself is named so once it is read: contour
+/// files come in, and an averaged file goes out beside them.
 std::string Output_Name(const FileFormat& hFormat, std::string_view sDataFile);
 
 }  // namespace quillan

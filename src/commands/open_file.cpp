@@ -15,7 +15,7 @@
 namespace quillan {
 namespace {
 
-constexpr std::string_view sOpenFilter = "Choose TEM *.avg or *.xdb file|*.avg;*.xdb|";
+constexpr std::string_view sOpenFilter = "Choose TEM *.avg or *.xdb file|*.avg;*.xdb|Choose contour *.Z file|*.z|";
 
 std::string_view First_Word(std::string_view sText) {
   const auto K1 = sText.find_first_not_of(" \t");

@@ -35,9 +35,9 @@ I4 Abort_Read() {
   return 1;
 }
 
-/// Reads the data by the reader of the extension. iError: the status of the metadata file, which stands where there is
-/// no reader.
-I4 Read_File(const std::string& sDataFile, I4 iError) {
+/// Reads the data by the reader of the extension, and names the file that a save will write. iError: the status of the
+/// metadata file, which stands where there is no reader.
+I4 Read_File(std::string& sDataFile, I4 iError) {
   const BusyWith busy("Reading " + hSession.sFileName);
   const FileFormat* hFormat = Format_of(sDataFile);
   if (hFormat == nullptr) {
@@ -45,11 +45,10 @@ I4 Read_File(const std::string& sDataFile, I4 iError) {
     NTrn = 0;
     return iError;
   }
-  if (hFormat->Read == nullptr) {
-    LogErr({"Contour files (.Z) cannot be read yet.", hSession.sFileName + " is left as it is."});
-    return Abort_Read();
-  }
-  return hFormat->Read(sDataFile) == 0 ? 0 : Abort_Read();
+  if (hFormat->Read(sDataFile) != 0) return Abort_Read();
+  sDataFile = Output_Name(*hFormat, sDataFile);
+  hSession.sFileName = File_Name(sDataFile);
+  return 0;
 }
 
 /// What follows from the data, each step from those before it: windows are integrated in order, and ranges take in

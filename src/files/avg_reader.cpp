@@ -20,8 +20,6 @@
 namespace quillan {
 namespace {
 
-constexpr R4 fRxAreaLeast = 0.001f;  // m^2, below it no area was given
-constexpr R4 fRxAreaDefault = 10000.0f;
 constexpr R4 fTxLeast = 1.0E-6f;      // hertz and amp, below it a row cannot be used
 constexpr I4 NRecordsPerLook = 8192;  // between looks at the user's messages
 constexpr std::size_t MPlain = 32;    // characters of a number that is read where it stands

@@ -12,6 +12,7 @@ User No_User() {
   };
   h.Which_Word = [](const WordQuestion&) { return 0; };
   h.Which_Columns = [](const ColumnQuestion&) { return false; };
+  h.Which_Z_Data = [](const ZTypeQuestion&) { return ZTypeAnswer{}; };
   h.Choose_File = [](std::string_view, std::string_view) { return std::string(); };
   h.Says_Yes = [](std::string_view, std::string_view) { return false; };
   h.Show_Line = [](std::string_view) {};

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -35,12 +36,34 @@ struct ColumnQuestion {
   std::span<I4> KCol;                      // of each variable: its entry of sLabel; in and out
 };
 
+inline constexpr I4 iZDataSkip = 0;  // what a block of a contour file is taken for: data that are passed over
+inline constexpr I4 iZDataDbdt = 1;  // dB/dt
+
+struct ZDataType {
+  I4 iDataType = iZDataSkip;
+  I4 iRxCmp = 6;  // component, code in CChnCmp
+  friend bool operator==(const ZDataType&, const ZDataType&) = default;
+};
+
+/// A block of a contour file: what does it hold?
+struct ZTypeQuestion {
+  std::span<const std::string> sHeader;  // the lines of its header
+  I4 MHeader;                            // the most that a header has
+  ZDataType hFound;                      // by the words in them
+};
+
+struct ZTypeAnswer {
+  std::optional<ZDataType> hType;  // nothing: cancelled
+  L4 bForAll = false;              // also for the blocks further down in which the same is found
+};
+
 struct User {
   std::function<AfterReport(std::string_view sReport)> Tell;
   /// The entry that was meant, from 1; -1 when there is no choice that can be used, 0 cancelled.
   std::function<I4(const WordQuestion&)> Which_Word;
   /// False when cancelled.
   std::function<bool(const ColumnQuestion&)> Which_Columns;
+  std::function<ZTypeAnswer(const ZTypeQuestion&)> Which_Z_Data;
   /// The path of an existing file that may also be left out: blank then. sFilter: "words|*.a;*.b|".
   std::function<std::string(std::string_view sFilter, std::string_view sTitle)> Choose_File;
   std::function<bool(std::string_view sQuestion, std::string_view sTitle)> Says_Yes;

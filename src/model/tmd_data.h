@@ -19,6 +19,10 @@ inline constexpr I4 MTW = 64;      // time windows in a transient
 inline constexpr I4 MAvgCmt = 8;   // comment lines kept from an averaged file
 inline constexpr I4 MAvgMde = 16;  // $ lines kept that no metadata group takes
 
+// m^2, receiver area: below the least no area was given, and the default stands for it.
+inline constexpr R4 fRxAreaLeast = 0.001f;
+inline constexpr R4 fRxAreaDefault = 10000.0f;
+
 /// Where the search for a least and a greatest value begins.
 inline constexpr R4 fRangeMin0 = 1.0E32f;
 inline constexpr R4 fRangeMax0 = -9.9E31f;

@@ -8,8 +8,9 @@ namespace quillan {
 constexpr std::string_view sHelpText =
     "usage: quillan [OPTION]... [FILE]\n"
     "\n"
-    "Editor for time-domain electromagnetic sounding data. FILE is an averaged (.avg)\n"
-    "or unaveraged (.xdb) data file; without an extension it gets \".avg\".\n"
+    "Editor for time-domain electromagnetic sounding data. FILE is an averaged\n"
+    "(.avg), unaveraged (.xdb) or contour (.Z) data file; without an extension it\n"
+    "gets \".avg\".\n"
     "\n"
     "  --example           open a copy of the example survey, made in the folder\n"
     "                      quillan-example\n"

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "commands/match_columns.h"
 #include "commands/match_word.h"
+#include "commands/z_data_type.h"
 #include "toolkit/script/script.h"
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/messages.h"
@@ -39,7 +40,8 @@ void Show_Line(std::string_view sLine) {
 }  // namespace
 
 User User_at_Window() {
-  return {Tell, Match_Word, Match_Columns, Choose_File, Says_Yes, Show_Line, Message_Check, WindowClose};
+  return {Tell,     Match_Word, Match_Columns, Z_VerifyDataType, Choose_File,
+          Says_Yes, Show_Line,  Message_Check, WindowClose};
 }
 
 }  // namespace quillan

@@ -50,6 +50,7 @@ TEST(FormatTable, TheFilesOfASaveFollowTheStemOfTheDataFile) {
     if (h.iBox != 0) sNames += Output_Name(h, sDataFile) + ' ';
   }
   EXPECT_EQ(sNames, "/data/line1.v2.xdb /data/line1.v2o.avg /data/line1.v2.tem /data/line1.v2.usf ");
+  EXPECT_EQ(Output_Name(*Format_of("/data/line1.z"), "/data/line1.z"), "/data/line1.avg");
   EXPECT_EQ(Backup_Name(sDataFile), "/data/line1.v2.$.xdb");
   EXPECT_EQ(Backup_Name("/data/line"), "/data/line.$");
 }

@@ -86,6 +86,10 @@ void WDialogRefuseZero(I4 iField);
 void WDialogPutCheckBox(I4 iField, bool bOn);
 [[nodiscard]] std::optional<bool> WDialogGetCheckBox(I4 iField);
 
+/// A radio button: a put selects it, which clears the others of its group.
+void WDialogPutRadioButton(I4 iField);
+[[nodiscard]] std::optional<bool> WDialogGetRadioButton(I4 iField);
+
 /// A drop-down: its entries and the selected one, counted from 1; 0 selects none.
 void WDialogPutMenu1(I4 iField, std::span<const std::string> sEntry, I4 iSelect);
 [[nodiscard]] std::optional<I4> WDialogGetMenu1(I4 iField);

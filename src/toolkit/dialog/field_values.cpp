@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
 
@@ -121,6 +122,18 @@ void WDialogPutCheckBox(I4 iField, bool bOn) {
 std::optional<bool> WDialogGetCheckBox(I4 iField) {
   const auto* hBox = Find_Control<QCheckBox>(iField);
   return hBox ? std::optional(hBox->isChecked()) : std::nullopt;
+}
+
+void WDialogPutRadioButton(I4 iField) {
+  auto* hButton = Find_Control<QRadioButton>(iField);
+  if (!hButton) return;
+  hButton->setChecked(true);
+  Accept_Text(iField);
+}
+
+std::optional<bool> WDialogGetRadioButton(I4 iField) {
+  const auto* hButton = Find_Control<QRadioButton>(iField);
+  return hButton ? std::optional(hButton->isChecked()) : std::nullopt;
 }
 
 void WDialogPutMenu1(I4 iField, std::span<const std::string> sEntry, I4 iSelect) {

@@ -153,7 +153,7 @@ QString Dragged_File(const QDropEvent& hEvent) {
   const QList<QUrl> hUrls = hEvent.mimeData()->urls();
   if (hUrls.size() != 1 || !hUrls[0].isLocalFile()) return {};
   const QString sExt = QFileInfo(hUrls[0].toLocalFile()).suffix().toLower();
-  return sExt == "avg" || sExt == "xdb" ? hUrls[0].toLocalFile() : QString();
+  return sExt == "avg" || sExt == "xdb" || sExt == "z" ? hUrls[0].toLocalFile() : QString();
 }
 
 void On_Drag(QDropEvent& hEvent) {
