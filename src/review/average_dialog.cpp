@@ -34,7 +34,7 @@ constexpr R4 fRightEdge = 0.98f, fTopEdge = 0.05f;
 constexpr I4 NMargin = 2;  // pixels
 
 // How the dialog ends: iFlag of the view.
-enum : I4 { iMerge = 1, iSaveSkip, iCancel, iClosed };
+constexpr I4 iMerge = 1, iSaveSkip = 2, iCancel = 3, iClosed = 4;
 
 struct AverageView : ReviewView {
   I4 iGroup0 = 0;  // the group that the plot was made for; 0: it must be made

@@ -53,10 +53,17 @@ void Draw_Average() {
   const Array1<GrPoint, MTW> hPoint = Places(h);
   IGrColour("GREEN");
   IGrLineType(LineType::Solid);
-  for (I4 I = 1; I <= h.NTW; ++I) Draw_Error_Bar(h, I);
   IGrLineWidth(fDecayWidth);
   for (I4 I = 1; I <= h.NTW; ++I) Decay_Stroke(hPoint, h.NTW, I);
   IGrLineWidth(fDecayAxisWidth);
+}
+
+void Draw_Average_Errors() {
+  const AverageCurve& h = hAveragePlot.hCurve(0);
+  IGrColour("GREEN");
+  IPgClipRectangle("P");
+  for (I4 I = 1; I <= h.NTW; ++I) Draw_Error_Bar(h, I);
+  IPgClipRectangle("G");  // a number on the edge of the plot is shown whole
 }
 
 /// Every number that a point may have.
@@ -69,17 +76,19 @@ std::vector<RepeatLabel> All_Labels() {
   return hLabel;
 }
 
-/// Numbers stand on the lines, each on a white disc.
+/// Numbers stand on the lines, each on a white disc, which hides no error bar of the average.
 void Draw_Labels() {
   const GrPoint hPixel = IGrPixelSize();
   const std::string_view sWidest = hAveragePlot.NRepeat < 10 ? "0" : "00";
   const R4 fDisc = fDiscMargin +
                    std::hypot(WGrTextLength(sWidest) / hPixel.fX, fDigitHeight * InfoGraphics(iCharHeight) / hPixel.fY);
-  IGrLineType(LineType::Solid);
+  const auto hLabel = Labels_with_Room(All_Labels(), {fDisc * hPixel.fX, fDisc * hPixel.fY});
+  IPgClipRectangle("G");
+  IGrColourN(iWhite);
+  for (const RepeatLabel& h : hLabel) IGrDisc(h.h.fX, h.h.fY, fDisc);
+  Draw_Average_Errors();
   WGrTextOrientation(Justify::Centre, 0.0f);
-  for (const RepeatLabel& h : Labels_with_Room(All_Labels(), {fDisc * hPixel.fX, fDisc * hPixel.fY})) {
-    IGrColourN(iWhite);
-    IGrDisc(h.h.fX, h.h.fY, fDisc);
+  for (const RepeatLabel& h : hLabel) {
     IGrColour(hAveragePlot.Is_Skipped(h.K, h.I) ? "MAGENTA" : "BLACK");
     WGrTextString(h.h.fX, h.h.fY, Str_Write_I4(h.K).trimmed());
   }
@@ -98,7 +107,6 @@ I4 TMD_Avg_Plot_Update(const TitleRoom& hTitleRoom) {
   IPgClipRectangle("P");
   for (I4 K = 1; K <= h.NRepeat; ++K) Draw_Repeat(K);
   Draw_Average();
-  IPgClipRectangle("G");  // a number on the edge of the plot is shown whole
   Draw_Labels();
   IGrColour("BLACK");
   IGrFlush();

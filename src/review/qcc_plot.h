@@ -1,9 +1,7 @@
 // qcc_plot.h: one transient as a decay curve: what is plotted, how it is drawn, and which points a gesture flags.
 //
-// Time runs along a logarithmic X axis, the value along a Y axis on the signed logarithmic scale (signed_log.h), so
-// that a decay through four decades and its reversed tail are both seen. A point is the letter of its axis, X, Y or Z
-// (R for a reference or an off-time channel) with an error bar; a point that is skipped, and half of the curve on
-// either side of it, is magenta and dashed.
+// On the axes of decay_frame.h a point is the letter of its axis, X, Y or Z (R for a reference or an off-time channel),
+// with an error bar; a point that is skipped, and half of the curve on either side of it, is magenta and dashed.
 //
 // Y axis by plot type:  1 dB/dt   2 B(t)   3 apparent resistivity; components other than Hx, Hy, Hz have the first only
 #pragma once

@@ -184,6 +184,13 @@ TEST_F(Dialogs, EnterCompletesTheFieldAndContinues) {
   EXPECT_EQ(WDialogGetInteger(1002), 11);
 }
 
+TEST_F(Dialogs, StepsOfANumberMayCount) {
+  WDialogLoad(109);
+  WDialogRangeInteger(1057, 1, 3);
+  WDialogPutInteger(1057, 2);
+  EXPECT_EQ(Messages_of("key Up\nkey Up\nkey 3\npress 1010"), "1057 1057 1010!") << "the edit is complete at its end";
+}
+
 TEST_F(Dialogs, AModalDialogEndsWithItsButton) {
   WDialogLoad(104);
   WDialogPutNote(1059, "line1.avg");

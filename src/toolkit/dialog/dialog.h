@@ -11,8 +11,8 @@
 // typing in the field.
 //
 // A field reports a change (MessageType::Field) when its edit is complete: the focus has left it, Enter, a box
-// ticked, an entry chosen, a trackbar moved, a cell edited. A field that its designer file marks with the property
-// "live" reports each letter, one marked with "liveSteps" each step of its arrows. A button completes the edit under way before it reports itself.
+// ticked, an entry chosen, a trackbar moved, a cell edited. Marked "live" in its designer file it reports each letter,
+// marked "liveSteps" each step of its arrows. A button completes the edit under way before it reports itself.
 #pragma once
 
 #include <optional>

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
@@ -84,11 +85,17 @@ class CheckDelegate : public QStyledItemDelegate {
 
   bool editorEvent(QEvent* hEvent, QAbstractItemModel* hModel, const QStyleOptionViewItem&,
                    const QModelIndex& hCell) override {
-    const bool bSpace = hEvent->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(hEvent)->key() == Qt::Key_Space;
-    if (!bSpace && hEvent->type() != QEvent::MouseButtonRelease) return false;
+    if (!Switches(*hEvent)) return false;
     const QVariant hState = hCell.data(Qt::CheckStateRole);
     if (!hState.isValid() || !(hCell.flags() & Qt::ItemIsEnabled)) return false;
     return hModel->setData(hCell, hState.toInt() == Qt::Checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+  }
+
+ private:
+  static bool Switches(const QEvent& hEvent) {
+    if (hEvent.type() == QEvent::KeyPress) return static_cast<const QKeyEvent&>(hEvent).key() == Qt::Key_Space;
+    return hEvent.type() == QEvent::MouseButtonRelease &&
+           static_cast<const QMouseEvent&>(hEvent).button() == Qt::LeftButton;
   }
 };
 
@@ -97,10 +104,11 @@ class GridTable : public QTableWidget {
  public:
   using QTableWidget::QTableWidget;
 
-  /// A closed editor is there, hidden, until its deletion is due.
+  /// Editors that were closed are there, hidden, until their deletion is due.
   QLineEdit* Open_Editor() const {
-    auto* hLine = viewport()->findChild<QLineEdit*>();
-    return hLine && !hLine->isHidden() ? hLine : nullptr;
+    const auto hAll = viewport()->findChildren<QLineEdit*>();
+    const auto hOpen = std::ranges::find_if(hAll, [](const QLineEdit* hLine) { return !hLine->isHidden(); });
+    return hOpen == hAll.end() ? nullptr : *hOpen;
   }
 
   void Complete() {
