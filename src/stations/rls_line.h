@@ -43,6 +43,11 @@ void LineFit_Write_Steps();
 /// A robust mean: of the middle half of the ordered values under a cosine; the median of three or fewer; 0 of none.
 [[nodiscard]] R4 TaperedAlphaMean(I4 ND, std::span<const R4> fDV);
 
+/// Points turned about (fXS0, fYS0), which becomes (fUS0, fVS0), so that U runs along fXY2UVdeg degrees anticlockwise
+/// from X. fUS and fVS hold as many as are turned.
+void XY2UV_Rotate(I4 NS, R4 fXY2UVdeg, R4 fXS0, R4 fYS0, std::span<const R4> fXS, std::span<const R4> fYS, R4 fUS0,
+                  R4 fVS0, std::span<R4> fUS, std::span<R4> fVS);
+
 /// Weights of a distance in units of the scatter: Huber falls off as 1/x, Hampel is 0 from 8 on.
 [[nodiscard]] R4 fWgt_Huber(R4 fXS);
 [[nodiscard]] R4 fWgt_Hampel(R4 fXS);

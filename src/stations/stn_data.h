@@ -110,6 +110,12 @@ void Stn_Forget();
 /// Makes room for points and lines and gives every one its start value, and the flags and ranges theirs.
 void Stn_Initialize(I4 NStn, I4 NStnLine);
 
+/// One line more, of number dLine, which begins and ends at point I.
+void Stn_Add_Line(R8 dLine, I4 I);
+
+/// Point J becomes as point I.
+void Stn_Copy_Point(I4 I, I4 J);
+
 /// Puts the points in the order of line and station. Of equal ones the order is always the same.
 void Stn_Sort();
 
