@@ -17,15 +17,19 @@
 namespace quillan {
 namespace {
 
-constexpr R4 fXCMU = 24.0f, fYCMU = 18.0f;                    // graphics units of the drawing area
-constexpr GrBox hPlotPlace{2.5f, 1.5f, 23.5f, 17.5f};         // graphics units
-constexpr MapFonts hFonts{{0.008722f, 0.0196f}, {0.0104664f, 0.02352f}, {0.0104664f, 0.02352f}};
+constexpr R4 fXCMU = 24.0f, fYCMU = 18.0f;             // graphics units of the drawing area
+constexpr GrBox hPlotPlace{2.5f, 1.5f, 23.5f, 17.5f};  // graphics units
+constexpr MapFonts hFonts{
+    {0.008722f,  0.0196f },
+    {0.0104664f, 0.02352f},
+    {0.0104664f, 0.02352f}
+};
 constexpr TextSize hMarkerSize{0.0069776f, 0.01568f};
 constexpr R8 dWiden = 1.05;
-constexpr I4 MinHeight = 10;        // pixels
-constexpr R4 fLoopWidth = 1.5f;     // pixels
+constexpr I4 NHeightLeast = 10;  // pixels
+constexpr R4 fLoopWidth = 1.5f;  // pixels
 constexpr R4 fRadian = 0.0174532924f;
-constexpr I4 NPartOfLine = 32;      // points of a line that texts keep clear of
+constexpr I4 NPartOfLine = 32;  // points of a line that texts keep clear of
 
 bool Is_Position(const Array1<R8, 3>& d) {
   return Is_Present(d(1)) && Is_Present(d(2)) && std::isfinite(d(1)) && std::isfinite(d(2));
@@ -191,8 +195,7 @@ void Draw_View() {
   const std::vector<MapPoint> hPoint = Drawn_Points(h);
   const std::vector<std::string> sNotes = Plan_Notes(h, sPositionsFrom);
   const std::string_view sUnit = Held_Entry(sLengthUnit, hTemSurvey.iLengthUnit);
-  GrBox hPlot = hPlotPlace;
-  hPlot.fX1 = Left_with_Room(hPlot, Map_Range(hPoint, Shape_of(hPlot), dWiden), hFonts);
+  const GrBox hPlot = With_Room_for_Axes(hPlotPlace, hPoint, dWiden, hFonts);
   const MapLayout hLayout = Map_Layout(Map_Range(hPoint, Shape_of(hPlot), dWiden), hPoint,
                                        Notes_Block(hPlot, hFonts, sNotes), Scale_Block(hPlot, hFonts));
   Set_Map_Units(hPlot, hLayout.hRange);
@@ -205,7 +208,7 @@ void Draw_View() {
 }
 
 bool Has_Room() {
-  return NTrn >= 1 && WInfoWindow(iWindowHeight) >= MinHeight;
+  return NTrn >= 1 && WInfoWindow(iWindowHeight) >= NHeightLeast;
 }
 
 void Show_View() {

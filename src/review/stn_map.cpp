@@ -26,22 +26,21 @@ constexpr std::string_view sElevation = "Elevation";
 
 constexpr R4 fScreenPart = 0.9f;  // of the screen
 constexpr R4 fMapShape = 0.7f;    // height over width of the window
-constexpr I4 MinHeight = 10;      // pixels
+constexpr I4 NHeightLeast = 10;   // pixels
 
 // The page in centimetres, at least this large.
 constexpr R4 fXPage = 24.0f, fYPage = 18.0f;
 constexpr R4 fLeft = 1.5f, fRight = 2.0f, fBottom = 1.5f, fTop = 1.0f;  // margins of the plot
-constexpr R4 fLeastPlot = 1.0f;
-constexpr R4 fBarOffset = 0.25f, fBarWidth = 0.5f;  // the colour bar beside the plot
-constexpr R4 fPoint = 0.03528f;                     // height of a point
-constexpr R4 fCharShape = 0.445f;                   // width over height of a character
-constexpr R4 fBarTitle = 1.2f;                      // its size over that of the labels
+constexpr R4 fBarOffset = 0.25f, fBarWidth = 0.5f;                      // the colour bar beside the plot
+constexpr R4 fPoint = 0.03528f;                                         // height of a point
+constexpr R4 fCharShape = 0.445f;                                       // width over height of a character
+constexpr R4 fBarTitle = 1.2f;                                          // its size over that of the labels
 constexpr R8 dWiden = 1.1;
 
-constexpr I4 MStep = 50;                // steps of the colour scale
-constexpr I4 MLabel = 10;               // labels beside it
-constexpr I4 MRectangle = 200;          // of the bar, whatever its steps are
-constexpr R4 fNoHeading = -360.1f;      // degrees; from here down a station has none
+constexpr I4 MStep = 50;            // steps of the colour scale
+constexpr I4 MLabel = 10;           // labels beside it
+constexpr I4 MRectangle = 200;      // of the bar, whatever its steps are
+constexpr R4 fNoHeading = -360.1f;  // degrees; from here down a station has none
 
 struct Page {
   R4 fXCMT, fYCMT;
@@ -136,8 +135,7 @@ std::vector<ColorLabel> Stn_Color_Labels(const ColorScale& h) {
   for (I4 I = 0; I < NLabel; ++I) {
     const R8 dValue = (dBeg + I) * dStep;
     if (dValue < dMin || dValue > dMax) continue;
-    hLabel.push_back({static_cast<R4>((dValue - dMin) / (dMax - dMin)),
-                      Str_Write_R8(dValue, "(F14.2)").str()});
+    hLabel.push_back({static_cast<R4>((dValue - dMin) / (dMax - dMin)), Str_Write_R8(dValue, "(F14.2)").str()});
   }
   return hLabel;
 }
@@ -167,14 +165,14 @@ namespace {
 
 /// What one picture of the map is made of.
 struct MapPicture {
-  Page hPage;
-  MapFonts hFonts;
-  ColorScale hScale;
-  std::vector<ColorLabel> hLabel;
-  std::vector<std::string> sNotes;  // from the top down
-  std::string_view sUnit;
-  GrBox hPlot;
-  MapLayout hLayout;
+  Page hPage{};
+  MapFonts hFonts{};
+  ColorScale hScale{};
+  std::vector<ColorLabel> hLabel{};
+  std::vector<std::string> sNotes{};  // from the top down
+  std::string_view sUnit{};
+  GrBox hPlot{};
+  MapLayout hLayout{};
 };
 
 /// The margin to the right of the plot: room for the colour bar and its labels.
@@ -188,13 +186,10 @@ R4 Right_Margin(const MapPicture& h) {
 }
 
 void Lay_Out(MapPicture& h, std::span<const MapPoint> hPoint) {
-  GrBox& hPlot = h.hPlot;
-  hPlot = {fLeft, fBottom, std::max(h.hPage.fXCMT - Right_Margin(h), fLeft + fLeastPlot),
-           std::max(h.hPage.fYCMT - fTop, fBottom + fLeastPlot)};
-  const R4 fX1 = Left_with_Room(hPlot, Map_Range(hPoint, Shape_of(hPlot), dWiden), h.hFonts);
-  hPlot.fX1 = std::min(fX1, hPlot.fX2 - fLeastPlot);
-  h.hLayout = Map_Layout(Map_Range(hPoint, Shape_of(hPlot), dWiden), hPoint, Notes_Block(hPlot, h.hFonts, h.sNotes),
-                         Scale_Block(hPlot, h.hFonts));
+  const GrBox hPlace{fLeft, fBottom, h.hPage.fXCMT - Right_Margin(h), h.hPage.fYCMT - fTop};
+  h.hPlot = With_Room_for_Axes(hPlace, hPoint, dWiden, h.hFonts);
+  h.hLayout = Map_Layout(Map_Range(hPoint, Shape_of(h.hPlot), dWiden), hPoint, Notes_Block(h.hPlot, h.hFonts, h.sNotes),
+                         Scale_Block(h.hPlot, h.hFonts));
 }
 
 /// The headings first: discs of stations close by are not hidden by an arrow.
@@ -230,7 +225,7 @@ void Stn_Plot_Map_Color_Bar(const MapPicture& h) {
   const I4 NCF = static_cast<I4>(std::clamp(std::round(fStep), 0.0f, R4{MRectangle}));
   const R4 fEach = fHeight / static_cast<R4>(NCF + 1);
   for (I4 I = 0; I <= NCF; ++I) {
-    Use_Percent_Colour(NCF > 0 ? 100.0f * static_cast<R4>(I) / static_cast<R4>(NCF) : 0.0f);
+    Use_Percent_Colour(Percent(h.hScale.fCFmin + static_cast<R4>(I) * h.hScale.fCFinc, h.hScale));
     IGrFilledRectangle(fX1, fY1 + static_cast<R4>(I) * fEach, fX2, fY1 + static_cast<R4>(I + 1) * fEach);
   }
   IGrColour("BLACK");
@@ -244,7 +239,7 @@ void Stn_Plot_Map_Color_Bar(const MapPicture& h) {
   }
   Use_Font({fBarTitle * h.hFonts.hNumbers.fWidth, fBarTitle * h.hFonts.hNumbers.fHeight});
   WGrTextOrientation(Justify::Centre, 0.0f);
-  WGrTextString(0.5f * (fX1 + fX2), fY1 + fHeight + 0.8f * InfoGraphics(iCharHeight), sElevation);
+  WGrTextString(0.5f * (fX1 + fX2), fY1 + fHeight + InfoGraphics(iCharHeight), sElevation);
 }
 
 /// Title and prompt, clear of the scale of colours and of the label of the axis.
@@ -264,7 +259,7 @@ ColorScale Elevation_Scale() {
 }
 
 void Draw_Map(std::string_view sFileName, R8 dLineNumber) {
-  if (WInfoWindow(iWindowHeight) < MinHeight) return;
+  if (WInfoWindow(iWindowHeight) < NHeightLeast) return;
   WindowClear();
   MapPicture h{.hPage = Window_Page(), .hScale = Elevation_Scale(), .sNotes = Stn_Annotation(dLineNumber)};
   IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
@@ -288,15 +283,15 @@ void Draw_Map(std::string_view sFileName, R8 dLineNumber) {
 
 // ---- the window
 
-struct WindowSize {
+struct PixelSize {
   I4 NXP, NYP;
 };
 
-WindowSize Map_Size() {
+PixelSize Map_Size() {
   const I4 NXP = Nint(fScreenPart * static_cast<R4>(WInfoScreen(iScreenWidth)));
   const I4 NYP = Nint(fScreenPart * static_cast<R4>(WInfoScreen(iScreenHeight)));
   const I4 MXP = Nint(static_cast<R4>(NYP) / fMapShape), MYP = Nint(fMapShape * static_cast<R4>(NXP));
-  return MXP < NXP ? WindowSize{MXP, NYP} : WindowSize{NXP, MYP};
+  return MXP < NXP ? PixelSize{MXP, NYP} : PixelSize{NXP, MYP};
 }
 
 /// Whether a message ends the map. A close request of the program is for the loop that called.
@@ -313,8 +308,8 @@ bool Ends_Map(const Message& h) {
 }
 
 void Show_Pointer(const Message& h) {
-  const MapPoint hPointer = {};
-  WindowOutStatusBar(iStatusProgress, Stn_Pointer_Text(hPointer));
+  const AxisNumbers hPointer = IPgNumbersFromGrUnits(h.GX, h.GY);
+  WindowOutStatusBar(iStatusProgress, Stn_Pointer_Text({hPointer.dX, hPointer.dY}));
 }
 
 void Run_Map(std::string_view sFileName, R8 dLineNumber) {
@@ -331,7 +326,7 @@ I4 Stn_Plot_Map(std::string_view sFileName, R8 dLineNumber) {
   if (hStn.NStn < 1) return 0;
   if (WInfoWindow(iWindowDrawable) == 0) return 1;
   for (const std::string& sLine : Stn_Annotation(dLineNumber)) LogText_File(sLine);
-  const WindowSize hSize = Map_Size();
+  const PixelSize hSize = Map_Size();
   WindowOpenChild2(hSize.NXP, hSize.NYP, sMapTitle);
   WindowOutStatusBar(iStatusProgress, sMapTitle);
   WMessageEnable(MessageType::MouseMove, true);

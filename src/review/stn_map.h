@@ -1,8 +1,8 @@
 // stn_map.h: the stations of the table on a map in a window of its own, for a quick look at what a file gave.
 //
 // Each station is a disc in the colour of its elevation, over a black arrow along its heading. Beside the plot stands
-// the scale of elevations, on it the statistics of the survey's line. The status bar says where the pointer is and which
-// station is nearest to it.
+// the scale of elevations, on it the statistics of the survey's line. The status bar says where the pointer is and
+// which station is nearest to it.
 #pragma once
 
 #include <string>
@@ -28,7 +28,7 @@ inline I4 NMsecMap = 30000;  // milliseconds for which the map stays if the user
 
 // What the map shows, apart from drawing.
 
-/// The statistics of a line, the last line of text first; nothing where the table has no such line.
+/// The statistics of a line, from the lowest line of text up; nothing where the table has no such line.
 [[nodiscard]] std::vector<std::string> Stn_Annotation(R8 dLineNumber);
 
 /// The texts beside a scale of colours, fewer than 11, with their places: 0 at its lower end, 1 at its upper one.

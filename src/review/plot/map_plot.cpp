@@ -11,15 +11,18 @@
 namespace quillan {
 namespace {
 
-constexpr R8 dLeastHalf = 0.1;           // length units
-constexpr R8 dLeastOfCentre = 2.0E-5;    // of the middle's coordinate
-constexpr R4 fMostNotes = 0.5f;          // of the plot's height
-constexpr R8 dBarPart = 0.2;             // of the map's width
-constexpr R4 fBlockMargin = 1.0f;        // character heights around a block
-constexpr R4 fBarHeight = 2.0f;          // character heights: the bar and its text
-constexpr R4 fArrowRoom = 3.0f;          // character heights, beside the bar
-constexpr R4 fNumberGap = 0.5f;          // character heights between numbers of an axis and its label
-constexpr R4 fNorthingPlace = 0.85f;     // of the way from the plot to the edge of the area
+constexpr R8 dLeastHalf = 0.1;         // length units
+constexpr R8 dLeastOfCentre = 2.0E-5;  // of the middle's coordinate
+constexpr R4 fMostNotes = 0.5f;        // of the plot's height
+constexpr R8 dBarPart = 0.2;           // of the map's width
+constexpr R4 fBlockMargin = 1.0f;      // character heights around a block
+constexpr R4 fBarHeight = 2.0f;        // character heights: the bar and its text
+constexpr R4 fArrowRoom = 3.0f;        // character heights, beside the bar
+constexpr R4 fNumberGap = 0.5f;        // character heights between numbers of an axis and its label
+constexpr R4 fNorthingPlace = 0.85f;   // of the way from the plot to the edge of the area
+
+constexpr R4 fRowsBelow = 3.4f;  // character heights below the plot: numbers, label
+constexpr R4 fLeastPlot = 0.5f;  // graphics units
 
 struct Extent {
   R8 dLow = std::numeric_limits<R8>::max(), dHigh = std::numeric_limits<R8>::lowest();
@@ -160,10 +163,14 @@ R4 Label_Distance(const MapFonts& hFonts) {
 
 }  // namespace
 
-R4 Left_with_Room(const GrBox& hPlot, const MapRange& hRange, const MapFonts& hFonts) {
-  Set_Map_Units(hPlot, hRange);
-  const R4 fDistance = Label_Distance(hFonts);
-  return std::max(hPlot.fX1, InfoGraphics(iUnitXMin) + fDistance + 0.5f * Turned_Height());
+GrBox With_Room_for_Axes(GrBox hPlot, std::span<const MapPoint> hPoint, R8 dWiden, const MapFonts& hFonts) {
+  Use_Font(hFonts.hLabels);
+  const R4 fBelow = fRowsBelow * InfoGraphics(iCharHeight);
+  hPlot.fY1 = std::min(std::max(hPlot.fY1, InfoGraphics(iUnitYMin) + fBelow), hPlot.fY2 - fLeastPlot);
+  Set_Map_Units(hPlot, Map_Range(hPoint, Shape_of(hPlot), dWiden));
+  const R4 fBeside = Label_Distance(hFonts) + (0.5f + fNumberGap) * Turned_Height();
+  hPlot.fX1 = std::min(std::max(hPlot.fX1, InfoGraphics(iUnitXMin) + fBeside), hPlot.fX2 - fLeastPlot);
+  return hPlot;
 }
 
 void Set_Map_Units(const GrBox& hPlot, const MapRange& r) {

@@ -46,10 +46,10 @@ struct MapLayout {
   std::optional<BlockPlace> hNotes, hScale;  // none: there is no room
 };
 
-/// Places a block of notes and a scale bar in corners of the plot under which no point lies: the notes in the upper left
-/// one if possible, the bar in the lower right one. Where that cannot be done, the map gets a band above the points for
-/// them, and a smaller scale. Notes that would take more than half of the height, or have no room beside the bar, are
-/// left out.
+/// Places a block of notes and a scale bar in corners of the plot under which no point lies: the notes in the upper
+/// left one if possible, the bar in the lower right one. Where that cannot be done, the map gets a band above the
+/// points for them, and a smaller scale. Notes that would take more than half of the height, or have no room beside the
+/// bar, are left out.
 [[nodiscard]] MapLayout Map_Layout(const MapRange& hRange, std::span<const MapPoint> hPoint, const MapBlock& hNotes,
                                    const MapBlock& hScale);
 
@@ -66,8 +66,10 @@ struct MapFonts {
 /// Height over width of a box of graphics units, in pixels.
 [[nodiscard]] R8 Shape_of(const GrBox& hPlot);
 
-/// The left edge of a plot, hPlot.fX1 or farther to the right, so that the coordinates along it and the label have room.
-[[nodiscard]] R4 Left_with_Room(const GrBox& hPlot, const MapRange& hRange, const MapFonts& hFonts);
+/// A plot whose lower and left edges are moved inward as far as it takes that the coordinates along them and the labels
+/// have room. The points decide what the coordinates are.
+[[nodiscard]] GrBox With_Room_for_Axes(GrBox hPlot, std::span<const MapPoint> hPoint, R8 dWiden,
+                                       const MapFonts& hFonts);
 
 /// Puts the plot and its plot units in force: positions are drawn at IPgNumbersToGrUnits.
 void Set_Map_Units(const GrBox& hPlot, const MapRange& hRange);

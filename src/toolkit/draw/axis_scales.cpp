@@ -133,7 +133,9 @@ std::vector<DrawnTick> Ticks_of(const Axis& hAxis, I4 MMajor) {
   const I4 NDecimal = hAxis.bCoordinates && dMajor.size() > 1 ? Decimals_of(dMajor[1] - dMajor[0]) : 0;
   std::vector<DrawnTick> hDrawn;
   for (const Tick& h : hTick) {
-    const std::string sText = !h.bMajor ? "" : hAxis.bCoordinates ? Coordinate_Text(h.dValue, NDecimal) : Tick_Text(h.dValue);
+    const std::string sText = !h.bMajor            ? ""
+                              : hAxis.bCoordinates ? Coordinate_Text(h.dValue, NDecimal)
+                                                   : Tick_Text(h.dValue);
     hDrawn.push_back({hAxis.To_Gr(h.dValue - hAxis.dOrigin), h.bMajor, sText, bLog && Is_Decade(h.dValue)});
   }
   return hDrawn;

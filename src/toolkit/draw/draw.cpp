@@ -20,7 +20,7 @@ constexpr R8 dSlack = 0.01;  // pixels: what 32-bit units lose at the edge of a 
 constexpr QRectF hNowhere(-1.0e9, -1.0e9, 0.0, 0.0);
 constexpr R8 dDash = 5.0;  // pixels of line width
 constexpr R8 dGap = 4.0;
-constexpr R8 dHeadPart = 0.4;     // of an arrow's length
+constexpr R8 dHeadPart = 0.25;    // of an arrow's length
 constexpr R8 dLongestHead = 9.0;  // pixels of line width
 constexpr R8 dHeadTurn = 25.0;    // degrees between an arrow and the strokes of its head
 

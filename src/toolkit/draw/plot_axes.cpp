@@ -123,6 +123,10 @@ GrPoint IPgNumbersToGrUnits(R8 dX, R8 dY) {
   return {hPlot.X.To_Gr(dX - hPlot.X.dOrigin), hPlot.Y.To_Gr(dY - hPlot.Y.dOrigin)};
 }
 
+AxisNumbers IPgNumbersFromGrUnits(R4 fXGr, R4 fYGr) {
+  return {hPlot.X.dOrigin + R8{hPlot.X.From_Gr(fXGr)}, hPlot.Y.dOrigin + R8{hPlot.Y.From_Gr(fYGr)}};
+}
+
 R4 InfoPgReal(I4 iSelect) {
   switch (iSelect) {
     case iPlotXMin: return static_cast<R4>(hPlot.X.hRange.dLow);

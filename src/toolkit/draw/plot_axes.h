@@ -67,8 +67,12 @@ void IPgDisc(R4 fX, R4 fY, R4 fPixels);
 [[nodiscard]] GrPoint IPgUnitsToGrUnits(R4 fXPg, R4 fYPg);
 [[nodiscard]] GrPoint IPgUnitsFromGrUnits(R4 fXGr, R4 fYGr);
 
-/// The place in graphics units of the numbers that the axes show: plot units, or coordinates where the axes have them.
+/// A place by the numbers that the axes show: plot units, or coordinates where the axes have them.
+struct AxisNumbers {
+  R8 dX = 0.0, dY = 0.0;
+};
 [[nodiscard]] GrPoint IPgNumbersToGrUnits(R8 dX, R8 dY);
+[[nodiscard]] AxisNumbers IPgNumbersFromGrUnits(R4 fXGr, R4 fYGr);
 
 // Selectors of InfoPgReal.
 inline constexpr I4 iPlotXMin = 5;

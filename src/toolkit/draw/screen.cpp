@@ -12,8 +12,8 @@ using namespace toolkit;
 
 namespace {
 
-// The drawing of the main window while a child window has its place. Enter_Child_Area fills it, Leave_Child_Area empties
-// it. Its painter is at work in hDraw alone, where its image then is again.
+// The drawing of the main window while a child window has its place. Enter_Child_Area fills it, Leave_Child_Area
+// empties it. Its painter is at work in hDraw alone, where its image then is again.
 std::optional<Drawing> hBelow;
 
 void Use_Canvas(const Canvas& hCanvas) {

@@ -31,8 +31,7 @@ QStringList Shown_Texts() {
     sShown << hWindow->windowTitle();
     const auto* hBar = hWindow->findChild<QStatusBar*>(QString(), Qt::FindDirectChildrenOnly);
     const auto hParts = hBar ? hBar->findChildren<QLabel*>() : QList<QLabel*>();
-    for (const QLabel* hPart : hParts)
-      sShown << hPart->text();
+    for (const QLabel* hPart : hParts) sShown << hPart->text();
   }
   for (QString& sText : sShown) sText = As_Read(sText);
   return sShown;

@@ -36,8 +36,8 @@ struct MessageQueue {
   bool bMoves = false;           // whether MouseMove messages are wanted
   bool bFields = false;          // whether Field messages are wanted
   std::map<I4, std::unique_ptr<QTimer>> hTimer;
-  I4 iWheelAngle = 0;  // turned, less than a step, up is positive
-  std::string sDropped;          // path of the last file dropped
+  I4 iWheelAngle = 0;    // turned, less than a step, up is positive
+  std::string sDropped;  // path of the last file dropped
 };
 MessageQueue hQueue;
 

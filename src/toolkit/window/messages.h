@@ -69,7 +69,8 @@ void WMessagePutBack(const Message& hMessage);
 /// Turns MouseMove or Field messages on or off; both are off at the start.
 void WMessageEnable(MessageType iType, bool bOn);
 
-/// Puts one Timer message into the queue after NMsec milliseconds. 0: the timer is not wanted any more, nor its message.
+/// Puts one Timer message into the queue after NMsec milliseconds. 0: the timer is not wanted any more, nor its
+/// message.
 void WMessageTimer(I4 NMsec, I4 iTimer);
 
 /// Where a rubber-band box was released, in graphics units.
