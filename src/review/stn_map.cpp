@@ -95,7 +95,8 @@ std::string Figure(R4 fValue) {
 }
 
 std::string Tenths(R8 dValue) {
-  return Str_Write_R8(dValue, "(F0.1)").str();
+  constexpr R8 dTenth = 0.05;
+  return Str_Write_R8(std::abs(dValue) < dTenth ? 0.0 : dValue, "(F0.1)").str();  // never "-0"
 }
 
 std::string Range_Text(std::string_view sWhat, R4 fMin, R4 fMax, I4 iOrigin) {
