@@ -243,6 +243,11 @@ void Stn_Plot_Map_Color_Bar(const MapPicture& h) {
   WGrTextString(0.5f * (fX1 + fX2), fY1 + fHeight + InfoGraphics(iCharHeight), sElevation);
 }
 
+/// The statistics of the survey's line, where there is room for them.
+void Stn_Plot_Annotation(const MapPicture& h) {
+  if (h.hLayout.hNotes) Draw_Notes(h.hPlot, h.hFonts, *h.hLayout.hNotes, h.sNotes);
+}
+
 /// Title and prompt, clear of the scale of colours and of the label of the axis.
 void Draw_Titles(const MapPicture& h, std::string_view sFileName) {
   const R4 fMiddle = 0.5f * (h.hPlot.fX1 + h.hPlot.fX2);
@@ -276,7 +281,7 @@ void Draw_Map(std::string_view sFileName, R8 dLineNumber) {
   Draw_Headings(h);
   Draw_Points(h);
   Stn_Plot_Map_Color_Bar(h);
-  if (h.hLayout.hNotes) Draw_Notes(h.hPlot, h.hFonts, *h.hLayout.hNotes, h.sNotes);
+  Stn_Plot_Annotation(h);
   Draw_Scale_Bar(h.hPlot, h.hFonts, h.hLayout, h.sUnit);
   Draw_Titles(h, sFileName);
   IGrFlush();
@@ -313,7 +318,28 @@ void Show_Pointer(const Message& h) {
   WindowOutStatusBar(iStatusProgress, Stn_Pointer_Text({hPointer.dX, hPointer.dY}));
 }
 
+/// The window of the map, with its timer, for as long as it lives: also a lack of memory closes it.
+class MapWindow {
+ public:
+  MapWindow() {
+    const PixelSize hSize = Map_Size();
+    WindowOpenChild2(hSize.NXP, hSize.NYP, sMapTitle);
+    WindowOutStatusBar(iStatusProgress, sMapTitle);
+    WMessageEnable(MessageType::MouseMove, true);
+    WMessageTimer(NMsecMap, iTimerMap);
+  }
+  ~MapWindow() {
+    WMessageTimer(0, iTimerMap);
+    WMessageEnable(MessageType::MouseMove, false);
+    WindowCloseChild();
+    IPgForget();
+  }
+  MapWindow(const MapWindow&) = delete;
+  MapWindow& operator=(const MapWindow&) = delete;
+};
+
 void Run_Map(std::string_view sFileName, R8 dLineNumber) {
+  const MapWindow window;
   Draw_Map(sFileName, dLineNumber);
   for (Message h = WMessage(); !Ends_Map(h); h = WMessage()) {
     if (h.iType == MessageType::MouseMove) Show_Pointer(h);
@@ -327,16 +353,7 @@ I4 Stn_Plot_Map(std::string_view sFileName, R8 dLineNumber) {
   if (hStn.NStn < 1) return 0;
   if (WInfoWindow(iWindowDrawable) == 0) return 1;
   for (const std::string& sLine : Stn_Annotation(dLineNumber)) LogText_File(sLine);
-  const PixelSize hSize = Map_Size();
-  WindowOpenChild2(hSize.NXP, hSize.NYP, sMapTitle);
-  WindowOutStatusBar(iStatusProgress, sMapTitle);
-  WMessageEnable(MessageType::MouseMove, true);
-  WMessageTimer(NMsecMap, iTimerMap);
   Run_Map(sFileName, dLineNumber);
-  WMessageTimer(0, iTimerMap);
-  WMessageEnable(MessageType::MouseMove, false);
-  WindowCloseChild();
-  IPgForget();
   InqWintError("Stn_Plot_Map");
   LogText_Reset();
   return 0;

@@ -245,11 +245,16 @@ void Give_Status_Bar(QMainWindow& hWindow) {
   hWindow.statusBar()->addWidget(hOpen.hChildBar, 1);
 }
 
-/// Shows the child in the middle of the screen, no larger than that.
+/// Shows the child over the middle of the main window, as far as the screen goes.
 void Show_Child(I4 NXP, I4 NYP) {
   const QRect hScreen = hOpen.hMain->screen()->availableGeometry();
   const QSize hSize = QSize(NXP, NYP).expandedTo(hLeastChild).boundedTo(hScreen.size());
-  hOpen.hChild->setGeometry(QRect(hScreen.center() - QPoint(hSize.width(), hSize.height()) / 2, hSize));
+  const QPoint hCorner = hOpen.hMain->geometry().center() - QPoint(hSize.width(), hSize.height()) / 2;
+  const QPoint hLast = hScreen.bottomRight() - QPoint(hSize.width() - 1, hSize.height() - 1);
+  hOpen.hChild->setGeometry({
+      {std::clamp(hCorner.x(), hScreen.left(), hLast.x()), std::clamp(hCorner.y(), hScreen.top(), hLast.y())},
+      hSize
+  });
   hOpen.hChild->show();
   hOpen.hChild->activateWindow();
   Drawing_Area()->setFocus();
