@@ -34,7 +34,8 @@ constexpr R4 fLeft = 1.5f, fRight = 2.0f, fBottom = 1.5f, fTop = 1.0f;  // margi
 constexpr R4 fBarOffset = 0.25f, fBarWidth = 0.5f;                      // the colour bar beside the plot
 constexpr R4 fPoint = 0.03528f;                                         // height of a point
 constexpr R4 fCharShape = 0.445f;                                       // width over height of a character
-constexpr R4 fBarTitle = 1.2f;                                          // its size over that of the labels
+constexpr R4 fRowsAbove = 2.2f;  // character heights above the plot, at least: the titles
+constexpr R4 fBarTitle = 1.2f;   // its size over that of the labels
 constexpr R8 dWiden = 1.1;
 
 constexpr I4 MStep = 50;            // steps of the colour scale
@@ -176,18 +177,25 @@ struct MapPicture {
   MapLayout hLayout{};
 };
 
+/// How far the title of the colour bar reaches out on either side of it, with the font of the numbers in force.
+R4 Bar_Title_Overhang() {
+  return std::max(0.5f * (fBarTitle * WGrTextLength(sElevation) - fBarWidth), 0.0f);
+}
+
 /// The margin to the right of the plot: room for the colour bar and its labels.
 R4 Right_Margin(const MapPicture& h) {
   Use_Font(h.hFonts.hNumbers);
   R4 fWidest = 0.0f;
   for (const ColorLabel& hLabel : h.hLabel) fWidest = std::max(fWidest, WGrTextLength(hLabel.sLabel));
   const R4 fLabels = fWidest + 2.0f * InfoGraphics(iCharWidth);
-  const R4 fTitle = 0.5f * (fBarTitle * WGrTextLength(sElevation) - fBarWidth);
-  return std::max(fRight, fBarOffset + fBarWidth + std::max(fLabels, fTitle + InfoGraphics(iCharWidth)));
+  const R4 fTitle = Bar_Title_Overhang() + InfoGraphics(iCharWidth);
+  return std::max(fRight, fBarOffset + fBarWidth + std::max(fLabels, fTitle));
 }
 
 void Lay_Out(MapPicture& h, std::span<const MapPoint> hPoint) {
-  const GrBox hPlace{fLeft, fBottom, h.hPage.fXCMT - Right_Margin(h), h.hPage.fYCMT - fTop};
+  Use_Font(h.hFonts.hNumbers);
+  const R4 fAbove = std::max(fTop, fRowsAbove * InfoGraphics(iCharHeight));
+  const GrBox hPlace{fLeft, fBottom, h.hPage.fXCMT - Right_Margin(h), h.hPage.fYCMT - fAbove};
   h.hPlot = With_Room_for_Axes(hPlace, hPoint, dWiden, h.hFonts);
   h.hLayout = Map_Layout(Map_Range(hPoint, Shape_of(h.hPlot), dWiden), hPoint, Notes_Block(h.hPlot, h.hFonts, h.sNotes),
                          Scale_Block(h.hPlot, h.hFonts));
@@ -252,9 +260,16 @@ void Stn_Plot_Annotation(const MapPicture& h) {
 void Draw_Titles(const MapPicture& h, std::string_view sFileName) {
   const R4 fMiddle = 0.5f * (h.hPlot.fX1 + h.hPlot.fX2);
   const TextSize hSize[] = {h.hPage.Font(14.0f), h.hPage.Font(12.0f), h.hPage.Font(10.0f)};
-  const TitleRoom hRoom{0.0f, h.hPlot.fX2 / h.hPage.fXCMT};
-  Draw_Plot_Title("Station Location Map, data from " + std::string(sFileName),
-                  {fMiddle, h.hPlot.fY2 + 0.5f * fTop, h.hPlot.fX1, hRoom}, hSize);
+  const R4 fY = 0.5f * (h.hPlot.fY2 + h.hPage.fYCMT);
+  Use_Font(hSize[2]);
+  const R4 fEnd = h.hPlot.fX2 + fBarOffset - Bar_Title_Overhang() - InfoGraphics(iCharWidth);
+  const std::string sTitle =
+      Cut_to_Room("Station Location Map, data from " + std::string(sFileName), fEnd - h.hPlot.fX1);
+  Draw_Plot_Title(sTitle,
+                  {
+                      fMiddle, fY, h.hPlot.fX1, {0.0f, fEnd / h.hPage.fXCMT}
+  },
+                  hSize);
   Use_Font(h.hFonts.hNumbers);
   WGrTextOrientation(Justify::Right, 0.0f);
   WGrTextString(h.hPage.fXCMT - 3.0f * InfoGraphics(iCharWidth), 1.2f * InfoGraphics(iCharHeight), sPrompt);

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "support/played_session.h"
+
 namespace quillan {
 namespace {
 
@@ -83,6 +85,27 @@ TEST(MapLayout, WherePointsAreEverywhereTheMapMakesRoomAboveThem) {
     EXPECT_EQ(Where(Map_Layout(hHundred, {}, hLarge, hScale).hScale), "lower right");
     EXPECT_NEAR(Map_Layout(hHundred, hPoint, hLarge, hScale).hRange.dYW, 50 / 0.9, 1.0E-4);
   }
+}
+
+TEST(MapNotes, AreCutToTheRoomTheyHave) {
+  PlayedSession hSession("");
+  WGrTextFont(0.01f, 0.02f);
+  EXPECT_EQ(Cut_to_Room("data from orrin.stn", 5.0f), "data from orrin.stn");
+  const std::string sCut = Cut_to_Room("data from orrin.stn", 1.0f);
+  EXPECT_LE(WGrTextLength(sCut), 1.0f);
+  EXPECT_GT(WGrTextLength(sCut), 0.8f);
+  EXPECT_TRUE(sCut.starts_with("data fr") && sCut.ends_with("...")) << sCut;
+  EXPECT_EQ(Cut_to_Room("orrin", 0.0f), "...");
+  const GrBox hPlot{1.0f, 1.0f, 9.0f, 9.0f};
+  const MapFonts hFonts{
+      {0.01f, 0.02f},
+      {0.01f, 0.02f},
+      {0.01f, 0.02f}
+  };
+  const std::vector<std::string> sLine =
+      Notes_with_Room(hPlot, hFonts, std::vector{std::string(200, 'x'), std::string("y")});
+  EXPECT_EQ(sLine[1], "y");
+  EXPECT_LE(Notes_Block(hPlot, hFonts, sLine).fWidth + Scale_Block(hPlot, hFonts).fWidth, 1.0f) << "side by side";
 }
 
 TEST(ScaleBar, HasATidyLengthOfAtMostAFifthOfTheMap) {
