@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "foundations/digit_sort.h"
 #include "foundations/log_file.h"
 #include "foundations/sort_util.h"
 #include "foundations/str_write.h"
@@ -348,22 +349,23 @@ void LineFit_Write_Steps() {
 
 R4 TaperedAlphaMean(I4 ND, std::span<const R4> fDV) {
   const auto fUsed = fDV.first(Held_Count(ND, fDV));
-  std::vector<R4> fItem;
-  std::ranges::copy_if(fUsed, std::back_inserter(fItem), [](R4 f) { return !std::isnan(f); });
-  std::ranges::sort(fItem);
-  const std::size_t N = fItem.size();
+  std::vector<std::uint32_t> iItem;
+  for (const R4 f : fUsed) {
+    if (!std::isnan(f)) iItem.push_back(Ordered_Bits(f));
+  }
+  const std::size_t N = iItem.size();
   if (N < 1) return 0.0f;
-  const std::size_t iMedian = (N + 1) / 2;
-  const R4 fMedian = fItem[iMedian - 1];
+  Digit_Sort(iItem, [](std::uint32_t i) { return i; });
+  const std::size_t iMedian = (N + 1) / 2, iBeg = N / 4 + 1, iEnd = N - N / 4;
+  const R4 fMedian = Real_of_Bits(iItem[iMedian - 1]);
   if (N < 4) return fMedian;
-  const std::size_t iBeg = N / 4 + 1, iEnd = N - N / 4;
   const R4 fI0 = static_cast<R4>(N + 1) / 2.0f;
   const R4 fScale = fPi / static_cast<R4>(iMedian - iBeg + 1);
   R4 fSumWgt = 0.0f, fSum = 0.0f;
   for (std::size_t I = iBeg; I <= iEnd; ++I) {
     const R4 fWgt = 0.5f * (1.0f + std::cos((static_cast<R4>(I) - fI0) * fScale));
     fSumWgt += fWgt;
-    fSum += fWgt * fItem[I - 1];
+    fSum += fWgt * Real_of_Bits(iItem[I - 1]);
   }
   return fSumWgt > 0.0f ? fSum / fSumWgt : fMedian;
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <deque>
 #include <limits>
 #include <string_view>
 #include <variant>
@@ -70,8 +71,8 @@ struct StnImport {
   L4 bLabels = false;      // from labels of the file
   std::vector<I4> KCol;    // of each variable its column
   FieldList hField{MStnCol};
-  StnRow hDefault{};  // what a row takes that does not state it
-  std::vector<StnRow> hRow;
+  StnRow hDefault{};                   // what a row takes that does not state it
+  std::deque<StnRow> hRow;             // which may be many, and are never moved
   std::array<L4, NVariable> bGiven{};  // the file has a column for it
   I4 NErrLimit = 0;                    // rows with a value beyond the limit
   I4 NErrLabel = 0;                    // label records that lack a required label
@@ -207,11 +208,11 @@ void Report_No_Row(const StnImport& h) {
 // ---- the table
 
 bool Is_Other_Line(R8 dLine0, R8 dLineK) {
-  return std::abs(dLineK - dLine0) > dLineSpacings * Spacing(dLine0);
+  return dLineK != dLine0 && std::abs(dLineK - dLine0) > dLineSpacings * Spacing(dLine0);
 }
 
 /// How often the line changes down the file; never fewer than there are lines.
-I4 Count_Lines(const std::vector<StnRow>& hRow) {
+I4 Count_Lines(const std::deque<StnRow>& hRow) {
   I4 NLine = 1;
   for (std::size_t I = 1; I < hRow.size(); ++I) {
     if (Is_Other_Line(hRow[I - 1].dLine, hRow[I].dLine)) ++NLine;
@@ -220,7 +221,7 @@ I4 Count_Lines(const std::vector<StnRow>& hRow) {
 }
 
 /// The multiple of 10000 nearest to the mean of a value.
-I4 Origin(const std::vector<StnRow>& hRow, R8 StnRow::*dValue) {
+I4 Origin(const std::deque<StnRow>& hRow, R8 StnRow::*dValue) {
   R8 dSum = 0.0;
   for (const StnRow& h : hRow) dSum += h.*dValue;
   const I4 NStep = Nint(dSum / static_cast<R8>(hRow.size()) / dOriginStep);
