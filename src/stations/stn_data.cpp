@@ -43,10 +43,17 @@ bool Is_Clearly_Below(R4 f1, R4 f2) {
   return f1 < f2 && f2 - f1 >= fClearUnits * std::numeric_limits<R4>::epsilon() * std::abs(f1);
 }
 
-/// Whether point I1 is clearly before point I2.
-bool Stands_Before(I4 I1, I4 I2) {
-  const R4 fStnL1 = hStn.fStnL(I1), fStnL2 = hStn.fStnL(I2);
-  return fStnL1 != fStnL2 ? Is_Clearly_Below(fStnL1, fStnL2) : Is_Clearly_Below(hStn.fStnS(I1), hStn.fStnS(I2));
+R4 Line_of(const PointKey& h) {
+  return Real_of_Bits(static_cast<std::uint32_t>(h.iKey >> 32));
+}
+
+R4 Station_of(const PointKey& h) {
+  return Real_of_Bits(static_cast<std::uint32_t>(h.iKey));
+}
+
+bool Stands_Clearly_Before(const PointKey& h1, const PointKey& h2) {
+  if (Line_of(h1) != Line_of(h2)) return Is_Clearly_Below(Line_of(h1), Line_of(h2));
+  return Is_Clearly_Below(Station_of(h1), Station_of(h2));
 }
 
 /// The order by exact comparison, which is quick. False where points are so near each other that the tolerant one could
@@ -61,7 +68,7 @@ bool Has_Clear_Order(std::vector<I4>& JSort) {
   const auto Key_of = [](const PointKey& h) { return h.iKey; };
   if (!std::ranges::is_sorted(hKey, {}, Key_of)) Digit_Sort(hKey, Key_of);
   for (std::size_t J = 0; J < hKey.size(); ++J) {
-    if (J > 0 && !Stands_Before(hKey[J - 1].I, hKey[J].I)) return false;
+    if (J > 0 && !Stands_Clearly_Before(hKey[J - 1], hKey[J])) return false;
     JSort[J] = hKey[J].I;
   }
   return true;
