@@ -94,6 +94,7 @@ void Carry_Out(I4 iChoice) {
   if (h->bChangesData) hSession.bUpdateAVG = true;
   // A failure has been reported; the user chooses what comes next.
   (void)Run_Whole(h->Carry_Out, If_Unfinished(*h));
+  LogText_Renew_Picture();
 }
 
 /// Between commands there is nothing to put back: what could not be drawn is drawn with the next exposure.
@@ -117,7 +118,7 @@ Message Next_Message() {
         (void)Run_Whole(Open_Dropped_File, Unfinished::PutBack);  // as with a command
         break;
       case MessageType::Expose:
-      case MessageType::Resize: LogText_Update(); break;
+      case MessageType::Resize: LogText_Redraw(); break;
       case MessageType::Close: Stop_Program();  // without a question: the user has decided
       default: break;
     }
