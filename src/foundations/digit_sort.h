@@ -1,7 +1,7 @@
 // digit_sort.h: large tables in ascending order, by the digits of their keys.
 //
-// Items are dealt out by one byte of their keys after the other, the lowest first, and no two are ever compared: fifty
-// thousand are in order in the time in which a sort by comparison has begun to guess. Equal keys keep their order.
+// Items are dealt out by one byte of their keys after the other, the lowest first; no two are compared. Equal keys keep
+// their order.
 #pragma once
 
 #include <array>

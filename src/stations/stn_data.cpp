@@ -15,7 +15,8 @@ namespace {
 constexpr I4 MStnLeast = 256;  // points that a new table holds
 constexpr I4 MStnSpare = 64;   // points that it holds beyond those that are wanted
 
-// Keys are nearly one within 10 units of the last place; a number has at most one unit more than epsilon says.
+// Keys count as one within 10 units of the last place of either; twice as many units of the lower one are clear of
+// that.
 constexpr R4 fClearUnits = 20.0f;
 
 /// Flags and ranges as they are without a file.
@@ -40,7 +41,8 @@ struct PointKey {
 
 /// Whether any comparison, exact or not, puts the lower of two numbers before the higher.
 bool Is_Clearly_Below(R4 f1, R4 f2) {
-  return f1 < f2 && f2 - f1 >= fClearUnits * std::numeric_limits<R4>::epsilon() * std::abs(f1);
+  using Limits = std::numeric_limits<R4>;
+  return f1 < f2 && f2 - f1 >= fClearUnits * (Limits::epsilon() * std::abs(f1) + Limits::min());
 }
 
 R4 Line_of(const PointKey& h) {

@@ -8,7 +8,6 @@
 #include <limits>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -80,8 +79,10 @@ struct StnImport {
   L4 bLabels = false;      // from labels of the file
   std::vector<I4> KCol;    // of each variable its column
   FieldList hField{MStnCol};
-  StnRow hDefault{};                   // what a row takes that does not state it
-  std::deque<StnRow> hRow;             // which may be many, and are never moved
+  StnRow hDefault{};        // what a row takes that does not state it
+  std::deque<StnRow> hRow;  // which may be many, and are never moved
+  I4 NLine = 0;             // how often the line changes down the file; never fewer than there are lines
+  R8 dSumStn = 0.0, dSumLine = 0.0, dSumX = 0.0, dSumY = 0.0;
   std::array<L4, NVariable> bGiven{};  // the file has a column for it
   I4 NErrLimit = 0;                    // rows with a value beyond the limit
   I4 NErrLabel = 0;                    // label records that lack a required label
@@ -185,13 +186,26 @@ bool Is_Within_Limit(StnImport& h, I4 iRecord, const StnRow& hRow) {
   return true;
 }
 
+bool Is_Other_Line(R8 dLine0, R8 dLineK) {
+  return dLineK != dLine0 && std::abs(dLineK - dLine0) > dLineSpacings * Spacing(dLine0);
+}
+
+void Keep_Row(StnImport& h, const StnRow& hRow) {
+  if (h.hRow.empty() || Is_Other_Line(h.hRow.back().dLine, hRow.dLine)) ++h.NLine;
+  h.dSumStn += hRow.dStn;
+  h.dSumLine += hRow.dLine;
+  h.dSumX += hRow.dX;
+  h.dSumY += hRow.dY;
+  h.hRow.push_back(hRow);
+}
+
 void Take_Row(StnImport& h, I4 iRecord, std::string_view sRecord) {
   Str_Parse_Fld(sRecord, h.hField);
   StnRow hRow = h.hDefault;
   for (std::size_t J = 0; J < NVariable; ++J) {
     if (h.KCol[J] > 0 && !Read_Value(h, iRecord, sRecord, J, hRow)) return;
   }
-  if (Is_Within_Limit(h, iRecord, hRow)) h.hRow.push_back(hRow);
+  if (Is_Within_Limit(h, iRecord, hRow)) Keep_Row(h, hRow);
 }
 
 /// All rows are kept before the first is stored, since the origins follow from all of them.
@@ -223,38 +237,17 @@ void Report_No_Row(const StnImport& h) {
 
 // ---- the table
 
-bool Is_Other_Line(R8 dLine0, R8 dLineK) {
-  return dLineK != dLine0 && std::abs(dLineK - dLine0) > dLineSpacings * Spacing(dLine0);
-}
-
-/// How often the line changes down the file; never fewer than there are lines.
-I4 Count_Lines(const std::deque<StnRow>& hRow) {
-  I4 NLine = 1;
-  R8 dLine0 = hRow.front().dLine;
-  for (const StnRow& h : hRow) {
-    if (Is_Other_Line(std::exchange(dLine0, h.dLine), h.dLine)) ++NLine;
-  }
-  return NLine;
-}
-
 /// The multiple of 10000 nearest to a mean.
 I4 Origin(R8 dSum, std::size_t N) {
   const I4 NStep = Nint(dSum / static_cast<R8>(N) / dOriginStep);
   return std::clamp(NStep, -MOriginStep, MOriginStep) * static_cast<I4>(dOriginStep);
 }
 
-void Set_Origins(const std::deque<StnRow>& hRow) {
-  R8 dStn = 0.0, dLine = 0.0, dX = 0.0, dY = 0.0;
-  for (const StnRow& h : hRow) {
-    dStn += h.dStn;
-    dLine += h.dLine;
-    dX += h.dX;
-    dY += h.dY;
-  }
-  hStn.iStnS0 = Origin(dStn, hRow.size());
-  hStn.iStnL0 = Origin(dLine, hRow.size());
-  hStn.iStnX0 = Origin(dX, hRow.size());
-  hStn.iStnY0 = Origin(dY, hRow.size());
+void Set_Origins(const StnImport& h) {
+  hStn.iStnS0 = Origin(h.dSumStn, h.hRow.size());
+  hStn.iStnL0 = Origin(h.dSumLine, h.hRow.size());
+  hStn.iStnX0 = Origin(h.dSumX, h.hRow.size());
+  hStn.iStnY0 = Origin(h.dSumY, h.hRow.size());
 }
 
 /// The difference is taken before the rounding: map coordinates have more digits than R4. Lines that no number of a
@@ -293,8 +286,8 @@ void Widen_Ranges(I4 I) {
 }
 
 void Store_Rows(const StnImport& h) {
-  Set_Origins(h.hRow);
-  Stn_Initialize(static_cast<I4>(h.hRow.size()), Count_Lines(h.hRow));
+  Set_Origins(h);
+  Stn_Initialize(static_cast<I4>(h.hRow.size()), h.NLine);
   I4 I = 0;
   for (const StnRow& hRow : h.hRow) {
     Store_Row(++I, hRow);
