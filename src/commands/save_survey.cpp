@@ -42,14 +42,17 @@ bool Is_Chosen(I4 (*Write)(std::string_view)) {
   return hOutput[K];
 }
 
-/// Up to the first failure.
+/// Up to the first failure that ends the save. The others have said what they have to say: whoever gives up the name of
+/// a file is not told that it is missing.
 I4 Write_Formats(const std::string& sDataFile, const OutputFormats& hFormats) {
   const BusyWith busy("Writing " + std::string(File_Name(sDataFile)));
   for (std::size_t K = 0; K < NFileFormat; ++K) {
     const FileFormat& h = hFileFormat[K];
     if (!hFormats[K] || h.Write == nullptr) continue;
     const std::string sFile = Output_Name(h, sDataFile);
-    if (const I4 iError = h.Write(sFile); iError != 0) {
+    const I4 iError = h.Write(sFile);
+    if (iError != 0 && !h.bEndsSave) continue;
+    if (iError != 0) {
       if (hSaveState.sFailed.empty()) hSaveState.sFailed = File_Name(sFile);
       return iError;
     }
@@ -95,12 +98,15 @@ void Put_Formats(std::string_view sDataFile, const OutputFormats& hFormats) {
     WDialogPutNote(h.iBox, sNote);
     WDialogFieldState(h.iBox, h.Write != nullptr ? 1 : 0);
   }
+  WDialogPutCheckBox(iChkUsfSweeps, iUsfLayout == UsfLayout::Sweeps);
 }
 
 void Take_Formats(OutputFormats& hFormats) {
   for (std::size_t K = 0; K < NFileFormat; ++K) {
     if (const I4 iBox = hFileFormat[K].iBox; iBox != 0) hFormats[K] = WDialogGetCheckBox(iBox).value_or(hFormats[K]);
   }
+  const bool bSweeps = WDialogGetCheckBox(iChkUsfSweeps).value_or(iUsfLayout == UsfLayout::Sweeps);
+  iUsfLayout = bSweeps ? UsfLayout::Sweeps : UsfLayout::Soundings;
 }
 
 }  // namespace
@@ -130,12 +136,13 @@ I4 Select_Output_Formats(std::string_view sDataFile, OutputFormats& hFormats) {
   const LoadedDialog form(iDlgSaveTypes);
   Put_Formats(sDataFile, hFormats);
   const bool bAnyFlag = Any_Flag();
-  const auto Show_Loss = [bAnyFlag] {
+  const auto Show_Choice = [bAnyFlag] {
+    WDialogFieldState(iChkUsfSweeps, WDialogGetCheckBox(iChkPutUsf).value_or(false) ? 1 : 0);
     const bool bLost = bAnyFlag && !WDialogGetCheckBox(iChkPutAvg0).value_or(false);
     WDialogPutString(iLblFlagsLost, bLost ? sFlagsLost : "");
   };
   InqWintError("Select_Output_Formats 1");
-  if (Run_Live_Dialog(Show_Loss) != iBtnContinue) return 1;
+  if (Run_Live_Dialog(Show_Choice) != iBtnContinue) return 1;
   Take_Formats(hFormats);
   return 0;
 }
