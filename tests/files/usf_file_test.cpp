@@ -75,7 +75,7 @@ TEST(UsfReader, RefusesAFileThatBreaksARule) {
     const char *sFrom, *sTo;
   };
   for (const Case& h : {
-           Case{"//SOUNDINGS: 3",     "//SOUNDINGS: 2"    },
+           Case{"//SOUNDINGS: 4",     "//SOUNDINGS: 3"    },
            Case{"//NO_TX_CORNERS: 4", "//NO_TX_CORNERS: 5"},
            Case{"//END",              "! END"             },
            Case{"/POINTS: 3",         "/POINTS: 2"        },
