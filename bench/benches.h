@@ -29,7 +29,7 @@ Bench Floor_Read, Bench_Read;
 Bench Bench_Initialize, Bench_MDE, Bench_Widths, Bench_Complete, Bench_TWCfg, Bench_Sort, Bench_B, Bench_Ranges,
     Bench_Open;
 // write_bench.cpp
-Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync;
+Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync, Bench_Write_AMR, Bench_Write_USF, Bench_Write_Sweeps;
 // review_bench.cpp
 Bench Floor_Section_Small, Bench_Section_Small, Floor_Section_Large, Bench_Section_Large, Floor_Nearest, Bench_Nearest,
     Floor_Curve_Small, Bench_Curve_Small, Floor_Curve_Large, Bench_Curve_Large;
