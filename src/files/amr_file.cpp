@@ -41,7 +41,7 @@ std::string Left_Out(const std::vector<I4>& iOut) {
   }
   std::string sSets;
   for (const I4 iTWCfg : iOut) sSets += (sSets.empty() ? " " : ", ") + Str_Write_I4(iTWCfg).str();
-  return Str_Write_I4(NOut).str() + " soundings are left out, those of the time-window sets" + sSets + ".";
+  return "Soundings left out: " + Str_Write_I4(NOut).str() + ", those of the time-window sets" + sSets + ".";
 }
 
 /// One set: its windows, and the transient which they and the header's values come from.

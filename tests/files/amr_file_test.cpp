@@ -96,7 +96,7 @@ TEST(AmrFile, WhatTheLimitOfSetsLeavesOutIsNamed) {
   Load_Export(iArrayFXL, h);
   EXPECT_EQ(AMR_TWCfg_List().NTWCfgList, 8);
   EXPECT_EQ(Shown("More than 8 distinct time-window sets at transient 9"), 1);
-  EXPECT_EQ(Shown("3 soundings are left out, those of the time-window sets 9, 10."), 1);
+  EXPECT_EQ(Shown("Soundings left out: 3, those of the time-window sets 9, 10."), 1);
   EXPECT_EQ(Shown("Found 8 distinct time-window sets."), 1);
   std::string sAsked;
   EXPECT_EQ(AMR_Write("many.tem", [&](const std::string& s) { return sAsked += s + " ", s; }), 0);
