@@ -106,7 +106,7 @@ void Carry_Out(I4 iChoice) {
         (void)Run_Whole(Open_Dropped_File, Unfinished::PutBack);  // as with a command
         break;
       case MessageType::Expose:
-      case MessageType::Resize: LogText_Update(); break;
+      case MessageType::Resize: LogText_Redraw(); break;
       case MessageType::Close: Stop_Program();  // without a question: the user has decided
       default: break;
     }

@@ -3,6 +3,7 @@
 #include "commands/auto_skip_command.h"
 #include "commands/moving_average_command.h"
 #include "commands/open_file.h"
+#include "commands/read_stations.h"
 #include "commands/review_data.h"
 #include "commands/save_survey.h"
 #include "commands/survey_config.h"
@@ -29,7 +30,7 @@ constexpr Command hCommand[] = {
     {1, iCmdExit,           false, false,  Exit_Program,    "E&xit", "Ctrl+Q", "Exit program."},
     {0, iCmdSurveyConfig,   true,  true,   Edit_Cfg,        "Edit Survey Configuration", "",
                           "Edit survey configuration parameters."},
-    {0, iCmdReadStn,        true,  true,   nullptr,         "Read Stn File", "",
+    {0, iCmdReadStn,        true,  true,   Position_Receivers, "Read Stn File", "",
                           "Interpolate on stn file stn,east,north,elevation[,heading,pitch,roll]"},
     {0, iCmdMovingAverage,  true,  true,   Smooth_Survey,   "&Moving Average Filter", "",
                           "Smoth transients with moving average over time."},

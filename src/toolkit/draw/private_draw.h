@@ -42,6 +42,11 @@ void Use_Drawing_Area(QWidget* hArea);
 QImage& Backing_Image();
 void Resize_Backing_Image();
 void Drop_Backing_Image();
+/// Another widget takes the place of the drawing area until Leave_Child_Area: with its own image, state and font. The
+/// image below it keeps what is drawn.
+void Enter_Child_Area(QWidget* hArea);
+void Leave_Child_Area();
+const QImage& Image_Below();
 /// A position in the drawing area: pixels from its upper left corner to the graphics units in force, and back.
 QPointF Pixels_to_Units(QPointF hPixel);
 QPointF Units_to_Pixels(QPointF hUnit);

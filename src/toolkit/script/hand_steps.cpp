@@ -86,7 +86,7 @@ QWidget* Key_Target() {
 /// Ctrl+S and the like choose their entry, Alt and a marked letter choose or open theirs, as the window system does
 /// before a key reaches the focus.
 bool Takes_Shortcut(const KeyStroke& hKey) {
-  if (!Main_Window() || Waits_First() || !hKey.iModifiers) return false;
+  if (!Main_Window() || Child_Window() || Waits_First() || !hKey.iModifiers) return false;
   const QKeySequence hSequence(QKeyCombination(hKey.iModifiers, static_cast<Qt::Key>(hKey.iKey)));
   QMenuBar* hBar = Main_Window()->menuBar();
   const auto hEntries = hBar->findChildren<QAction*>();
@@ -182,12 +182,31 @@ std::string Play_Drag(Arguments sArgument) {
   return "";
 }
 
+namespace {
+
+constexpr std::string_view sNoAxes = "there are no plot axes";
+
+/// The pixel of the numbers that the axes show.
+QPointF Plot_Pixel(Arguments sArgument) {
+  const GrPoint h = IPgNumbersToGrUnits(Number(sArgument[0]), Number(sArgument[1]));
+  return Units_to_Pixels(QPointF(R8{h.fX}, R8{h.fY}));
+}
+
+}  // namespace
+
 std::string Play_Point(Arguments sArgument) {
-  if (!IPg_Is_Plotting()) return "there are no plot axes";
+  if (!IPg_Is_Plotting()) return std::string(sNoAxes);
   const Qt::MouseButton iButton = Button(sArgument, 2);
   if (iButton != Qt::LeftButton && iButton != Qt::RightButton) return "the button is left or right";
-  const GrPoint h = IPgUnitsToGrUnits(static_cast<R4>(Number(sArgument[0])), static_cast<R4>(Number(sArgument[1])));
-  return Click_at(Units_to_Pixels(QPointF(R8{h.fX}, R8{h.fY})), iButton);
+  return Click_at(Plot_Pixel(sArgument), iButton);
+}
+
+std::string Play_Hover(Arguments sArgument) {
+  if (!IPg_Is_Plotting()) return std::string(sNoAxes);
+  const QPointF hPixel = Plot_Pixel(sArgument);
+  if (!Is_in_Area(hPixel)) return "the position lies outside the drawing area";
+  Send_Mouse(QEvent::MouseMove, hPixel, Qt::NoButton, Qt::NoButton);
+  return "";
 }
 
 std::string Play_Wheel(Arguments sArgument) {

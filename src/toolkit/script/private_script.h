@@ -52,6 +52,7 @@ std::string Play_Key(Arguments sArgument);
 std::string Play_Click(Arguments sArgument);
 std::string Play_Drag(Arguments sArgument);
 std::string Play_Point(Arguments sArgument);
+std::string Play_Hover(Arguments sArgument);
 std::string Play_Wheel(Arguments sArgument);
 
 // The current dialog, boxes and the file dialog (dialog_steps.cpp).

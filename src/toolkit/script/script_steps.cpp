@@ -39,6 +39,7 @@ constexpr StepKind hStepKind[] = {
     {"click",    "X Y [left|right|back|forward]",  "nn?s",    Needs::Window,     Play_Click},
     {"drag",     "X1 Y1 X2 Y2 [left|right]",       "nnnn?s",  Needs::Window,     Play_Drag},
     {"point",    "X Y [left|right]",               "nn?s",    Needs::Window,     Play_Point},
+    {"hover",    "X Y",                            "nn",      Needs::Window,     Play_Hover},
     {"wheel",    "N X Y",                          "inn",     Needs::Window,     Play_Wheel},
     {"answer",   "ok|cancel|yes|no",               "s",       Needs::Box,        Play_Answer},
     {"file",     "PATH|cancel",                    "s",       Needs::FileDialog, Play_File},

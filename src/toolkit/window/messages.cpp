@@ -11,11 +11,14 @@
 #include <QMouseEvent>
 #include <QStatusTipEvent>
 #include <QThread>
+#include <QTimer>
 #include <QUrl>
 #include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
 #include <deque>
+#include <map>
+#include <memory>
 
 #include "toolkit/draw/draw.h"
 #include "toolkit/window/log_text.h"
@@ -32,8 +35,9 @@ struct MessageQueue {
   std::deque<Message> hWaiting;  // oldest first
   bool bMoves = false;           // whether MouseMove messages are wanted
   bool bFields = false;          // whether Field messages are wanted
-  I4 iWheelAngle = 0;            // turned, less than a step, up is positive
-  std::string sDropped;          // path of the last file dropped
+  std::map<I4, std::unique_ptr<QTimer>> hTimer;
+  I4 iWheelAngle = 0;    // turned, less than a step, up is positive
+  std::string sDropped;  // path of the last file dropped
 };
 MessageQueue hQueue;
 
@@ -106,6 +110,7 @@ Message At_Pixel(MessageType iType, QPointF hPixel) {
   hMessage.Y = qFloor(hPixel.y());
   hMessage.GX = static_cast<R4>(hUnit.x());
   hMessage.GY = static_cast<R4>(hUnit.y());
+  hMessage.VALUE3 = Child_Window() ? iInChild : 0;
   return hMessage;
 }
 
@@ -141,11 +146,6 @@ void Push_Wheel(Message hMessage, I4 NStep) {
   for (I4 I = 1; I <= std::abs(NStep); ++I) Push_Message(hMessage);
 }
 
-void On_Size(MessageType iType) {
-  Resize_Backing_Image();
-  Push_Message({.iType = iType, .WPIX = Drawing_Area()->width(), .HPIX = Drawing_Area()->height()});
-}
-
 /// The data file that is dragged over the window, blank for anything else or while the program could not open it.
 QString Dragged_File(const QDropEvent& hEvent) {
   if (!Main_Menu_Is_Ready() || hDialogs.Top_Dialog() || Open_Box() || Open_File_Dialog()) return {};
@@ -169,7 +169,8 @@ class AreaWatch : public QObject {
   using QObject::QObject;
 
  protected:
-  bool eventFilter(QObject*, QEvent* hEvent) override {
+  bool eventFilter(QObject* hWatched, QEvent* hEvent) override {
+    if (hWatched != Drawing_Area()) return false;  // a child window lies over it
     switch (hEvent->type()) {
       case QEvent::KeyPress: return Key_to_Plot(*static_cast<QKeyEvent*>(hEvent));
       case QEvent::MouseButtonPress:
@@ -179,8 +180,8 @@ class AreaWatch : public QObject {
       case QEvent::MouseButtonRelease: On_Mouse(MessageType::MouseUp, *static_cast<QMouseEvent*>(hEvent)); return true;
       case QEvent::MouseMove: On_Mouse(MessageType::MouseMove, *static_cast<QMouseEvent*>(hEvent)); return true;
       case QEvent::Wheel: Wheel_to_Plot(*static_cast<QWheelEvent*>(hEvent)); return true;
-      case QEvent::Resize: On_Size(MessageType::Resize); return false;
-      case QEvent::Show: On_Size(MessageType::Expose); return false;
+      case QEvent::Resize: Follow_Size(MessageType::Resize); return false;
+      case QEvent::Show: Follow_Size(MessageType::Expose); return false;
       default: return false;
     }
   }
@@ -191,11 +192,11 @@ class WindowWatch : public QObject {
   using QObject::QObject;
 
  protected:
-  bool eventFilter(QObject*, QEvent* hEvent) override {
+  bool eventFilter(QObject* hWatched, QEvent* hEvent) override {
     switch (hEvent->type()) {
       case QEvent::Close:
         hEvent->ignore();  // the program decides
-        Push_Message({.iType = MessageType::Close});
+        Push_Message({.iType = MessageType::Close, .VALUE3 = hWatched == Child_Window() ? iInChild : 0});
         return true;
       case QEvent::StatusTip: Show_Hint(static_cast<QStatusTipEvent*>(hEvent)->tip()); return true;
       case QEvent::DragEnter:
@@ -218,7 +219,7 @@ void Settle() {
 
 /// A window system shows a window in its own time, and only then do sizes and focus hold.
 void Await_Window() {
-  const QWindow* hWindow = Main_Window() ? Main_Window()->windowHandle() : nullptr;
+  const QWindow* hWindow = Active_Window() ? Active_Window()->windowHandle() : nullptr;
   for (int I = 0; hWindow && hWindow->isVisible() && !hWindow->isExposed() && I < NMsecOnScreen; ++I) {
     QCoreApplication::processEvents();
     QThread::msleep(1);
@@ -284,6 +285,18 @@ void toolkit::Drop_Messages() {
   hQueue = {};
 }
 
+void toolkit::Drop_Child_Messages() {
+  std::erase_if(hQueue.hWaiting, [](const Message& h) {
+    const bool bForMain = h.iType == MessageType::Close && h.VALUE3 != iInChild;
+    return !bForMain && h.iType != MessageType::Menu && h.iType != MessageType::FileDropped;
+  });
+}
+
+void toolkit::Follow_Size(MessageType iType) {
+  Resize_Backing_Image();
+  Push_Message({.iType = iType, .WPIX = Drawing_Area()->width(), .HPIX = Drawing_Area()->height()});
+}
+
 void toolkit::Watch_Window(QMainWindow* hWindow, QWidget* hArea) {
   hArea->installEventFilter(new AreaWatch(hArea));
   hWindow->installEventFilter(new WindowWatch(hWindow));
@@ -324,6 +337,19 @@ void WMessageEnable(MessageType iType, bool bOn) {
     case MessageType::Field: hQueue.bFields = bOn; break;
     default: Set_Error(iErrBadArgument);
   }
+}
+
+void WMessageTimer(I4 NMsec, I4 iTimer) {
+  hQueue.hTimer.erase(iTimer);
+  std::erase_if(hQueue.hWaiting,
+                [iTimer](const Message& h) { return h.iType == MessageType::Timer && h.VALUE1 == iTimer; });
+  if (NMsec <= 0) return;
+  if (!Main_Window()) return Set_Error(iErrNoWindow);
+  auto& hTimer = hQueue.hTimer[iTimer] = std::make_unique<QTimer>();
+  hTimer->setSingleShot(true);
+  QObject::connect(hTimer.get(), &QTimer::timeout,
+                   [iTimer] { Push_Message({.iType = MessageType::Timer, .VALUE1 = iTimer}); });
+  hTimer->start(NMsec);
 }
 
 std::string WDroppedFile() {

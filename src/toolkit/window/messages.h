@@ -18,12 +18,12 @@ enum class MessageType : I4 {
   Key = 1,           // VALUE1: the character or a key code below
   Menu = 2,          // VALUE1: the command
   Button = 3,        // VALUE1: the control
-  MouseDown = 4,     // VALUE1: the mouse button; VALUE3: 0 in the main window; GX, GY; X, Y
+  MouseDown = 4,     // VALUE1: the mouse button; VALUE3: 0 in the main window, iInChild; GX, GY; X, Y
   MouseUp = 5,       // as MouseDown
   MouseMove = 6,     // GX, GY; only when enabled
   Expose = 7,        // the window must be drawn again
   Resize = 8,        // the window has another size
-  Close = 9,         // the user wants the window closed
+  Close = 9,         // the user wants the window closed; VALUE3: 0 the main window, iInChild
   Field = 10,        // VALUE1: a control whose edit is complete; only when enabled
   FileDropped = 12,  // a data file was dropped on the main window; WDroppedFile gives its path
   Timer = 13,        // VALUE1: the timer's number
@@ -46,6 +46,8 @@ inline constexpr I4 iMouseBack = 4;
 inline constexpr I4 iMouseForward = 5;
 inline constexpr I4 iByWheel = 1;
 
+inline constexpr I4 iInChild = 1;  // VALUE3 of messages of the child window
+
 struct Message {
   MessageType iType = MessageType::None;
   I4 VALUE1 = 0, VALUE2 = 0, VALUE3 = 0;  // by type, see MessageType
@@ -66,6 +68,10 @@ void WMessagePutBack(const Message& hMessage);
 
 /// Turns MouseMove or Field messages on or off; both are off at the start.
 void WMessageEnable(MessageType iType, bool bOn);
+
+/// Puts one Timer message into the queue after NMsec milliseconds. 0: the timer is not wanted any more, nor its
+/// message.
+void WMessageTimer(I4 NMsec, I4 iTimer);
 
 /// Where a rubber-band box was released, in graphics units.
 struct InputBox {

@@ -49,6 +49,10 @@ class DrawingArea : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent*) override {
+    if (this != Drawing_Area()) {  // a child window is drawn into: what lies below stays as it is
+      QPainter(this).drawImage(QRectF(rect()), Image_Below());
+      return;
+    }
     // The window was moved to a screen with another scale factor: what is drawn must be drawn again, finer or coarser.
     if (Backing_Image().devicePixelRatio() != devicePixelRatioF()) {
       Resize_Backing_Image();
@@ -76,9 +80,11 @@ constexpr struct {
 struct OpenWindow {
   QApplication* hApplication = nullptr;
   QPointer<QMainWindow> hMain;
-  QPointer<QLabel> hPart[3];  // of the status bar
-  QString sPart2;             // text of the wide part under a hint
-  int NBusy = 0;              // calls of WindowBusy that are not taken back
+  QPointer<QMainWindow> hChild;
+  QPointer<QLabel> hPart[3];   // of the status bar
+  QPointer<QLabel> hChildBar;  // the child's
+  QString sPart2;              // text of the wide part under a hint
+  int NBusy = 0;               // calls of WindowBusy that are not taken back
 };
 OpenWindow hOpen;
 
@@ -161,6 +167,7 @@ void Show_Main(I4 iXP, I4 iYP, I4 NXP, I4 NYP) {
 }
 
 void Close_Main() {
+  WindowCloseChild();
   delete hOpen.hMain;
   for (; hOpen.NBusy > 0; --hOpen.NBusy) QGuiApplication::restoreOverrideCursor();
   hOpen.sPart2.clear();
@@ -174,9 +181,17 @@ QMainWindow* toolkit::Main_Window() {
   return hOpen.hMain;
 }
 
+QMainWindow* toolkit::Child_Window() {
+  return hOpen.hChild;
+}
+
+QMainWindow* toolkit::Active_Window() {
+  return hOpen.hChild ? hOpen.hChild : hOpen.hMain;
+}
+
 QWidget* toolkit::Front_Window() {
   QWidget* hTop = hDialogs.Top_Dialog();
-  return hTop ? hTop : Main_Window();
+  return hTop && !hOpen.hChild ? hTop : Active_Window();
 }
 
 void toolkit::Hand_Back_Focus() {
@@ -219,6 +234,56 @@ void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTit
   hArea->setFocus();
 }
 
+namespace {
+
+constexpr QSize hLeastChild(320, 240);  // pixels: a smaller plot has no room for its texts
+
+void Give_Status_Bar(QMainWindow& hWindow) {
+  hOpen.hChildBar = new QLabel(hWindow.statusBar());
+  hOpen.hChildBar->setTextFormat(Qt::PlainText);
+  hOpen.hChildBar->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  hWindow.statusBar()->addWidget(hOpen.hChildBar, 1);
+}
+
+/// Shows the child in the middle of the screen, no larger than that.
+void Show_Child(I4 NXP, I4 NYP) {
+  const QRect hScreen = hOpen.hMain->screen()->availableGeometry();
+  const QSize hSize = QSize(NXP, NYP).expandedTo(hLeastChild).boundedTo(hScreen.size());
+  hOpen.hChild->setGeometry(QRect(hScreen.center() - QPoint(hSize.width(), hSize.height()) / 2, hSize));
+  hOpen.hChild->show();
+  hOpen.hChild->activateWindow();
+  Drawing_Area()->setFocus();
+}
+
+}  // namespace
+
+void WindowOpenChild2(I4 NXP, I4 NYP, std::string_view sTitle) {
+  if (!hOpen.hMain) return Set_Error(iErrNoWindow);
+  if (hOpen.hChild) return Set_Error(iErrBadArgument);
+  WMenuBarState(0);
+  hOpen.hChild = new QMainWindow(hOpen.hMain);
+  hOpen.hChild->setWindowModality(Qt::WindowModal);
+  hOpen.hChild->setWindowTitle(To_QString(sTitle));
+  hOpen.hChild->setMinimumSize(hLeastChild);
+  Give_Status_Bar(*hOpen.hChild);
+  auto* hArea = new DrawingArea(hOpen.hChild);
+  Enter_Child_Area(hArea);
+  hOpen.hChild->setCentralWidget(hArea);
+  Watch_Window(hOpen.hChild, hArea);
+  hOpen.hChild->setAcceptDrops(false);
+  Show_Child(NXP, NYP);
+}
+
+void WindowCloseChild() {
+  if (!hOpen.hChild) return;
+  Leave_Child_Area();
+  delete hOpen.hChild;
+  Drop_Child_Messages();
+  WMenuBarState(1);
+  Follow_Size(MessageType::Resize);  // the main window may have another size by now
+  Hand_Back_Focus();
+}
+
 void WindowClose() {
   if (!hOpen.hApplication) return;
   Close_Main();
@@ -250,6 +315,7 @@ void WindowStatusBarParts(I4 NWidth1) {
 
 void WindowOutStatusBar(I4 iPart, std::string_view sText) {
   if (!hOpen.hMain) return Set_Error(iErrNoWindow);
+  if (hOpen.hChildBar && iPart == iStatusProgress) return hOpen.hChildBar->setText(To_QString(sText));
   if (iPart < 1 || iPart > 3 || !hOpen.hPart[0]) return Set_Error(iErrBadArgument);
   QLabel& hPart = *hOpen.hPart[iPart - 1];
   hPart.setText(To_QString(sText));
