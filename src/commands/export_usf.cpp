@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "commands/read_stations.h"
 #include "foundations/file_util.h"
-#include "model/tmd_data.h"
-#include "stations/stn_file.h"
+#include "stations/stn_data.h"
 #include "stations/stn_lookup.h"
 
 namespace quillan {
@@ -16,8 +16,8 @@ namespace {
 I4 Locate_Receivers(std::string_view sUsfFile) {
   if (hStn.NStn >= 1) return 0;
   std::string sStnFile = std::string(File_Stem(sUsfFile)) + ".stn";
-  if (Stn_Read(sStnFile, hTemSurvey.dLineNumber, hTemSurvey.fRxHPR, false) != 0) return 1;
-  Stn_Positions(hTemSurvey.dLineNumber);
+  if (Read_Stations(sStnFile) != 0) return 1;
+  Stn_Positions(Station_Line());
   return 0;
 }
 
