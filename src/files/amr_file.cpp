@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <vector>
 
 #include "files/avg_writer.h"
@@ -142,14 +143,9 @@ void Write_Remarks(const AmrSet& hSet, TextWriter& out) {
 
 struct AmrColumn {
   std::string_view sLabel;
-  std::size_t LFldMin;  // characters with at least one blank, before any row
+  std::size_t LFldMin;  // characters, the blank after it included
   Text<16> (*Field)(const Transient& h);
 };
-
-/// A column that begins as wide as its label.
-constexpr AmrColumn As_Label(std::string_view sLabel, Text<16> (*Field)(const Transient&)) {
-  return {sLabel, sLabel.size() + 1, Field};
-}
 
 /// A blank name needs a mark, else the columns after it would move.
 Text<16> Line_Field(const Transient&) {
@@ -161,27 +157,22 @@ Text<16> Component_Field(const Transient& h) {
   return sXYZ((h.iRxCmp - 1) % sXYZ.NSize + 1);
 }
 
-// Least widths leave room for what a column usually holds.
+// A column begins as wide as its label, with room for what it usually holds where that is longer.
 constexpr AmrColumn hAmrColumn[] = {
-    As_Label("LOOP", [](const Transient& h) { return Str_Write_XYZR8(h.dTxStn); }
-        ),
-    As_Label("LINE", Line_Field),
-    As_Label("STN", [](const Transient& h) { return Str_Write_R8(h.dRxStn, "(F12.3)"); }
-        ),
-    As_Label("EAST", [](const Transient& h) { return Str_Write_XYZR8(h.dRxXYZ(1)); }
-        ),
-    As_Label("NORTH", [](const Transient& h) { return Str_Write_XYZR8(h.dRxXYZ(2)); }
-        ),
-    As_Label("ELEV", [](const Transient& h) { return Str_Write_XYZR8(h.dRxXYZ(3)); }
-        ),
-    {"RXAREA", 9, [](const Transient& h) { return Str_Write_R4(h.fRxArea, "(ES9.3E1)"); }},
-    {"TXCENX", 9, [](const Transient& h) { return Str_Write_XYZR8(h.dTxXYZC(1)); }},
-    {"TXCENY", 9, [](const Transient& h) { return Str_Write_XYZR8(h.dTxXYZC(2)); }},
-    {"TXAREA", 9, [](const Transient&) { return Str_Write_R4(hTemSurvey.fTxArea, "(ES9.3E1)"); }},
-    {"CUR", 6, [](const Transient& h) { return Str_Write_R4(h.fTxAmp, "(F12.3)"); }},
-    {"RMP", 7, [](const Transient& h) { return Str_Write_R4(fMsecPerUsec * h.fTxRamp, "(F12.4)"); }},
-    {"COMPONENT", 10, Component_Field},
-    {"NCH", 4, [](const Transient& h) { return Str_Write_I4(h.NTW); }},
+    {"LOOP",      5,  [](const Transient& h) { return Str_Write_XYZR8(h.dTxStn); }                        },
+    {"LINE",      5,  Line_Field                                                                          },
+    {"STN",       4,  [](const Transient& h) { return Str_Write_R8(h.dRxStn, "(F12.3)"); }                },
+    {"EAST",      5,  [](const Transient& h) { return Str_Write_XYZR8(h.dRxXYZ(1)); }                     },
+    {"NORTH",     6,  [](const Transient& h) { return Str_Write_XYZR8(h.dRxXYZ(2)); }                     },
+    {"ELEV",      5,  [](const Transient& h) { return Str_Write_XYZR8(h.dRxXYZ(3)); }                     },
+    {"RXAREA",    9,  [](const Transient& h) { return Str_Write_R4(h.fRxArea, "(ES9.3E1)"); }             },
+    {"TXCENX",    9,  [](const Transient& h) { return Str_Write_XYZR8(h.dTxXYZC(1)); }                    },
+    {"TXCENY",    9,  [](const Transient& h) { return Str_Write_XYZR8(h.dTxXYZC(2)); }                    },
+    {"TXAREA",    9,  [](const Transient&) { return Str_Write_R4(hTemSurvey.fTxArea, "(ES9.3E1)"); }      },
+    {"CUR",       6,  [](const Transient& h) { return Str_Write_R4(h.fTxAmp, "(F12.3)"); }                },
+    {"RMP",       7,  [](const Transient& h) { return Str_Write_R4(fMsecPerUsec * h.fTxRamp, "(F12.4)"); }},
+    {"COMPONENT", 10, Component_Field                                                                     },
+    {"NCH",       4,  [](const Transient& h) { return Str_Write_I4(h.NTW); }                              },
 };
 constexpr std::size_t NAmrColumn = std::size(hAmrColumn);
 constexpr std::size_t LChannel = 11;  // characters of a channel's column, the blank included
@@ -226,7 +217,9 @@ constexpr AmrShared hShared[] = {
     {&Transient::fTxFreq, "Tx Frequency", " Hz", "(1P,G14.4E1)"},
 };
 
-/// The values of the sounding before, at first of the first transient in the store.
+constexpr R4 NSpacing = 100.0f;  // by so many last digits equal values may differ
+
+/// The values since the last change, at first those of the first transient in the store.
 struct AmrReference {
   Array1<R4, 2> fValue{
       {hTrn(1).*hShared[0].hValue, hTrn(1).*hShared[1].hValue}
@@ -239,8 +232,9 @@ void Compare_Shared(const Transient& h, AmrReference& hReference) {
     const AmrShared& hRow = hShared[K - 1];
     const R4 fOld = hReference.fValue(K);
     const R4 fNew = h.*hRow.hValue;
+    if (std::abs(fNew - fOld) <= NSpacing * Spacing(fOld)) continue;
     hReference.fValue(K) = fNew;
-    if (!(std::abs(fNew - fOld) > 100.0f * Spacing(fOld)) || ++hReference.NWarn > 1) continue;
+    if (++hReference.NWarn > 1) continue;
     LogErr({"WARNING: " + std::string(hRow.sName) + " has changed from " + Str_Write_R4(fOld, hRow.form).str() +
                 " to " + Str_Write_R4(fNew, hRow.form).str() + std::string(hRow.sUnit),
             "causing a shift in KVR time windows,", "but AMIRA file format assumes a uniform time window set."});

@@ -123,13 +123,14 @@ class UsfReader {
       if (h.sKey[sNeed].empty()) Fault(std::string("no /") + sNeed);
     }
     if (!h.dColumn.contains("TIME") || !h.dColumn.contains("VOLTAGE")) Fault("no TIME or VOLTAGE");
-    const std::string sUnit = h.sKey["LENGTH_UNITS"] + hRead.sKey["LENGTH_UNITS"];
-    if (sUnit != "m" && sUnit != "ft" && sUnit != "mm") Fault("length unit " + sUnit);
+    const std::string sUnit = h.sKey["LENGTH_UNITS"].empty() ? hRead.sKey["LENGTH_UNITS"] : h.sKey["LENGTH_UNITS"];
+    if (sUnit != "m" && sUnit != "ft") Fault("length unit " + sUnit);
     const std::vector<double>& dTime = h.dColumn["TIME"];
     for (std::size_t I = 1; I < dTime.size(); ++I) {
       if (!(dTime[I] > dTime[I - 1])) Fault("times do not rise");
     }
-    for (const double d : h.dColumn.contains("QUALITY") ? h.dColumn["QUALITY"] : std::vector<double>()) {
+    if (!h.dColumn.contains("QUALITY")) return;
+    for (const double d : h.dColumn["QUALITY"]) {
       if (d != 0.0 && d != 1.0) Fault("QUALITY is neither 0 nor 1");
     }
   }
