@@ -14,6 +14,7 @@
 #include "processing/moving_average.h"
 #include "processing/sort_data.h"
 #include "review/qcs_sections.h"
+#include "stations/stn_data.h"
 
 namespace quillan {
 namespace {
@@ -22,6 +23,7 @@ namespace {
 void Forget_Last_Survey() {
   LogText_Reset();
   TMD_Initialize();
+  Stn_Forget();
   MDP_Initialize_MD(true);
   MdTx.dKvrStn = dDummy;
   MdTx.dStn = dDummy;

@@ -7,12 +7,9 @@
 
 namespace quillan {
 
-/// The line number by which the survey's stations are looked up: the survey's, or 0 where it has none.
-[[nodiscard]] R8 Station_Line();
-
 /// Reads a station file, asking for it where it does not exist, and shows its stations on the map. sStnFile then names
-/// the file that was read.
-/// Returns 0; 1 there are no stations, or it cannot be known which of several lines is the survey's, which is reported.
+/// the file that was read. Rows that state no line or attitude take those of the survey.
+/// Returns 0; 1 there are no stations, which was reported or is the user's choice.
 [[nodiscard]] I4 Read_Stations(std::string& sStnFile);
 
 /// Reads the station file, gives every transient the position and attitude of its receiver station, and shows the plan

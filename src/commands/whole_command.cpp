@@ -14,6 +14,7 @@
 #include "model/tmd_data.h"
 #include "model/txw_data.h"
 #include "review/qcs_sections.h"
+#include "stations/stn_data.h"
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/window.h"
@@ -23,8 +24,8 @@ namespace {
 
 /// What a command can change, transients aside, as references.
 auto Small_State() {
-  return std::tie(hTemSurvey, hAvgKept, hTxw, NTxw, NTxwError, sAvgFile, hSession, MdJob, MdSurvey, MdUnit, MdGrid,
-                  MdLine, MdStn, MdKvr, MdGps, MdTx, MdRx, MdChn);
+  return std::tie(hTemSurvey, hAvgKept, hTxw, NTxw, NTxwError, hStn, sAvgFile, hSession, MdJob, MdSurvey, MdUnit,
+                  MdGrid, MdLine, MdStn, MdKvr, MdGps, MdTx, MdRx, MdChn);
 }
 
 template <class... Value>

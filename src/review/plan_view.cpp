@@ -193,9 +193,9 @@ std::string sPositionsFrom;
 void Draw_View() {
   const PlanView h = Plan_View();
   const std::vector<MapPoint> hPoint = Drawn_Points(h);
-  const std::vector<std::string> sNotes = Plan_Notes(h, sPositionsFrom);
   const std::string_view sUnit = Held_Entry(sLengthUnit, hTemSurvey.iLengthUnit);
   const GrBox hPlot = With_Room_for_Axes(hPlotPlace, hPoint, dWiden, hFonts);
+  const std::vector<std::string> sNotes = Notes_with_Room(hPlot, hFonts, Plan_Notes(h, sPositionsFrom));
   const MapLayout hLayout = Map_Layout(Map_Range(hPoint, Shape_of(hPlot), dWiden), hPoint,
                                        Notes_Block(hPlot, hFonts, sNotes), Scale_Block(hPlot, hFonts));
   Set_Map_Units(hPlot, hLayout.hRange);

@@ -34,7 +34,8 @@ constexpr R4 fLeft = 1.5f, fRight = 2.0f, fBottom = 1.5f, fTop = 1.0f;  // margi
 constexpr R4 fBarOffset = 0.25f, fBarWidth = 0.5f;                      // the colour bar beside the plot
 constexpr R4 fPoint = 0.03528f;                                         // height of a point
 constexpr R4 fCharShape = 0.445f;                                       // width over height of a character
-constexpr R4 fBarTitle = 1.2f;                                          // its size over that of the labels
+constexpr R4 fRowsAbove = 2.2f;  // character heights above the plot, at least: the titles
+constexpr R4 fBarTitle = 1.2f;   // its size over that of the labels
 constexpr R8 dWiden = 1.1;
 
 constexpr I4 MStep = 50;            // steps of the colour scale
@@ -95,7 +96,8 @@ std::string Figure(R4 fValue) {
 }
 
 std::string Tenths(R8 dValue) {
-  return Str_Write_R8(dValue, "(F0.1)").str();
+  constexpr R8 dTenth = 0.05;
+  return Str_Write_R8(std::abs(dValue) < dTenth ? 0.0 : dValue, "(F0.1)").str();  // never "-0"
 }
 
 std::string Range_Text(std::string_view sWhat, R4 fMin, R4 fMax, I4 iOrigin) {
@@ -175,18 +177,25 @@ struct MapPicture {
   MapLayout hLayout{};
 };
 
+/// How far the title of the colour bar reaches out on either side of it, with the font of the numbers in force.
+R4 Bar_Title_Overhang() {
+  return std::max(0.5f * (fBarTitle * WGrTextLength(sElevation) - fBarWidth), 0.0f);
+}
+
 /// The margin to the right of the plot: room for the colour bar and its labels.
 R4 Right_Margin(const MapPicture& h) {
   Use_Font(h.hFonts.hNumbers);
   R4 fWidest = 0.0f;
   for (const ColorLabel& hLabel : h.hLabel) fWidest = std::max(fWidest, WGrTextLength(hLabel.sLabel));
   const R4 fLabels = fWidest + 2.0f * InfoGraphics(iCharWidth);
-  const R4 fTitle = 0.5f * (fBarTitle * WGrTextLength(sElevation) - fBarWidth);
-  return std::max(fRight, fBarOffset + fBarWidth + std::max(fLabels, fTitle + InfoGraphics(iCharWidth)));
+  const R4 fTitle = Bar_Title_Overhang() + InfoGraphics(iCharWidth);
+  return std::max(fRight, fBarOffset + fBarWidth + std::max(fLabels, fTitle));
 }
 
 void Lay_Out(MapPicture& h, std::span<const MapPoint> hPoint) {
-  const GrBox hPlace{fLeft, fBottom, h.hPage.fXCMT - Right_Margin(h), h.hPage.fYCMT - fTop};
+  Use_Font(h.hFonts.hNumbers);
+  const R4 fAbove = std::max(fTop, fRowsAbove * InfoGraphics(iCharHeight));
+  const GrBox hPlace{fLeft, fBottom, h.hPage.fXCMT - Right_Margin(h), h.hPage.fYCMT - fAbove};
   h.hPlot = With_Room_for_Axes(hPlace, hPoint, dWiden, h.hFonts);
   h.hLayout = Map_Layout(Map_Range(hPoint, Shape_of(h.hPlot), dWiden), hPoint, Notes_Block(h.hPlot, h.hFonts, h.sNotes),
                          Scale_Block(h.hPlot, h.hFonts));
@@ -242,13 +251,25 @@ void Stn_Plot_Map_Color_Bar(const MapPicture& h) {
   WGrTextString(0.5f * (fX1 + fX2), fY1 + fHeight + InfoGraphics(iCharHeight), sElevation);
 }
 
+/// The statistics of the survey's line, where there is room for them.
+void Stn_Plot_Annotation(const MapPicture& h) {
+  if (h.hLayout.hNotes) Draw_Notes(h.hPlot, h.hFonts, *h.hLayout.hNotes, h.sNotes);
+}
+
 /// Title and prompt, clear of the scale of colours and of the label of the axis.
 void Draw_Titles(const MapPicture& h, std::string_view sFileName) {
   const R4 fMiddle = 0.5f * (h.hPlot.fX1 + h.hPlot.fX2);
   const TextSize hSize[] = {h.hPage.Font(14.0f), h.hPage.Font(12.0f), h.hPage.Font(10.0f)};
-  const TitleRoom hRoom{0.0f, h.hPlot.fX2 / h.hPage.fXCMT};
-  Draw_Plot_Title("Station Location Map, data from " + std::string(sFileName),
-                  {fMiddle, h.hPlot.fY2 + 0.5f * fTop, h.hPlot.fX1, hRoom}, hSize);
+  const R4 fY = 0.5f * (h.hPlot.fY2 + h.hPage.fYCMT);
+  Use_Font(hSize[2]);
+  const R4 fEnd = h.hPlot.fX2 + fBarOffset - Bar_Title_Overhang() - InfoGraphics(iCharWidth);
+  const std::string sTitle =
+      Cut_to_Room("Station Location Map, data from " + std::string(sFileName), fEnd - h.hPlot.fX1);
+  Draw_Plot_Title(sTitle,
+                  {
+                      fMiddle, fY, h.hPlot.fX1, {0.0f, fEnd / h.hPage.fXCMT}
+  },
+                  hSize);
   Use_Font(h.hFonts.hNumbers);
   WGrTextOrientation(Justify::Right, 0.0f);
   WGrTextString(h.hPage.fXCMT - 3.0f * InfoGraphics(iCharWidth), 1.2f * InfoGraphics(iCharHeight), sPrompt);
@@ -275,7 +296,7 @@ void Draw_Map(std::string_view sFileName, R8 dLineNumber) {
   Draw_Headings(h);
   Draw_Points(h);
   Stn_Plot_Map_Color_Bar(h);
-  if (h.hLayout.hNotes) Draw_Notes(h.hPlot, h.hFonts, *h.hLayout.hNotes, h.sNotes);
+  Stn_Plot_Annotation(h);
   Draw_Scale_Bar(h.hPlot, h.hFonts, h.hLayout, h.sUnit);
   Draw_Titles(h, sFileName);
   IGrFlush();
@@ -312,7 +333,28 @@ void Show_Pointer(const Message& h) {
   WindowOutStatusBar(iStatusProgress, Stn_Pointer_Text({hPointer.dX, hPointer.dY}));
 }
 
+/// The window of the map, with its timer, for as long as it lives: also a lack of memory closes it.
+class MapWindow {
+ public:
+  MapWindow() {
+    const PixelSize hSize = Map_Size();
+    WindowOpenChild2(hSize.NXP, hSize.NYP, sMapTitle);
+    WindowOutStatusBar(iStatusProgress, sMapTitle);
+    WMessageEnable(MessageType::MouseMove, true);
+    WMessageTimer(NMsecMap, iTimerMap);
+  }
+  ~MapWindow() {
+    WMessageTimer(0, iTimerMap);
+    WMessageEnable(MessageType::MouseMove, false);
+    WindowCloseChild();
+    IPgForget();
+  }
+  MapWindow(const MapWindow&) = delete;
+  MapWindow& operator=(const MapWindow&) = delete;
+};
+
 void Run_Map(std::string_view sFileName, R8 dLineNumber) {
+  const MapWindow window;
   Draw_Map(sFileName, dLineNumber);
   for (Message h = WMessage(); !Ends_Map(h); h = WMessage()) {
     if (h.iType == MessageType::MouseMove) Show_Pointer(h);
@@ -326,16 +368,7 @@ I4 Stn_Plot_Map(std::string_view sFileName, R8 dLineNumber) {
   if (hStn.NStn < 1) return 0;
   if (WInfoWindow(iWindowDrawable) == 0) return 1;
   for (const std::string& sLine : Stn_Annotation(dLineNumber)) LogText_File(sLine);
-  const PixelSize hSize = Map_Size();
-  WindowOpenChild2(hSize.NXP, hSize.NYP, sMapTitle);
-  WindowOutStatusBar(iStatusProgress, sMapTitle);
-  WMessageEnable(MessageType::MouseMove, true);
-  WMessageTimer(NMsecMap, iTimerMap);
   Run_Map(sFileName, dLineNumber);
-  WMessageTimer(0, iTimerMap);
-  WMessageEnable(MessageType::MouseMove, false);
-  WindowCloseChild();
-  IPgForget();
   InqWintError("Stn_Plot_Map");
   LogText_Reset();
   return 0;

@@ -15,6 +15,7 @@ namespace {
 
 constexpr R4 fRadian = 0.0174532924f;  // radians in a degree
 constexpr R4 fStepLeast = 0.001f;      // a smaller step of station numbers has no scale
+constexpr R4 fScaleLeast = 1.0E-6f;    // of stations: points that differ in depth alone have no distance on the ground
 constexpr R8 dLineNear = 0.001;        // line numbers that are one
 constexpr R8 dLineSpacings = 100.0;    // the same for the quality of a look-up
 constexpr R4 fMeanderNoise = 10.0f;    // percent
@@ -55,9 +56,10 @@ void Take_Steps(const LinePoints& hPoint, LineStat& h) {
 R4 Median_Station(const LinePoints& hPoint, const LineStat& h) {
   const R4 fdUdX = std::sin(h.fStnUazm * fRadian);
   const R4 fdUdY = std::cos(h.fStnUazm * fRadian);
+  const R4 fScale = std::max(h.fdUdSmed, fScaleLeast);
   std::vector<R4> fU;
   for (std::size_t I = 0; I < hPoint.fStnX.size(); ++I)
-    fU.push_back(((hPoint.fStnX[I] - h.fStnX0) * fdUdX + (hPoint.fStnY[I] - h.fStnY0) * fdUdY) / h.fdUdSmed);
+    fU.push_back(((hPoint.fStnX[I] - h.fStnX0) * fdUdX + (hPoint.fStnY[I] - h.fStnY0) * fdUdY) / fScale);
   const I4 K = (hPoint.NSL + 1) / 2;
   return SelectK_R4(K, hPoint.NSL, fU) == 0 ? fU[static_cast<std::size_t>(K - 1)] : fDummy;
 }

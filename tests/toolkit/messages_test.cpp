@@ -212,5 +212,48 @@ TEST(Toolkit, WithoutAWindowEveryCallIsHarmless) {
   WindowClose();
 }
 
+TEST(Messages, OfAChildWindowSayWhereTheyComeFromAndGoWithIt) {
+  PlayedSession hSession("click 1 1\nkey a\nclose\nclose\nkey b\nkey c\n");
+  WindowOpenChild2(500, 350, "child");
+  IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
+  const Message hPress = hSession.Next();
+  EXPECT_EQ(hPress.iType, MessageType::MouseDown);
+  EXPECT_EQ(hPress.VALUE3, iInChild);
+  EXPECT_NEAR(hPress.GX, 1.0f, 0.05f);
+  EXPECT_EQ(hSession.Next().iType, MessageType::MouseUp);
+  EXPECT_EQ(hSession.Next().VALUE1, 'a');
+  const Message hClose = hSession.Next();
+  EXPECT_EQ(hClose.iType, MessageType::Close);
+  EXPECT_EQ(hClose.VALUE3, iInChild);
+  WMessagePutBack(hClose);
+  WMessagePutBack({.iType = MessageType::Key, .VALUE1 = 'z'});
+  WMessagePutBack({.iType = MessageType::Menu, .VALUE1 = 40005});
+  WindowCloseChild();
+  EXPECT_EQ(hSession.Next().iType, MessageType::Menu) << "what the main window was given stays";
+  const Message hMain = hSession.Next();
+  EXPECT_EQ(hMain.iType, MessageType::Close);
+  EXPECT_EQ(hMain.VALUE3, 0);
+  EXPECT_EQ(hSession.Next().VALUE1, 'b');
+}
+
+TEST(Messages, ATimerComesOnceUnlessItIsTakenBack) {
+  Open_Window(400, 300);
+  WMessageTimer(1, 7);
+  WMessageTimer(1, 8);
+  WMessageTimer(2, 9);
+  WMessageTimer(0, 8);
+  std::vector<I4> iTimer;
+  while (iTimer.empty() || iTimer.back() != 9) {
+    const Message h = WMessage();
+    if (h.iType == MessageType::Timer) iTimer.push_back(h.VALUE1);
+  }
+  EXPECT_EQ(iTimer, (std::vector<I4>{7, 9}));
+  WMessageTimer(0, 7);  // long gone
+  WMessageTimer(60000, 7);
+  WindowClose();
+  WMessageTimer(1, 7);
+  EXPECT_EQ(InfoError(), iErrNoWindow);
+}
+
 }  // namespace
 }  // namespace quillan

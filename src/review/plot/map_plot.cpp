@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "base/text.h"
 #include "foundations/str_write.h"
 #include "toolkit/draw/plot_axes.h"
 
@@ -223,6 +224,23 @@ void Draw_North(R4 fX, R4 fY) {
 }
 
 }  // namespace
+
+std::string Cut_to_Room(std::string_view sText, R4 fRoom) {
+  constexpr std::string_view sCut = "...";
+  if (WGrTextLength(sText) <= fRoom) return std::string(sText);
+  std::size_t N = sText.size();
+  while (N > 0 && WGrTextLength(Cut_Text(sText, N)) + WGrTextLength(sCut) > fRoom) --N;
+  return std::string(Cut_Text(sText, N)).append(sCut);
+}
+
+std::vector<std::string> Notes_with_Room(const GrBox& hPlot, const MapFonts& hFonts,
+                                         std::span<const std::string> sLine) {
+  const R4 fBeside = (1.0f - Scale_Block(hPlot, hFonts).fWidth) * (hPlot.fX2 - hPlot.fX1);
+  const R4 fRoom = fBeside - 2.0f * fBlockMargin * Turned_Height() - InfoGraphics(iCharWidth);
+  std::vector<std::string> sCut;
+  for (const std::string& s : sLine) sCut.push_back(Cut_to_Room(s, fRoom));
+  return sCut;
+}
 
 MapBlock Notes_Block(const GrBox& hPlot, const MapFonts& hFonts, std::span<const std::string> sLine) {
   if (sLine.empty()) return {};

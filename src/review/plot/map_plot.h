@@ -78,6 +78,12 @@ void Set_Map_Units(const GrBox& hPlot, const MapRange& hRange);
 /// unless it is blank.
 void Draw_Map_Axes(const MapFonts& hFonts, std::string_view sUnit);
 
+/// A text cut to what has room with the font in force; "..." stands for what is cut.
+[[nodiscard]] std::string Cut_to_Room(std::string_view sText, R4 fRoom);
+/// Lines of notes cut to the room that the scale bar leaves beside it.
+[[nodiscard]] std::vector<std::string> Notes_with_Room(const GrBox& hPlot, const MapFonts& hFonts,
+                                                       std::span<const std::string> sLine);
+
 /// The block that lines of text need with the font of notes, and the lines drawn in it from the top down.
 [[nodiscard]] MapBlock Notes_Block(const GrBox& hPlot, const MapFonts& hFonts, std::span<const std::string> sLine);
 void Draw_Notes(const GrBox& hPlot, const MapFonts& hFonts, const BlockPlace& hPlace,

@@ -107,6 +107,10 @@ bool toolkit::Main_Menu_Is_Ready() {
   return Main_Menu_Is_on_Show() && hMenuBar.bUsable;
 }
 
+bool toolkit::Menu_Bar_Is_Usable() {
+  return hMenuBar.bUsable;
+}
+
 void WMenuDefine(I4 iMenu, std::span<const MenuRow> hRow) {
   hDefined[iMenu].assign(hRow.begin(), hRow.end());
 }

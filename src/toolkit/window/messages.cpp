@@ -287,8 +287,14 @@ void toolkit::Drop_Messages() {
 
 void toolkit::Drop_Child_Messages() {
   std::erase_if(hQueue.hWaiting, [](const Message& h) {
-    const bool bForMain = h.iType == MessageType::Close && h.VALUE3 != iInChild;
-    return !bForMain && h.iType != MessageType::Menu && h.iType != MessageType::FileDropped;
+    switch (h.iType) {
+      case MessageType::Menu:
+      case MessageType::Button:
+      case MessageType::Field:
+      case MessageType::FileDropped: return false;
+      case MessageType::Close: return h.VALUE3 == iInChild;
+      default: return true;
+    }
   });
 }
 

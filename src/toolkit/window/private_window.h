@@ -81,6 +81,8 @@ void Watch_Entry(QAction* hEntry, I4 iCommand);
 std::vector<QAction*> Menu_Entries(I4 iCommand);
 bool Main_Menu_Is_on_Show();
 bool Main_Menu_Is_Ready();
+/// Whether the bar on show is not greyed as a whole.
+bool Menu_Bar_Is_Usable();
 
 // ---- Boxes (boxes.cpp)
 

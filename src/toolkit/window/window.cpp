@@ -81,6 +81,7 @@ struct OpenWindow {
   QApplication* hApplication = nullptr;
   QPointer<QMainWindow> hMain;
   QPointer<QMainWindow> hChild;
+  bool bBarUsable = true;      // of the menu bar, before the child was opened
   QPointer<QLabel> hPart[3];   // of the status bar
   QPointer<QLabel> hChildBar;  // the child's
   QString sPart2;              // text of the wide part under a hint
@@ -236,7 +237,7 @@ void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTit
 
 namespace {
 
-constexpr QSize hLeastChild(320, 240);  // pixels: a smaller plot has no room for its texts
+constexpr QSize hLeastChild(480, 336);  // pixels: a smaller plot has no room for its texts
 
 void Give_Status_Bar(QMainWindow& hWindow) {
   hOpen.hChildBar = new QLabel(hWindow.statusBar());
@@ -245,11 +246,16 @@ void Give_Status_Bar(QMainWindow& hWindow) {
   hWindow.statusBar()->addWidget(hOpen.hChildBar, 1);
 }
 
-/// Shows the child in the middle of the screen, no larger than that.
+/// Shows the child over the middle of the main window, as far as the screen goes.
 void Show_Child(I4 NXP, I4 NYP) {
   const QRect hScreen = hOpen.hMain->screen()->availableGeometry();
   const QSize hSize = QSize(NXP, NYP).expandedTo(hLeastChild).boundedTo(hScreen.size());
-  hOpen.hChild->setGeometry(QRect(hScreen.center() - QPoint(hSize.width(), hSize.height()) / 2, hSize));
+  const QPoint hCorner = hOpen.hMain->geometry().center() - QPoint(hSize.width(), hSize.height()) / 2;
+  const QPoint hLast = hScreen.bottomRight() - QPoint(hSize.width() - 1, hSize.height() - 1);
+  hOpen.hChild->setGeometry({
+      {std::clamp(hCorner.x(), hScreen.left(), hLast.x()), std::clamp(hCorner.y(), hScreen.top(), hLast.y())},
+      hSize
+  });
   hOpen.hChild->show();
   hOpen.hChild->activateWindow();
   Drawing_Area()->setFocus();
@@ -260,6 +266,7 @@ void Show_Child(I4 NXP, I4 NYP) {
 void WindowOpenChild2(I4 NXP, I4 NYP, std::string_view sTitle) {
   if (!hOpen.hMain) return Set_Error(iErrNoWindow);
   if (hOpen.hChild) return Set_Error(iErrBadArgument);
+  hOpen.bBarUsable = Menu_Bar_Is_Usable();
   WMenuBarState(0);
   hOpen.hChild = new QMainWindow(hOpen.hMain);
   hOpen.hChild->setWindowModality(Qt::WindowModal);
@@ -279,7 +286,7 @@ void WindowCloseChild() {
   Leave_Child_Area();
   delete hOpen.hChild;
   Drop_Child_Messages();
-  WMenuBarState(1);
+  WMenuBarState(hOpen.bBarUsable ? 1 : 0);
   Follow_Size(MessageType::Resize);  // the main window may have another size by now
   Hand_Back_Focus();
 }

@@ -21,7 +21,7 @@ void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTit
 /// Closes what is open. Safe when nothing is.
 void WindowClose();
 
-/// Opens a child window over the main one, in the middle of the screen, and selects it: until it is closed all drawing
+/// Opens a child window over the middle of the main one and selects it: until it is closed all drawing
 /// and waiting, the status bar and WInfoWindow are the child's, and the main window answers to nothing. There is one at
 /// a time. NXP, NYP: size in pixels. Its close button gives a Close message with VALUE3 = iInChild.
 void WindowOpenChild2(I4 NXP, I4 NYP, std::string_view sTitle);
