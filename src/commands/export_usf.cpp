@@ -4,6 +4,7 @@
 
 #include "commands/read_stations.h"
 #include "foundations/file_util.h"
+#include "model/tmd_data.h"
 #include "stations/stn_data.h"
 #include "stations/stn_lookup.h"
 
@@ -17,7 +18,7 @@ I4 Locate_Receivers(std::string_view sUsfFile) {
   if (hStn.NStn >= 1) return 0;
   std::string sStnFile = std::string(File_Stem(sUsfFile)) + ".stn";
   if (Read_Stations(sStnFile) != 0) return 1;
-  Stn_Positions(Station_Line());
+  Stn_Positions(hTemSurvey.dLineNumber);
   return 0;
 }
 
