@@ -55,6 +55,8 @@ constexpr BenchRow hBenchRow[] = {
     {"open/Sort_TEM_Data",                 Bench_Sort,          "read/floor",              0.0, 0.0  },
     {"open/dBdt_2_B",                      Bench_B,             "read/floor",              0.0, 0.0  },
     {"open/TEM_Trn_Data_Range",            Bench_Ranges,        "read/floor",              0.0, 0.0  },
+    {"stations/floor",                     Floor_Stations,      "stations/floor",          0.0, 0.0  },
+    {"stations/Stn_Read_Stn_Positions",    Bench_Stations,      "stations/floor",          2.0, 0.0  },
     {"write/floor",                        Floor_Write,         "write/floor",             0.0, 0.0  },
     {"write/AVG_Write",                    Bench_Write,         "write/floor",             2.0, 0.0  },
     {"write/AVG_Write_disk",               Bench_Write_Disk,    "write/floor",             0.0, 0.0  },

@@ -28,6 +28,8 @@ Bench Floor_Read, Bench_Read;
 // open_bench.cpp
 Bench Bench_Initialize, Bench_MDE, Bench_Widths, Bench_Complete, Bench_TWCfg, Bench_Sort, Bench_B, Bench_Ranges,
     Bench_Open;
+// station_bench.cpp
+Bench Floor_Stations, Bench_Stations;
 // write_bench.cpp
 Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync, Bench_Write_AMR, Bench_Write_USF, Bench_Write_Sweeps;
 // review_bench.cpp

@@ -15,8 +15,9 @@ constexpr std::string_view sCommentMarks = "$\\/!\"";
 }  // namespace
 
 ColumnRecord Kind_of_Column_Record(std::string_view& sRecord) {
-  if (Trimmed(sRecord).size() < NRecordLeast) return ColumnRecord::Ignored;
-  sRecord = Left_Adjusted(Trimmed(sRecord));
+  sRecord = Trimmed(sRecord);
+  if (sRecord.size() < NRecordLeast) return ColumnRecord::Ignored;
+  sRecord = Left_Adjusted(sRecord);
   const char cFirst = sRecord.front();
   if (sCommentMarks.find(cFirst) != std::string_view::npos) return ColumnRecord::Ignored;
   return cFirst >= 'A' && cFirst <= 'z' ? ColumnRecord::Labels : ColumnRecord::Row;

@@ -187,15 +187,12 @@ void Draw_Receivers(const PlanView& h) {
   for (const MapPoint& hRx : h.hReceiver) IGrMarker(Gr_Point(hRx).fX, Gr_Point(hRx).fY, iMarkerDisc);
 }
 
-// What is on show. TEM_Map_View_Plot fills it.
-std::string sPositionsFrom;
-
 void Draw_View() {
   const PlanView h = Plan_View();
   const std::vector<MapPoint> hPoint = Drawn_Points(h);
   const std::string_view sUnit = Held_Entry(sLengthUnit, hTemSurvey.iLengthUnit);
   const GrBox hPlot = With_Room_for_Axes(hPlotPlace, hPoint, dWiden, hFonts);
-  const std::vector<std::string> sNotes = Notes_with_Room(hPlot, hFonts, Plan_Notes(h, sPositionsFrom));
+  const std::vector<std::string> sNotes = Notes_with_Room(hPlot, hFonts, Plan_Notes(h, sPlanStnFile));
   const MapLayout hLayout = Map_Layout(Map_Range(hPoint, Shape_of(hPlot), dWiden), hPoint,
                                        Notes_Block(hPlot, hFonts, sNotes), Scale_Block(hPlot, hFonts));
   Set_Map_Units(hPlot, hLayout.hRange);
@@ -229,7 +226,7 @@ void Show_View() {
 
 I4 TEM_Map_View_Plot(std::string_view sStnFile) {
   if (!Has_Room()) return 1;
-  sPositionsFrom = sStnFile;
+  sPlanStnFile = sStnFile;
   LogText_Show_Picture(Show_View);
   return 0;
 }

@@ -15,6 +15,9 @@
 
 namespace quillan {
 
+// Module state. TEM_Map_View_Plot fills it.
+inline std::string sPlanStnFile;  // where the positions on show are from
+
 /// What the view shows, apart from drawing, in the survey's length unit.
 struct PlanView {
   std::vector<MapPoint> hReceiver;   // those of all transients that have a position

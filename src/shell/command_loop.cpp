@@ -93,6 +93,7 @@ void Carry_Out(I4 iChoice) {
   if (h->bChangesData) hSession.bUpdateAVG = true;
   // A failure has been reported; the user chooses what comes next.
   (void)Run_Whole(h->Carry_Out, If_Unfinished(*h));
+  LogText_Renew_Picture();
 }
 
 [[noreturn]] void Command_Loop() {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "foundations/digit_sort.h"
 #include "foundations/log_file.h"
 #include "foundations/sort_util.h"
 #include "foundations/str_write.h"
@@ -44,16 +45,15 @@ using Packed = Array1<R4, NN2>;
 /// One fit: the points, their distances from the line and their weights. Index 0 is the first point.
 struct FitRun {
   std::size_t ND = 0;
-  std::vector<R4> fXS1, fYS1;              // the points
-  R4 fXSavg = 0.0f, fYSavg = 0.0f;         // their mean
-  R4 fDUinc = 1.0f;                        // their typical spacing
-  R4 fUazm = 90.0f;                        // degrees, where the fit begins
-  Parameters fPV{0.0f, 0.0f, 0.0f};        // the line
-  std::vector<R4> fWd;                     // weights of squared distances
-  std::vector<R4> fDV;                     // distances from the last line that was tried
-  std::vector<R4> fAjac1, fAjac2, fAjac3;  // derivatives of the distances
-  R4 fRMS_DV = 0.0f;                       // weighted misfit of that line
-  R4 fRMS_dPV = 0.0f;                      // size of the last step
+  std::vector<R4> fXS1, fYS1;        // the points
+  R4 fXSavg = 0.0f, fYSavg = 0.0f;   // their mean
+  R4 fDUinc = 1.0f;                  // their typical spacing
+  R4 fUazm = 90.0f;                  // degrees, where the fit begins
+  Parameters fPV{0.0f, 0.0f, 0.0f};  // the line
+  std::vector<R4> fWd;               // weights of squared distances
+  std::vector<R4> fDV;               // distances from the last line that was tried
+  R4 fRMS_DV = 0.0f;                 // weighted misfit of that line
+  R4 fRMS_dPV = 0.0f;                // size of the last step
 };
 
 R4 Sum(std::span<const R4> fItem) {
@@ -130,15 +130,6 @@ void LineFit_Forward(FitRun& h, const Parameters& fPV) {
   for (std::size_t I = 0; I < h.ND; ++I) h.fDV[I] = (fXS0 - h.fXS1[I]) * fDVX + (fYS0 - h.fYS1[I]) * fDVY;
 }
 
-/// Derivatives of the distances by the three parameters.
-void LineFit_Jacobian(FitRun& h, const Parameters& fPV) {
-  const R4 fXS0 = h.fXSavg + fPV(1), fYS0 = h.fYSavg + fPV(2);
-  const R4 fSin = std::sin(fPV(3)), fCos = std::cos(fPV(3));
-  std::ranges::fill(h.fAjac1, -fCos);
-  std::ranges::fill(h.fAjac2, fSin);
-  for (std::size_t I = 0; I < h.ND; ++I) h.fAjac3[I] = (fXS0 - h.fXS1[I]) * fSin + (fYS0 - h.fYS1[I]) * fCos;
-}
-
 R4 LineFit_Error(const FitRun& h) {
   R4 fSum = 0.0f;
   for (std::size_t I = 0; I < h.ND; ++I) fSum += h.fDV[I] * h.fDV[I] * h.fWd[I];
@@ -151,21 +142,27 @@ struct Normal {
   Parameters fAtD;
 };
 
+/// From the derivatives of the distances by the three parameters. The sums run side by side, each in the order of the
+/// points: one after the other they would wait for their own additions.
 Normal Normal_Equations(const FitRun& h) {
+  const R4 fXS0 = h.fXSavg + h.fPV(1), fYS0 = h.fYSavg + h.fPV(2);
+  const R4 fSin = std::sin(h.fPV(3)), fCos = std::cos(h.fPV(3));
+  const R4 fA1 = -fCos, fA2 = fSin;
   Normal hNormal{};
-  const std::vector<R4>* const fAjac[NP] = {&h.fAjac1, &h.fAjac2, &h.fAjac3};
-  for (I4 J1 = 1, K = 0; J1 <= NP; ++J1) {
-    const std::vector<R4>& fA1 = *fAjac[J1 - 1];
-    for (I4 J2 = 1; J2 <= J1; ++J2) {
-      const std::vector<R4>& fA2 = *fAjac[J2 - 1];
-      R4 fSum = 0.0f;
-      for (std::size_t I = 0; I < h.ND; ++I) fSum += fA1[I] * h.fWd[I] * fA2[I];
-      hNormal.fAtA(++K) = fSum;
-    }
-    R4 fSum = 0.0f;
-    for (std::size_t I = 0; I < h.ND; ++I) fSum += fA1[I] * h.fWd[I] * h.fDV[I];
-    hNormal.fAtD(J1) = -fSum;
+  for (std::size_t I = 0; I < h.ND; ++I) {
+    const R4 fA3 = (fXS0 - h.fXS1[I]) * fSin + (fYS0 - h.fYS1[I]) * fCos;
+    const R4 fA1W = fA1 * h.fWd[I], fA2W = fA2 * h.fWd[I], fA3W = fA3 * h.fWd[I];
+    hNormal.fAtA(1) += fA1W * fA1;
+    hNormal.fAtA(2) += fA2W * fA1;
+    hNormal.fAtA(3) += fA2W * fA2;
+    hNormal.fAtA(4) += fA3W * fA1;
+    hNormal.fAtA(5) += fA3W * fA2;
+    hNormal.fAtA(6) += fA3W * fA3;
+    hNormal.fAtD(1) += fA1W * h.fDV[I];
+    hNormal.fAtD(2) += fA2W * h.fDV[I];
+    hNormal.fAtD(3) += fA3W * h.fDV[I];
   }
+  for (R4& f : hNormal.fAtD) f = -f;
   return hNormal;
 }
 
@@ -220,6 +217,17 @@ Parameters bLLt(const Packed& fLm, const Parameters& fYv) {
   return fXv;
 }
 
+// The weights of a distance that is not negative. Both sides of each limit are computed, for a branch on scattered
+// distances is guessed wrongly half the time.
+R4 Huber(R4 fU) {
+  return fHampelA / std::max(fU, fHampelA);
+}
+
+R4 Hampel(R4 fU) {
+  const R4 fFar = fHampelA * (fHampelC - std::min(fU, fHampelC)) / (std::max(fU, fHampelB) * (fHampelC - fHampelB));
+  return fU <= fHampelB ? Huber(fU) : fFar;
+}
+
 std::string Figure(R4 fValue) {
   return Str_Write_R4(fValue, fStepForm).str();
 }
@@ -235,7 +243,6 @@ void Report_Worse_Try(I4 iRDamp, const FitRun& h, R4 fRMS_DV0) {
 void LineFit_Iteration(FitRun& h) {
   LineFit_Forward(h, h.fPV);
   const R4 fRMS_DV0 = LineFit_Error(h);
-  LineFit_Jacobian(h, h.fPV);
   const Normal hNormal = Normal_Equations(h);
   R4 fRDamp = 0.0f;
   for (I4 J = 1; J <= NP; ++J) fRDamp = std::max(fRDamp, hNormal.fAtA(Diagonal(J)));
@@ -263,10 +270,18 @@ void LineFit_Iteration(FitRun& h) {
 // ---- steps with weights
 
 void Note_Step(const FitRun& h, I4 iMIter, I4 iWgtType) {
-  sLineFitSteps += Str_Write_I4(iMIter).str() + "," + Str_Write_I4(iWgtType).str();
+  sLineFitSteps.append(Str_Write_I4(iMIter).trimmed()).append(",").append(Str_Write_I4(iWgtType).trimmed());
   for (const R4 fValue : {h.fXSavg + h.fPV(1), h.fYSavg + h.fPV(2), fDegree * h.fPV(3), h.fRMS_DV, h.fRMS_dPV})
-    sLineFitSteps += "," + Figure(fValue);
+    sLineFitSteps.append(",").append(Figure(fValue));
   sLineFitSteps += sLineEnd;
+}
+
+template <R4 fWgt_of(R4)>
+void Set_Weights(FitRun& h, R4 fDVscale) {
+  for (std::size_t I = 0; I < h.ND; ++I) {
+    const R4 fWX = fWgt_of(std::abs(h.fDV[I] / fDVscale)) / h.fDUinc;
+    h.fWd[I] = fWX * fWX;
+  }
 }
 
 /// The unit of the scatter and the size of the parameters stay those of the fit without weights.
@@ -274,13 +289,10 @@ void Fit_with_Weights(FitRun& h) {
   sLineFitSteps = std::string(sStepsHeader).append(sLineEnd);
   const R4 fDVscale = std::max(fScaleLeast, h.fRMS_DV);
   const R4 fRMS_PV = RMS(h.fPV);
-  constexpr R4 (*fWeight[])(R4) = {fWgt_Huber, fWgt_Hampel};
+  constexpr void (*Set_by_Type[])(FitRun&, R4) = {Set_Weights<Huber>, Set_Weights<Hampel>};
   for (I4 iWgtType = 1; iWgtType <= 2; ++iWgtType) {
     for (I4 iMIter = 1; iMIter <= MIteration; ++iMIter) {
-      for (std::size_t I = 0; I < h.ND; ++I) {
-        const R4 fWX = fWeight[iWgtType - 1](std::abs(h.fDV[I] / fDVscale)) / h.fDUinc;
-        h.fWd[I] = fWX * fWX;
-      }
+      Set_by_Type[iWgtType - 1](h, fDVscale);
       LineFit_Iteration(h);
       Note_Step(h, iMIter, iWgtType);
       if (h.fRMS_dPV < fRMS_PV * fStepStop || h.fRMS_dPV < fStepStop) break;
@@ -291,7 +303,7 @@ void Fit_with_Weights(FitRun& h) {
 void Fit(FitRun& h) {
   h.fPV = {0.0f, 0.0f, fRadian * h.fUazm};
   h.fWd.assign(h.ND, 1.0f / (h.fDUinc * h.fDUinc));
-  for (std::vector<R4>* f : {&h.fDV, &h.fAjac1, &h.fAjac2, &h.fAjac3}) f->resize(h.ND);
+  h.fDV.resize(h.ND);
   LineFit_Iteration(h);
   if (h.fRMS_DV >= fGoodFit) Fit_with_Weights(h);
 }
@@ -348,22 +360,23 @@ void LineFit_Write_Steps() {
 
 R4 TaperedAlphaMean(I4 ND, std::span<const R4> fDV) {
   const auto fUsed = fDV.first(Held_Count(ND, fDV));
-  std::vector<R4> fItem;
-  std::ranges::copy_if(fUsed, std::back_inserter(fItem), [](R4 f) { return !std::isnan(f); });
-  std::ranges::sort(fItem);
-  const std::size_t N = fItem.size();
+  std::vector<std::uint32_t> iItem;
+  for (const R4 f : fUsed) {
+    if (!std::isnan(f)) iItem.push_back(Ordered_Bits(f));
+  }
+  const std::size_t N = iItem.size();
   if (N < 1) return 0.0f;
-  const std::size_t iMedian = (N + 1) / 2;
-  const R4 fMedian = fItem[iMedian - 1];
+  Digit_Sort(iItem, [](std::uint32_t i) { return i; });
+  const std::size_t iMedian = (N + 1) / 2, iBeg = N / 4 + 1, iEnd = N - N / 4;
+  const R4 fMedian = Real_of_Bits(iItem[iMedian - 1]);
   if (N < 4) return fMedian;
-  const std::size_t iBeg = N / 4 + 1, iEnd = N - N / 4;
   const R4 fI0 = static_cast<R4>(N + 1) / 2.0f;
   const R4 fScale = fPi / static_cast<R4>(iMedian - iBeg + 1);
   R4 fSumWgt = 0.0f, fSum = 0.0f;
   for (std::size_t I = iBeg; I <= iEnd; ++I) {
     const R4 fWgt = 0.5f * (1.0f + std::cos((static_cast<R4>(I) - fI0) * fScale));
     fSumWgt += fWgt;
-    fSum += fWgt * fItem[I - 1];
+    fSum += fWgt * Real_of_Bits(iItem[I - 1]);
   }
   return fSumWgt > 0.0f ? fSum / fSumWgt : fMedian;
 }
@@ -380,15 +393,11 @@ void XY2UV_Rotate(I4 NS, R4 fXY2UVdeg, R4 fXS0, R4 fYS0, std::span<const R4> fXS
 }
 
 R4 fWgt_Huber(R4 fXS) {
-  const R4 fU = std::abs(fXS);
-  return fU <= fHampelA ? 1.0f : fHampelA / fU;
+  return Huber(std::abs(fXS));
 }
 
 R4 fWgt_Hampel(R4 fXS) {
-  const R4 fU = std::abs(fXS);
-  if (fU <= fHampelB) return fWgt_Huber(fXS);
-  if (fU < fHampelC) return fHampelA * (fHampelC - fU) / (fU * (fHampelC - fHampelB));
-  return 0.0f;
+  return Hampel(std::abs(fXS));
 }
 
 }  // namespace quillan

@@ -1,7 +1,11 @@
 #include "stations/stn_data.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
 
+#include "foundations/digit_sort.h"
 #include "foundations/sort_util.h"
 
 namespace quillan {
@@ -10,6 +14,9 @@ namespace {
 
 constexpr I4 MStnLeast = 256;  // points that a new table holds
 constexpr I4 MStnSpare = 64;   // points that it holds beyond those that are wanted
+
+// Keys are nearly one within 10 units of the last place; a number has at most one unit more than epsilon says.
+constexpr R4 fClearUnits = 20.0f;
 
 /// Flags and ranges as they are without a file.
 void Clear_Flags_and_Ranges() {
@@ -25,9 +32,52 @@ constexpr StationColumn<R4> StationTable::*hRealColumn[] = {
     &StationTable::fStnH, &StationTable::fStnP, &StationTable::fStnR, &StationTable::fStnD};
 constexpr StationColumn<I4> StationTable::*hCountColumn[] = {&StationTable::iMuxBox, &StationTable::iMuxChn};
 
+/// A point and what it is sorted by.
+struct PointKey {
+  std::uint64_t iKey;  // line and station
+  I4 I;
+};
+
+/// Whether any comparison, exact or not, puts the lower of two numbers before the higher.
+bool Is_Clearly_Below(R4 f1, R4 f2) {
+  return f1 < f2 && f2 - f1 >= fClearUnits * std::numeric_limits<R4>::epsilon() * std::abs(f1);
+}
+
+R4 Line_of(const PointKey& h) {
+  return Real_of_Bits(static_cast<std::uint32_t>(h.iKey >> 32));
+}
+
+R4 Station_of(const PointKey& h) {
+  return Real_of_Bits(static_cast<std::uint32_t>(h.iKey));
+}
+
+bool Stands_Clearly_Before(const PointKey& h1, const PointKey& h2) {
+  if (Line_of(h1) != Line_of(h2)) return Is_Clearly_Below(Line_of(h1), Line_of(h2));
+  return Is_Clearly_Below(Station_of(h1), Station_of(h2));
+}
+
+/// The order by exact comparison, which is quick. False where points are so near each other that the tolerant one could
+/// differ from it.
+bool Has_Clear_Order(std::vector<I4>& JSort) {
+  std::vector<PointKey> hKey;
+  hKey.reserve(JSort.size());
+  for (I4 I = 1; I <= hStn.NStn; ++I) {
+    const std::uint64_t iLine = Ordered_Bits(hStn.fStnL(I));
+    hKey.push_back({iLine << 32 | Ordered_Bits(hStn.fStnS(I)), I});
+  }
+  const auto Key_of = [](const PointKey& h) { return h.iKey; };
+  if (!std::ranges::is_sorted(hKey, {}, Key_of)) Digit_Sort(hKey, Key_of);
+  for (std::size_t J = 0; J < hKey.size(); ++J) {
+    if (J > 0 && !Stands_Clearly_Before(hKey[J - 1], hKey[J])) return false;
+    JSort[J] = hKey[J].I;
+  }
+  return true;
+}
+
 /// The order of the points by station, or by line and station where there is more than one line.
 std::vector<I4> Order_of_Points() {
   std::vector<I4> JSort(static_cast<std::size_t>(hStn.NStn));
+  if (Has_Clear_Order(JSort)) return JSort;
   if (hStn.NStnLine == 1) {
     HeapSort_R4(hStn.NStn, hStn.fStnS.Items(1, hStn.NStn), JSort);
     return JSort;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <deque>
 #include <limits>
 #include <string_view>
 #include <variant>
@@ -70,8 +71,8 @@ struct StnImport {
   L4 bLabels = false;      // from labels of the file
   std::vector<I4> KCol;    // of each variable its column
   FieldList hField{MStnCol};
-  StnRow hDefault{};  // what a row takes that does not state it
-  std::vector<StnRow> hRow;
+  StnRow hDefault{};                   // what a row takes that does not state it
+  std::deque<StnRow> hRow;             // which may be many, and are never moved
   std::array<L4, NVariable> bGiven{};  // the file has a column for it
   I4 NErrLimit = 0;                    // rows with a value beyond the limit
   I4 NErrLabel = 0;                    // label records that lack a required label
@@ -126,14 +127,24 @@ void Take_Labels(StnImport& h, I4 iRecord, std::string_view sRecord) {
   for (std::size_t J = 0; J < NVariable; ++J) h.bGiven[J] = h.bGiven[J] || h.KCol[J] > 0;
 }
 
-I4 Fld_to(const FieldContext& hAt, std::string_view sField, R8& dValue) {
-  return Fld_to_R8(hAt, sField, dValue, dValue);
+// The value of a field where it has one, quietly; the report of one that cannot be read.
+I4 Str_to(std::string_view sField, R8& dValue) {
+  return Str_to_R8(sField, dValue, dValue);
 }
-I4 Fld_to(const FieldContext& hAt, std::string_view sField, R4& fValue) {
-  return Fld_to_R4(hAt, sField, fValue, fValue);
+I4 Str_to(std::string_view sField, R4& fValue) {
+  return Str_to_R4(sField, fValue, fValue);
 }
-I4 Fld_to(const FieldContext& hAt, std::string_view sField, I4& iValue) {
-  return Fld_to_I4(hAt, sField, iValue, iValue);
+I4 Str_to(std::string_view sField, I4& iValue) {
+  return Str_to_I4(sField, iValue, iValue);
+}
+void Report_Unreadable(const FieldContext& hAt, std::string_view sField, R8& dValue) {
+  static_cast<void>(Fld_to_R8(hAt, sField, dValue, dValue));
+}
+void Report_Unreadable(const FieldContext& hAt, std::string_view sField, R4& fValue) {
+  static_cast<void>(Fld_to_R4(hAt, sField, fValue, fValue));
+}
+void Report_Unreadable(const FieldContext& hAt, std::string_view sField, I4& iValue) {
+  static_cast<void>(Fld_to_I4(hAt, sField, iValue, iValue));
 }
 
 /// Missing and unreadable values share one box a file.
@@ -142,17 +153,19 @@ void Report_Missing(const StnImport& h, I4 iRecord, const StnVariable& hWhat) {
   bFldReported = true;
 }
 
-/// Reads one variable of a row where it has a column. False when the row cannot be used.
-bool Read_Value(const StnImport& h, const FieldContext& hAt, std::size_t J, StnRow& hRow) {
-  if (h.KCol[J] < 1) return true;
+/// Reads one variable of a row. False when the row cannot be used.
+bool Read_Value(const StnImport& h, I4 iRecord, std::string_view sRecord, std::size_t J, StnRow& hRow) {
   const StnVariable& hWhat = hVariable[J];
+  const std::string_view sField = h.hField(h.KCol[J]);
   return std::visit(
       [&](auto hField) {
         auto& xValue = hRow.*hField;
-        const I4 IOERR = Fld_to(hAt, h.hField(h.KCol[J]), xValue);
-        if (IOERR > 0) return false;
+        if (Str_to(sField, xValue) > 0) {
+          Report_Unreadable({iRecord, sRecord, hWhat.CLabel}, sField, xValue);
+          return false;
+        }
         if (J >= NRequired || !std::isnan(R8(xValue))) return true;
-        Report_Missing(h, hAt.iRecord, hWhat);
+        Report_Missing(h, iRecord, hWhat);
         return false;
       },
       hWhat.hField);
@@ -172,7 +185,7 @@ void Take_Row(StnImport& h, I4 iRecord, std::string_view sRecord) {
   Str_Parse_Fld(sRecord, h.hField);
   StnRow hRow = h.hDefault;
   for (std::size_t J = 0; J < NVariable; ++J) {
-    if (!Read_Value(h, {iRecord, sRecord, hVariable[J].CLabel}, J, hRow)) return;
+    if (h.KCol[J] > 0 && !Read_Value(h, iRecord, sRecord, J, hRow)) return;
   }
   if (Is_Within_Limit(h, iRecord, hRow)) h.hRow.push_back(hRow);
 }
@@ -207,11 +220,11 @@ void Report_No_Row(const StnImport& h) {
 // ---- the table
 
 bool Is_Other_Line(R8 dLine0, R8 dLineK) {
-  return std::abs(dLineK - dLine0) > dLineSpacings * Spacing(dLine0);
+  return dLineK != dLine0 && std::abs(dLineK - dLine0) > dLineSpacings * Spacing(dLine0);
 }
 
 /// How often the line changes down the file; never fewer than there are lines.
-I4 Count_Lines(const std::vector<StnRow>& hRow) {
+I4 Count_Lines(const std::deque<StnRow>& hRow) {
   I4 NLine = 1;
   for (std::size_t I = 1; I < hRow.size(); ++I) {
     if (Is_Other_Line(hRow[I - 1].dLine, hRow[I].dLine)) ++NLine;
@@ -219,12 +232,24 @@ I4 Count_Lines(const std::vector<StnRow>& hRow) {
   return NLine;
 }
 
-/// The multiple of 10000 nearest to the mean of a value.
-I4 Origin(const std::vector<StnRow>& hRow, R8 StnRow::*dValue) {
-  R8 dSum = 0.0;
-  for (const StnRow& h : hRow) dSum += h.*dValue;
-  const I4 NStep = Nint(dSum / static_cast<R8>(hRow.size()) / dOriginStep);
+/// The multiple of 10000 nearest to a mean.
+I4 Origin(R8 dSum, std::size_t N) {
+  const I4 NStep = Nint(dSum / static_cast<R8>(N) / dOriginStep);
   return std::clamp(NStep, -MOriginStep, MOriginStep) * static_cast<I4>(dOriginStep);
+}
+
+void Set_Origins(const std::deque<StnRow>& hRow) {
+  R8 dStn = 0.0, dLine = 0.0, dX = 0.0, dY = 0.0;
+  for (const StnRow& h : hRow) {
+    dStn += h.dStn;
+    dLine += h.dLine;
+    dX += h.dX;
+    dY += h.dY;
+  }
+  hStn.iStnS0 = Origin(dStn, hRow.size());
+  hStn.iStnL0 = Origin(dLine, hRow.size());
+  hStn.iStnX0 = Origin(dX, hRow.size());
+  hStn.iStnY0 = Origin(dY, hRow.size());
 }
 
 /// The difference is taken before the rounding: map coordinates have more digits than R4. Lines that no number of a
@@ -263,10 +288,7 @@ void Widen_Ranges(I4 I) {
 }
 
 void Store_Rows(const StnImport& h) {
-  hStn.iStnS0 = Origin(h.hRow, &StnRow::dStn);
-  hStn.iStnL0 = Origin(h.hRow, &StnRow::dLine);
-  hStn.iStnX0 = Origin(h.hRow, &StnRow::dX);
-  hStn.iStnY0 = Origin(h.hRow, &StnRow::dY);
+  Set_Origins(h.hRow);
   Stn_Initialize(static_cast<I4>(h.hRow.size()), Count_Lines(h.hRow));
   I4 I = 0;
   for (const StnRow& hRow : h.hRow) {

@@ -4,7 +4,9 @@
 
 #include <cmath>
 
+#include "support/played_session.h"
 #include "support/survey_builder.h"
+#include "toolkit/draw/plot_axes.h"
 
 namespace quillan {
 namespace {
@@ -72,6 +74,20 @@ TEST(PlanView, NotesSayTheLoopAndTheDistanceInTheSurveysUnit) {
             (std::vector<std::string>{"Plan View of Survey Configuration", "Data from orrin.stn",
                                       "Transmitter loop 100 x 100 ft, along 30 deg E of N",
                                       "Receiver 6 is 30 ft from the loop's centre"}));
+}
+
+TEST(PlanView, AMetreIsAsLongAlongEitherAxisInAWindowOfAnyShape) {
+  for (const I4 NXP : {500, 900, 1800}) {
+    Load_Survey(iArrayMVL);
+    Open_Window(NXP, 600);
+    ASSERT_EQ(TEM_Map_View_Plot("orrin.stn"), 0);
+    const GrPoint h0 = IPgNumbersToGrUnits(482000, 5176000), h1 = IPgNumbersToGrUnits(482100, 5176100);
+    const GrPoint hPixel = IGrPixelSize();
+    const R4 fX = (h1.fX - h0.fX) / hPixel.fX, fY = (h1.fY - h0.fY) / hPixel.fY;
+    EXPECT_GT(fX, 20.0f) << NXP;
+    EXPECT_NEAR(fX, fY, 0.01f * fX) << NXP << ": east is to the right, north is up";
+    WindowClose();
+  }
 }
 
 TEST(PlanView, MissingPositionsAndSizesLeaveNumbers) {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -151,6 +153,34 @@ TEST(StationFile, LinesStandInTheOrderOfTheirNumbers) {
   EXPECT_EQ(Stations_of(1), "0 1 2 3");
   EXPECT_EQ(Stations_of(2), "0 1 2");
   EXPECT_EQ(Stations_of(3), "0 1 2 3") << "rows of one line need not stand together";
+}
+
+TEST(StationFile, RowsInNoOrderAreSortedAsRowsInOrder) {
+  std::vector<std::string> sRow;
+  for (I4 iLine = -2; iLine < 3; ++iLine) {
+    for (I4 iStn = -20; iStn < 20; ++iStn) {
+      const std::string sStn = std::to_string(12.5 * iStn), sLine = std::to_string(20000 + iLine);
+      sRow.push_back(sStn + " " + sStn + " " + sLine + " 0 " + sLine + "\n");
+    }
+  }
+  const auto Read = [&] {
+    std::string sText = "Station East North Elev Line\n";
+    for (const std::string& s : sRow) sText += s;
+    EXPECT_EQ(Read_Stations(sText), 0);
+    std::string sOrder;
+    for (I4 iLine = 1; iLine <= hStn.NStnLine; ++iLine) {
+      for (I4 I = hStn.iStnBeg(iLine); I <= hStn.iStnEnd(iLine); ++I)
+        sOrder += std::to_string(hStn.fStnL(I)) + " " + std::to_string(hStn.fStnS(I)) + "\n";
+    }
+    return sOrder;
+  };
+  const std::string sOrder = Read();
+  EXPECT_EQ(hStn.NStnLine, 5);
+  EXPECT_TRUE(sOrder.starts_with("-2.000000 -250.000000\n-2.000000 -237.5")) << sOrder.substr(0, 50);
+  std::shuffle(sRow.begin(), sRow.end(), std::mt19937(3));
+  EXPECT_EQ(Read(), sOrder);
+  sRow.push_back(sRow.front());  // a repeated row takes the tolerant sort
+  EXPECT_EQ(Read(), sOrder);
 }
 
 TEST(StationFile, LineNumbersBeyondReasonEndInATable) {

@@ -125,6 +125,10 @@ void LogText_Redraw() {
     LogText_Update();
 }
 
+void LogText_Renew_Picture() {
+  if (hOnShow.Draw_Picture) LogText_Redraw();
+}
+
 void LogText_Follow() {
   if (hOnShow.hLaidOut.isEmpty() || !toolkit::Drawing_Area() || !toolkit::Main_Menu_Is_on_Show()) return;
   if (toolkit::Child_Window() || toolkit::Backing_Image().size() == hOnShow.hLaidOut) return;

@@ -20,6 +20,8 @@ void LogText_Update();
 void LogText_Show_Picture(void (*Draw)());
 /// Draws again what the area shows: the lines, or the picture.
 void LogText_Redraw();
+/// Draws the picture again if there is one: what it shows may have changed.
+void LogText_Renew_Picture();
 /// The same where the text is on show, laid out for another size of the window: the program waits for an answer, and no
 /// loop sees the change.
 void LogText_Follow();
