@@ -58,6 +58,7 @@ R4 Median_Station(const LinePoints& hPoint, const LineStat& h) {
   const R4 fdUdY = std::cos(h.fStnUazm * fRadian);
   const R4 fScale = std::max(h.fdUdSmed, fScaleLeast);
   std::vector<R4> fU;
+  fU.reserve(hPoint.fStnX.size());
   for (std::size_t I = 0; I < hPoint.fStnX.size(); ++I)
     fU.push_back(((hPoint.fStnX[I] - h.fStnX0) * fdUdX + (hPoint.fStnY[I] - h.fStnY0) * fdUdY) / fScale);
   const I4 K = (hPoint.NSL + 1) / 2;
@@ -122,6 +123,8 @@ StepStats Stn_Inc_Stats(I4 NSD, std::span<const R4> fSD, std::span<const R4> fXD
   const std::size_t N = Held_Count(NSD, fSD, fXD, fYD);
   if (N < 2) return hStep;
   std::vector<R4> fStep, fScale;
+  fStep.reserve(N);
+  fScale.reserve(N);
   for (std::size_t I = 0; I + 1 < N; ++I) {
     const R4 fDX = fXD[I + 1] - fXD[I], fDY = fYD[I + 1] - fYD[I];
     const R4 fDS = std::abs(fSD[I + 1] - fSD[I]);

@@ -79,6 +79,7 @@ struct Segments {
 
 Segments Segments_of(const FitRun& h) {
   Segments hSegment;
+  for (std::vector<R4>* f : {&hSegment.fLength, &hSegment.fDX, &hSegment.fDY}) f->reserve(h.ND);
   for (std::size_t I = 0; I + 1 < h.ND; ++I) {
     const R4 fDXi = h.fXS1[I + 1] - h.fXS1[I];
     const R4 fDYi = h.fYS1[I + 1] - h.fYS1[I];
@@ -98,6 +99,8 @@ R4 Robust_Mean(std::span<const R4> fItem) {
 
 /// Points without a finite position say nothing of the line.
 void Take_Points(FitRun& h, std::span<const R4> fXS, std::span<const R4> fYS) {
+  h.fXS1.reserve(fXS.size());
+  h.fYS1.reserve(fXS.size());
   for (std::size_t I = 0; I < fXS.size(); ++I) {
     if (!std::isfinite(fXS[I]) || !std::isfinite(fYS[I])) continue;
     h.fXS1.push_back(fXS[I]);
@@ -361,6 +364,7 @@ void LineFit_Write_Steps() {
 R4 TaperedAlphaMean(I4 ND, std::span<const R4> fDV) {
   const auto fUsed = fDV.first(Held_Count(ND, fDV));
   std::vector<std::uint32_t> iItem;
+  iItem.reserve(fUsed.size());
   for (const R4 f : fUsed) {
     if (!std::isnan(f)) iItem.push_back(Ordered_Bits(f));
   }

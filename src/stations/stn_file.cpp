@@ -1,10 +1,14 @@
 #include "stations/stn_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <deque>
+#include <iterator>
 #include <limits>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -39,20 +43,25 @@ struct StnVariable {
   I4 StationTable::*lGiven = nullptr;  // says of an optional one whether the file gives it
 };
 constexpr StnVariable hVariable[] = {
-    {"STATION", &StnRow::dStn, "Station"},
-    {"EAST", &StnRow::dX, "Easting"},
-    {"NORTH", &StnRow::dY, "Northing"},
-    {"ELEV", &StnRow::fZ, "Elevation"},
-    {"HEADING", &StnRow::fH, nullptr, &StationTable::lStnAzm},
-    {"PITCH", &StnRow::fP, nullptr, &StationTable::lPitch},
-    {"ROLL", &StnRow::fR, nullptr, &StationTable::lRoll},
-    {"LINE", &StnRow::dLine, nullptr, &StationTable::lLine},
-    {"DEPTH", &StnRow::fD, nullptr, &StationTable::lDepth},
-    {"MUXBOX", &StnRow::iMuxBox, nullptr, &StationTable::lMuxBox},
-    {"ELECTRODE", &StnRow::iMuxChn, nullptr, &StationTable::lMuxChn},
+    {"STATION",   &StnRow::dStn,    "Station",   nullptr               },
+    {"EAST",      &StnRow::dX,      "Easting",   nullptr               },
+    {"NORTH",     &StnRow::dY,      "Northing",  nullptr               },
+    {"ELEV",      &StnRow::fZ,      "Elevation", nullptr               },
+    {"HEADING",   &StnRow::fH,      nullptr,     &StationTable::lStnAzm},
+    {"PITCH",     &StnRow::fP,      nullptr,     &StationTable::lPitch },
+    {"ROLL",      &StnRow::fR,      nullptr,     &StationTable::lRoll  },
+    {"LINE",      &StnRow::dLine,   nullptr,     &StationTable::lLine  },
+    {"DEPTH",     &StnRow::fD,      nullptr,     &StationTable::lDepth },
+    {"MUXBOX",    &StnRow::iMuxBox, nullptr,     &StationTable::lMuxBox},
+    {"ELECTRODE", &StnRow::iMuxChn, nullptr,     &StationTable::lMuxChn},
 };
 constexpr std::size_t NVariable = std::size(hVariable);
 constexpr std::size_t NRequired = 4;
+constexpr auto CStnLabel = [] {
+  std::array<std::string_view, NVariable> C;
+  for (std::size_t J = 0; J < NVariable; ++J) C[J] = hVariable[J].CLabel;
+  return C;
+}();
 constexpr I4 iGiven = 2;  // of lGiven: by a column of the file
 
 constexpr I4 NRecordsPerLook = 4096;  // records between looks whether the user wants to stop
@@ -106,14 +115,9 @@ bool Locate(std::string& sStnFile, L4 bAuto) {
 // ---- records
 
 void Take_Labels(StnImport& h, I4 iRecord, std::string_view sRecord) {
-  static constexpr auto CLabel = [] {
-    std::array<std::string_view, NVariable> C;
-    for (std::size_t J = 0; J < NVariable; ++J) C[J] = hVariable[J].CLabel;
-    return C;
-  }();
   ColumnMap hColumn;
   // The report below says what is missing, so the matching itself is silent.
-  static_cast<void>(Str_Column_Labels(sRecord, false, false, CLabel, MStnCol, hColumn));
+  static_cast<void>(Str_Column_Labels(sRecord, false, false, CStnLabel, MStnCol, hColumn));
   h.KCol = hColumn.KCol;
   h.bValidLabels = std::all_of(h.KCol.begin(), h.KCol.begin() + NRequired, [](I4 K) { return K > 0; });
   if (!h.bValidLabels) {
@@ -226,8 +230,9 @@ bool Is_Other_Line(R8 dLine0, R8 dLineK) {
 /// How often the line changes down the file; never fewer than there are lines.
 I4 Count_Lines(const std::deque<StnRow>& hRow) {
   I4 NLine = 1;
-  for (std::size_t I = 1; I < hRow.size(); ++I) {
-    if (Is_Other_Line(hRow[I - 1].dLine, hRow[I].dLine)) ++NLine;
+  R8 dLine0 = hRow.front().dLine;
+  for (const StnRow& h : hRow) {
+    if (Is_Other_Line(std::exchange(dLine0, h.dLine), h.dLine)) ++NLine;
   }
   return NLine;
 }

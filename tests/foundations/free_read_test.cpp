@@ -79,7 +79,7 @@ TEST(FreeRead, ATokenEndsWhereItsTextEnds) {
 /// A decimal of few or many digits, its point anywhere.
 std::string Random_Decimal(std::mt19937& hRandom) {
   std::string sText;
-  for (unsigned K = hRandom() % 17 + 1; K > 0; --K) sText += static_cast<char>('0' + hRandom() % 10);
+  for (auto K = hRandom() % 17 + 1; K > 0; --K) sText += static_cast<char>('0' + hRandom() % 10);
   if (hRandom() % 4 != 0) sText.insert(hRandom() % (sText.size() + 1), ".");
   return hRandom() % 3 == 0 ? "-" + sText : sText;
 }
