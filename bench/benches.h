@@ -37,6 +37,7 @@ Bench Bench_Average_Save, Bench_Average;
 // merge_bench.cpp
 Bench Bench_Merge, Bench_Merge_None;
 Bench Floor_Write, Bench_Write, Bench_Write_Z, Bench_Write_Disk, Bench_Sync;
+Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync, Bench_Write_AMR, Bench_Write_USF, Bench_Write_Sweeps;
 // review_bench.cpp
 Bench Floor_Section_Small, Bench_Section_Small, Floor_Section_Large, Bench_Section_Large, Floor_Nearest, Bench_Nearest,
     Floor_Curve_Small, Bench_Curve_Small, Floor_Curve_Large, Bench_Curve_Large;

@@ -22,6 +22,7 @@ namespace quillan {
 namespace {
 
 constexpr std::string_view sFlagsLost = "Skip flags are set. They will not be in the file.";
+constexpr std::string_view sFlagsMarked = "skipped windows are marked";
 
 /// The first save keeps the file as it was; later saves leave that copy alone. Returns 0; 1 when the copy failed.
 I4 Keep_Backup(const std::string& sDataFile) {
@@ -42,14 +43,17 @@ bool Is_Chosen(I4 (*Write)(std::string_view)) {
   return hOutput[K];
 }
 
-/// Up to the first failure.
+/// Up to the first failure that ends the save. The others have said what they have to say: whoever gives up the name of
+/// a file is not told that it is missing.
 I4 Write_Formats(const std::string& sDataFile, const OutputFormats& hFormats) {
   const BusyWith busy("Writing " + std::string(File_Name(sDataFile)));
   for (std::size_t K = 0; K < NFileFormat; ++K) {
     const FileFormat& h = hFileFormat[K];
     if (!hFormats[K] || h.Write == nullptr) continue;
     const std::string sFile = Output_Name(h, sDataFile);
-    if (const I4 iError = h.Write(sFile); iError != 0) {
+    const I4 iError = h.Write(sFile);
+    if (iError != 0 && !h.bEndsSave) continue;
+    if (iError != 0) {
       if (hSaveState.sFailed.empty()) hSaveState.sFailed = File_Name(sFile);
       return iError;
     }
@@ -85,22 +89,41 @@ bool Any_Flag() {
   return false;
 }
 
+/// The file behind a box, and what becomes of skip flags in it.
+void Put_Note(const FileFormat& h, std::string_view sDataFile, std::string_view sFlags) {
+  std::string sNote(File_Name(Output_Name(h, sDataFile)));
+  if (!sFlags.empty()) sNote.append("  (").append(sFlags).append(")");
+  WDialogPutNote(h.iBox, sNote);
+}
+
 void Put_Formats(std::string_view sDataFile, const OutputFormats& hFormats) {
   for (std::size_t K = 0; K < NFileFormat; ++K) {
     const FileFormat& h = hFileFormat[K];
     if (h.iBox == 0) continue;
-    std::string sNote(File_Name(Output_Name(h, sDataFile)));
-    if (!h.sFlags.empty()) sNote.append("  (").append(h.sFlags).append(")");
     WDialogPutCheckBox(h.iBox, hFormats[K]);
-    WDialogPutNote(h.iBox, sNote);
+    Put_Note(h, sDataFile, h.sFlags);
     WDialogFieldState(h.iBox, h.Write != nullptr ? 1 : 0);
   }
+  WDialogPutCheckBox(iChkUsfSweeps, iUsfLayout == UsfLayout::Sweeps);
+}
+
+bool Is_Ticked(I4 iBox) {
+  return WDialogGetCheckBox(iBox).value_or(false);
+}
+
+/// The layout of sweeps is there for a USF file, and it keeps what the other layout leaves out.
+void Show_Layout(std::string_view sDataFile) {
+  const FileFormat& h = *std::ranges::find(hFileFormat, iChkPutUsf, &FileFormat::iBox);
+  WDialogFieldState(iChkUsfSweeps, Is_Ticked(iChkPutUsf) ? 1 : 0);
+  Put_Note(h, sDataFile, Is_Ticked(iChkUsfSweeps) ? sFlagsMarked : h.sFlags);
 }
 
 void Take_Formats(OutputFormats& hFormats) {
   for (std::size_t K = 0; K < NFileFormat; ++K) {
     if (const I4 iBox = hFileFormat[K].iBox; iBox != 0) hFormats[K] = WDialogGetCheckBox(iBox).value_or(hFormats[K]);
   }
+  const bool bSweeps = WDialogGetCheckBox(iChkUsfSweeps).value_or(iUsfLayout == UsfLayout::Sweeps);
+  iUsfLayout = bSweeps ? UsfLayout::Sweeps : UsfLayout::Soundings;
 }
 
 }  // namespace
@@ -130,12 +153,13 @@ I4 Select_Output_Formats(std::string_view sDataFile, OutputFormats& hFormats) {
   const LoadedDialog form(iDlgSaveTypes);
   Put_Formats(sDataFile, hFormats);
   const bool bAnyFlag = Any_Flag();
-  const auto Show_Loss = [bAnyFlag] {
-    const bool bLost = bAnyFlag && !WDialogGetCheckBox(iChkPutAvg0).value_or(false);
+  const auto Show_Choice = [bAnyFlag, sDataFile] {
+    Show_Layout(sDataFile);
+    const bool bLost = bAnyFlag && !Is_Ticked(iChkPutAvg0);
     WDialogPutString(iLblFlagsLost, bLost ? sFlagsLost : "");
   };
   InqWintError("Select_Output_Formats 1");
-  if (Run_Live_Dialog(Show_Loss) != iBtnContinue) return 1;
+  if (Run_Live_Dialog(Show_Choice) != iBtnContinue) return 1;
   Take_Formats(hFormats);
   return 0;
 }
