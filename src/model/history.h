@@ -29,16 +29,16 @@ namespace quillan {
 inline constexpr std::size_t NHistoryMost = std::size_t{256} << 20U;  // bytes
 
 struct Edit {
-  EditWords hWords;            // which command or gesture, what it changed, where
-  I8 iTime = 0;                // sec since 1970
-  DataChange hBefore, hAfter;  // the same transients and parts on both sides, where both have them
+  EditWords hWords;            // which command or gesture, when, what it changed, where
+  bool bOnlyFlags = false;     // no more than skip flags
+  DataChange hBefore, hAfter;  // the data on both sides of it
 };
 
 /// What became of an edit, for those who record it.
 enum class EditEvent { Kept, Undone, Redone };
 
 // Module state.
-/// Called after each event with its edit and before anything else happens to the data; empty: nobody listens.
+/// Called with each edit when it was kept, undone or redone; empty: nobody listens.
 inline std::function<void(EditEvent, const Edit&)> hOnEdit;
 inline std::size_t NHistoryLimit = NHistoryMost;  // bytes that the edits may hold
 
@@ -61,15 +61,20 @@ void History_Saved();
 const Edit* History_Undo();
 const Edit* History_Redo();
 
-/// Puts a state that was recorded elsewhere into the data and keeps it as an edit. Returns whether it changed anything.
-bool History_Apply(const DataChange& hAfter, std::string_view sEdit);
+/// Puts a state that was recorded elsewhere into the data and keeps it as an edit. Returns false, and changes nothing,
+/// where the state is none of these data.
+[[nodiscard]] bool History_Apply(const DataChange& hAfter, std::string_view sEdit);
+
+/// The transient at which an edit is to be looked at, by a window that shows jFrom to jTo: the first of them that it
+/// changed, else the first that it changed at all and that is there; jFrom where it changed none.
+I4 Edit_Place(const Edit& hEdit, I4 jFrom, I4 jTo);
 
 I4 History_Count();
 I4 History_Position();
 /// Edit K, 1..History_Count().
 const Edit& History_Edit(I4 K);
-/// The words of edits in force that had to go for want of room, oldest first.
-const std::vector<Edit>& History_Gone();
+/// What is left of the edits that had to go for want of room, oldest first.
+const std::vector<EditWords>& History_Gone();
 
 /// Whether the data differ from those last read or saved.
 bool History_Differs_from_File();

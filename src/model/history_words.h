@@ -1,36 +1,57 @@
 // history_words.h: an edit in words, counted from what it changed.
 //
-//   Auto Skip (13 windows in 6 soundings)
-//   Skip window 14, Stn 1400
+//   Auto Skip (13 windows in 6 soundings)      a command or button
 //   Merge Repeats (800 to 400 transients)
 //   Edit Survey Configuration (survey, metadata)
+//   Skip window 14, Stn 1400                   flags by hand
 #pragma once
 
 #include <string>
 #include <string_view>
 
-#include "model/history_image.h"
+#include "model/tmd_data.h"
 
 namespace quillan {
 
 struct EditWords {
-  std::string sEdit;   // "Auto Skip"; of flags by hand "Skip", "Clear"
-  std::string sWhat;   // "13 windows"
-  std::string sWhere;  // "6 soundings", "Stn 1400"; blank where it is not in transients
-  bool bByHand = false;
+  std::string sEdit;     // "Auto Skip"; of flags by hand "Skip" or "Clear"
+  std::string sWhat;     // "13 windows"
+  std::string sWhere;    // "6 soundings", "Stn 1400"; blank where it is not in transients
+  bool bByHand = false;  // flags by hand
+  I8 iTime = 0;          // sec since 1970
 };
 
-/// sEdit: what the command or gesture is called; blank: flags by hand.
-EditWords Edit_Words(std::string_view sEdit, const DataChange& hBefore, const DataChange& hAfter);
+/// What an edit changed, counted one transient or part after the other.
+class EditTally {
+ public:
+  /// A transient that differs.
+  void Count(const Transient& hBefore, const Transient& hAfter);
+  /// A part of the data, or how many transients there are.
+  void Count_Part(std::string_view sName);
+  void Count_Store(I4 NTrnBefore, I4 NTrnAfter);
+
+  /// sEdit: what the command or gesture is called; blank: flags by hand.
+  EditWords Words(std::string_view sEdit) const;
+  /// Whether no more than skip flags has changed, so that a plot keeps its scale.
+  bool Has_Only_Flags() const { return NSounding > 0 && !bMore; }
+
+ private:
+  void Count_Windows(const Transient& hBefore, const Transient& hAfter);
+  std::string What(bool bByHand) const;
+  std::string Where() const;
+
+  I4 NTrnBefore = 0, NTrnAfter = 0;
+  I4 NSounding = 0;               // transients that differ
+  I4 NSkipped = 0, NCleared = 0;  // flags of windows
+  I4 NSkippedTrn = 0;             // flags of whole transients
+  I4 NValue = 0;                  // windows with another value
+  I4 IFlag = 0;                   // the last window flagged
+  R8 dStn = dDummy;               // station of the last transient
+  std::string sParts;             // "survey, metadata"
+  bool bMore = false;             // something other than flags
+};
 
 /// All of it in one line, as above.
 std::string Edit_Name(const EditWords& h);
-
-/// Where the edit was, for a window that shows transients jFrom to jTo: the first of them that it changed, else the
-/// first of all; jFrom where it changed none.
-I4 Edit_Place(const DataChange& hChange, I4 jFrom, I4 jTo);
-
-/// Whether nothing but flags has changed.
-bool Has_Only_Flags(const DataChange& hBefore, const DataChange& hAfter);
 
 }  // namespace quillan

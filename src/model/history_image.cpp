@@ -1,0 +1,233 @@
+#include "model/history_image.h"
+
+#include <algorithm>
+#include <cstring>
+#include <numeric>
+#include <tuple>
+#include <type_traits>
+
+#include "metadata/mdp_data.h"
+#include "model/txw_data.h"
+
+namespace quillan {
+namespace {
+
+static_assert(std::is_trivially_copyable_v<Transient>, "transients are kept as bytes");
+
+/// Every field, so that what lies between them in memory does not count. A field that is missing here does not compile.
+auto Fields(const Transient& h) {
+  const auto& [f1, f2, f3, f4, f5, f6, f7, f8, f9, f10, f11, f12, f13, f14, f15, f16, f17, f18, f19, f20, f21, f22, f23,
+               f24, f25, f26, f27, f28, f29, f30, f31, f32, f33, f34, f35, f36, f37, f38, f39, f40, f41, f42, f43, f44,
+               f45, f46] = h;
+  return std::tie(f1, f2, f3, f4, f5, f6, f7, f8, f9, f10, f11, f12, f13, f14, f15, f16, f17, f18, f19, f20, f21, f22,
+                  f23, f24, f25, f26, f27, f28, f29, f30, f31, f32, f33, f34, f35, f36, f37, f38, f39, f40, f41, f42,
+                  f43, f44, f45, f46);
+}
+
+auto Fields(Survey& h) {
+  auto& [f1, f2, f3, f4, f5, f6, f7, f8, f9, f10, f11, f12, f13, f14, f15, f16, f17, f18, f19, f20, f21, f22, f23, f24,
+         f25, f26, f27, f28, f29] = h;
+  return std::tie(f1, f2, f3, f4, f5, f6, f7, f8, f9, f10, f11, f12, f13, f14, f15, f16, f17, f18, f19, f20, f21, f22,
+                  f23, f24, f25, f26, f27, f28, f29);
+}
+
+// ---- values as bytes
+
+template <class Value>
+std::string_view Bytes_of(const Value& h) {
+  static_assert(std::is_trivially_copyable_v<Value>);
+  return {reinterpret_cast<const char*>(&h), sizeof h};
+}
+
+template <class Value>
+void Append(std::string& sBytes, const Value& h) {
+  sBytes += Bytes_of(h);
+}
+
+/// A text of any length goes with its length.
+void Append(std::string& sBytes, const std::string& sText) {
+  Append(sBytes, sText.size());
+  sBytes += sText;
+}
+
+/// Takes a value from the front of sBytes. False: there are too few.
+template <class Value>
+bool Take(std::string_view& sBytes, Value& h) {
+  static_assert(std::is_trivially_copyable_v<Value>);
+  if (sBytes.size() < sizeof h) return false;
+  std::memcpy(reinterpret_cast<char*>(&h), sBytes.data(), sizeof h);
+  sBytes.remove_prefix(sizeof h);
+  return true;
+}
+
+bool Take(std::string_view& sBytes, std::string& sText) {
+  std::size_t NByte = 0;
+  if (!Take(sBytes, NByte) || sBytes.size() < NByte) return false;
+  sText.assign(sBytes.substr(0, NByte));
+  sBytes.remove_prefix(NByte);
+  return true;
+}
+
+// ---- parts
+
+template <auto& hValue>
+std::string Plain_Bytes() {
+  return std::string(Bytes_of(hValue));
+}
+
+template <auto& hValue>
+bool Put_Plain(std::string_view sBytes) {
+  return sBytes.size() == sizeof hValue && Take(sBytes, hValue);
+}
+
+/// A part that is one record without texts of its own.
+template <auto& hValue>
+constexpr HistoryPart Plain(std::string_view sName) {
+  return {sName, Plain_Bytes<hValue>, Put_Plain<hValue>};
+}
+
+std::string Survey_Bytes() {
+  std::string sBytes;
+  std::apply([&sBytes](const auto&... hField) { (Append(sBytes, hField), ...); }, Fields(hTemSurvey));
+  return sBytes;
+}
+
+bool Put_Survey(std::string_view sBytes) {
+  Survey h;
+  const bool bTaken = std::apply([&sBytes](auto&... hField) { return (Take(sBytes, hField) && ...); }, Fields(h));
+  if (!bTaken || !sBytes.empty()) return false;
+  hTemSurvey = std::move(h);
+  return true;
+}
+
+std::string File_Bytes() {
+  return sAvgFile;
+}
+
+bool Put_File(std::string_view sBytes) {
+  sAvgFile = sBytes;
+  return true;
+}
+
+std::string Loop_Bytes() {
+  std::string sBytes;
+  Append(sBytes, NTxw);
+  Append(sBytes, NTxwError);
+  for (I4 K = 1; K <= hTxw.MLoop(); ++K) Append(sBytes, hTxw(K));
+  return sBytes;
+}
+
+bool Put_Loops(std::string_view sBytes) {
+  const std::size_t NLoopBytes = sBytes.size() - 2 * sizeof(I4);
+  I4 NUsed = 0, NError = 0;
+  if (!Take(sBytes, NUsed) || !Take(sBytes, NError) || NLoopBytes % sizeof(WireLoop) != 0) return false;
+  hTxw.Clear();
+  for (I4 K = 1; !sBytes.empty(); ++K) {
+    hTxw.Add();
+    static_cast<void>(Take(sBytes, hTxw(K)));
+  }
+  NTxw = std::clamp(NUsed, 0, hTxw.MLoop());
+  NTxwError = NError;
+  return true;
+}
+
+constexpr HistoryPart hHistoryPart[] = {
+    {"survey",     Survey_Bytes, Put_Survey},
+    Plain<hAvgKept>("kept lines"),
+    {"file name",  File_Bytes,   Put_File  },
+    {"wire loops", Loop_Bytes,   Put_Loops },
+    Plain<MdJob>("metadata"),
+    Plain<MdSurvey>("metadata"),
+    Plain<MdUnit>("metadata"),
+    Plain<MdGrid>("metadata"),
+    Plain<MdLine>("metadata"),
+    Plain<MdStn>("metadata"),
+    Plain<MdKvr>("metadata"),
+    Plain<MdGps>("metadata"),
+    Plain<MdTx>("metadata"),
+    Plain<MdRx>("metadata"),
+    Plain<MdChn>("metadata"),
+};
+
+// ---- transients
+
+bool Is_Same(const Transient& h1, const Transient& h2) {
+  if (Bytes_of(h1) == Bytes_of(h2)) return true;
+  return std::apply(
+      [&h2](const auto&... hField1) {
+        return std::apply([&](const auto&... hField2) { return ((Bytes_of(hField1) == Bytes_of(hField2)) && ...); },
+                          Fields(h2));
+      },
+      Fields(h1));
+}
+
+/// Eight bytes at a time: a whole store is gone through in a few milliseconds.
+std::uint64_t Mixed(std::uint64_t iPrint, std::string_view sBytes) {
+  constexpr std::uint64_t iFactor = 0x9E3779B97F4A7C15U;
+  for (std::size_t I = 0; I < sBytes.size(); I += sizeof iPrint) {
+    std::uint64_t iWord = 0;
+    std::memcpy(&iWord, sBytes.data() + I, std::min(sizeof iWord, sBytes.size() - I));
+    iPrint = (iPrint ^ iWord) * iFactor;
+    iPrint ^= iPrint >> 29U;
+  }
+  return iPrint;
+}
+
+bool Is_Inside(const DataChange::Run& h) {
+  return h.j >= 1 && h.j <= MTrn && h.iByte0 >= 0 && h.NByte >= 0 &&
+         I8{h.iByte0} + h.NByte <= static_cast<I8>(sizeof(Transient));
+}
+
+}  // namespace
+
+std::span<const HistoryPart> History_Parts() {
+  return hHistoryPart;
+}
+
+std::size_t DataChange::Memory() const {
+  std::size_t NByte = hRun.capacity() * sizeof(Run) + sRun.capacity() + hPart.capacity() * sizeof(Part);
+  for (const Part& h : hPart) NByte += h.sBytes.capacity();
+  return NByte;
+}
+
+DataChange::Run Differing_Bytes(I4 j, const Transient& h1, const Transient& h2) {
+  if (Is_Same(h1, h2)) return {j, 0, 0};
+  const std::string_view s1 = Bytes_of(h1), s2 = Bytes_of(h2);
+  const auto iFirst = std::mismatch(s1.begin(), s1.end(), s2.begin()).first - s1.begin();
+  const auto NSameAtEnd = std::mismatch(s1.rbegin(), s1.rend(), s2.rbegin()).first - s1.rbegin();
+  return {j, static_cast<I4>(iFirst), static_cast<I4>(static_cast<std::ptrdiff_t>(s1.size()) - NSameAtEnd - iFirst)};
+}
+
+void Add_Run(DataChange& hChange, const DataChange::Run& hRun, const Transient& h) {
+  hChange.hRun.push_back(hRun);
+  hChange.sRun += Bytes_of(h).substr(static_cast<std::size_t>(hRun.iByte0), static_cast<std::size_t>(hRun.NByte));
+}
+
+bool Fits(const DataChange& hChange) {
+  const I8 NByte = std::accumulate(hChange.hRun.begin(), hChange.hRun.end(), I8{0},
+                                   [](I8 N, const DataChange::Run& h) { return N + h.NByte; });
+  constexpr auto NPart = static_cast<I4>(std::size(hHistoryPart));
+  return hChange.NTrn >= 0 && hChange.NTrn <= MTrn && std::ranges::all_of(hChange.hRun, Is_Inside) &&
+         NByte == static_cast<I8>(hChange.sRun.size()) &&
+         std::ranges::all_of(hChange.hPart, [](const DataChange::Part& h) { return h.K >= 1 && h.K <= NPart; });
+}
+
+void Put_Transients(const DataChange& hChange, Transient* hTarget) {
+  const char* hBytes = hChange.sRun.data();
+  for (const DataChange::Run& h : hChange.hRun) {
+    std::memcpy(reinterpret_cast<char*>(hTarget + (h.j - 1)) + h.iByte0, hBytes, static_cast<std::size_t>(h.NByte));
+    hBytes += h.NByte;
+  }
+}
+
+void Put_Parts(const DataChange& hChange) {
+  for (const DataChange::Part& h : hChange.hPart) static_cast<void>(hHistoryPart[h.K - 1].Put(h.sBytes));
+}
+
+std::uint64_t Fingerprint(const Transient& h) {
+  std::uint64_t iPrint = 0;
+  std::apply([&iPrint](const auto&... hField) { ((iPrint = Mixed(iPrint, Bytes_of(hField))), ...); }, Fields(h));
+  return iPrint;
+}
+
+}  // namespace quillan
