@@ -1,6 +1,7 @@
 #include "shell/command_table.h"
 
 #include "commands/auto_skip_command.h"
+#include "commands/history_commands.h"
 #include "commands/moving_average_command.h"
 #include "commands/open_file.h"
 #include "commands/review_data.h"
@@ -40,6 +41,11 @@ constexpr Command hCommand[] = {
     {0, iCmdMerge,          true,  true,   nullptr,         "Merge Data", "",
                           "Merge transient data flagged by fractional stn #s."},
     {0, iCmdReview,         true,  true,   Review_Data,     "&Review Data", "", "Review transients by sounding."},
+    {0, 0,                  false, false,  nullptr,         "&History", "", ""},
+    {1, iCmdUndo,           true,  false,  Undo_Command,    "&Undo", sUndoKeys, sUndoTip},
+    {1, iCmdRedo,           true,  false,  Redo_Command,    "&Redo", sRedoKeys, sRedoTip},
+    {1, iCmdEditList,       true,  false,  Edit_List,       sListText, "",
+                          "What was done to the data; go to an earlier state; write the list to a file."},
     {0, iCmdExit,           false, false,  Exit_Program,    "E&xit", "", "Exit program."},
 };
 // clang-format on

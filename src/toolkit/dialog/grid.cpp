@@ -213,6 +213,20 @@ void WGridPutMenu(I4 iGrid, I4 iColumn, std::span<const std::string> sEntry, std
   }
 }
 
+void WGridSelectRow(I4 iGrid, I4 iRow) {
+  GridTable* hGrid = Find_Grid(iGrid);
+  if (!hGrid) return;
+  if (iRow > hGrid->rowCount()) return Set_Error(iErrBadArgument);
+  const QSignalBlocker hQuiet(hGrid);
+  hGrid->setCurrentCell(iRow - 1, 0);
+  if (iRow >= 1) hGrid->scrollToItem(hGrid->item(iRow - 1, 0));
+}
+
+I4 WGridSelectedRow(I4 iGrid) {
+  const GridTable* hGrid = Find_Grid(iGrid);
+  return hGrid ? hGrid->currentRow() + 1 : 0;
+}
+
 std::vector<std::optional<R4>> WGridGetReal(I4 iGrid, I4 iColumn) {
   std::vector<std::optional<R4>> fValue;
   GridTable* hGrid = Find_Column(iGrid, iColumn);

@@ -24,6 +24,10 @@ void WGridPutString(I4 iGrid, I4 iColumn, std::span<const std::string> sText);
 void WGridPutReal(I4 iGrid, I4 iColumn, std::span<const R4> fValue, const EditForm& form);
 void WGridPutMenu(I4 iGrid, I4 iColumn, std::span<const std::string> sEntry, std::span<const I4> iSelect);
 
+/// A table whose rows are chosen as a whole: which one is, from 1; 0: none.
+void WGridSelectRow(I4 iGrid, I4 iRow);
+[[nodiscard]] I4 WGridSelectedRow(I4 iGrid);
+
 /// The cells of a column from the first row on; nothing where one is empty or bad.
 [[nodiscard]] std::vector<std::optional<R4>> WGridGetReal(I4 iGrid, I4 iColumn);
 /// The entries chosen, counted from 1; 0 where none is.

@@ -78,6 +78,13 @@ std::string Choose_Entry(QComboBox* hDropDown, I4 iEntry) {
   return "";
 }
 
+std::string Choose_Row(QTableWidget* hGrid, I4 iRow) {
+  if (iRow < 1 || iRow > hGrid->rowCount()) return "the table has " + std::to_string(hGrid->rowCount()) + " rows";
+  Take_Focus(hGrid);
+  hGrid->setCurrentCell(iRow - 1, 0);
+  return "";
+}
+
 std::string Edit_Cell(QTableWidget* hGrid, I4 iRow, I4 iColumn, std::string_view sValue) {
   QTableWidgetItem* hItem = hGrid->item(iRow - 1, iColumn - 1);
   if (!hItem || !(hItem->flags() & Qt::ItemIsEditable)) return "the cell cannot be edited";
@@ -147,6 +154,8 @@ std::string Play_Radio(Arguments sArgument) {
 
 std::string Play_Choose(Arguments sArgument) {
   std::string sReason;
+  if (auto* hGrid = Usable<QTableWidget>(sArgument, "table", sReason)) return Choose_Row(hGrid, Whole(sArgument[1]));
+  sReason.clear();
   auto* hDropDown = Usable<QComboBox>(sArgument, "drop-down", sReason);
   return hDropDown ? Choose_Entry(hDropDown, Whole(sArgument[1])) : sReason;
 }

@@ -27,7 +27,8 @@ QStringList Shown_Texts() {
   if (Open_Box()) sShown << Open_Box()->text() << Open_Box()->windowTitle();
   if (Open_File_Dialog()) sShown << Open_File_Dialog()->windowTitle();
   if (Current_Dialog()) sShown << Current_Dialog()->windowTitle();
-  if (Main_Window()) sShown << Main_Window()->windowTitle();
+  if (Main_Window())
+    sShown << Main_Window()->windowTitle().replace("[*]", Main_Window()->isWindowModified() ? "*" : "");
   if (const auto* hBar = Main_Window() ? Main_Window()->findChild<QStatusBar*>() : nullptr) {
     for (const QLabel* hPart : hBar->findChildren<QLabel*>()) sShown << hPart->text();
   }
