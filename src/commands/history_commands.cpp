@@ -53,8 +53,10 @@ void Complete_Data() {
   static_cast<void>(TMD_Trns_Set_iTWCfg());
   Group_Sections();
   iZPositive = Z_Positive(hTemSurvey);  // or the next look at the configuration would turn the receivers round
-  hSession.sFileName = File_Name(sAvgFile);
-  Session_Title();
+  if (hSession.sFileName != File_Name(sAvgFile)) {
+    hSession.sFileName = File_Name(sAvgFile);
+    Session_Title();
+  }
   History_Follow();
 }
 

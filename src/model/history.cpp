@@ -16,13 +16,14 @@ constexpr I4 iNowhere = -1;  // no position has the data of the file
 
 // What is kept. History_Begin restores it.
 struct History {
-  std::vector<Transient> hTrn;     // the shadow: the data as the last edit left them
-  std::vector<std::string> sPart;  // the same, by row of History_Parts
-  std::deque<Edit> hEdit;          // oldest first
-  std::vector<EditWords> hGone;    // the words of edits that had to go
-  I4 iPosition = 0;                // edits in force
-  I4 iSaved = 0;                   // position at which the data are those of the file
-  std::size_t NByte = 0;           // that the edits hold
+  std::vector<Transient> hTrn;  // the shadow: the data as the last edit left them
+  std::vector<std::string> sPart =
+      std::vector<std::string>(History_Parts().size());  // the same, by row of History_Parts
+  std::deque<Edit> hEdit;                                // oldest first
+  std::vector<EditWords> hGone;                          // the words of edits that had to go
+  I4 iPosition = 0;                                      // edits in force
+  I4 iSaved = 0;                                         // position at which the data are those of the file
+  std::size_t NByte = 0;                                 // that the edits hold
 };
 History hHistory;
 

@@ -39,10 +39,10 @@ struct DataChange {
     std::string sBytes;
   };
 
-  I4 NTrn = 0;              // transients in use
-  std::vector<Run> hRun;    // rising j
-  std::string sRun;         // the bytes of the runs, one after the other
-  std::vector<Part> hPart;  // rising K
+  I4 NTrn = 0;                // transients in use
+  std::vector<Run> hRun{};    // rising j
+  std::string sRun{};         // the bytes of the runs, one after the other
+  std::vector<Part> hPart{};  // rising K
 
   /// Bytes that it holds.
   std::size_t Memory() const;
