@@ -49,7 +49,7 @@ void Add_Transients(Difference& h) {
     if (hRun.NByte == 0) continue;
     Add_Run(h.hBefore, hRun, hBefore);
     Add_Run(h.hAfter, hRun, hTrn(j));
-    h.hTally.Count(hBefore, hTrn(j));
+    h.hTally.Count(hBefore, hTrn(j), Is_in_Flags(hRun));
   }
   for (I4 j = NBoth + 1; j <= h.hBefore.NTrn; ++j)
     Add_Run(h.hBefore, {j, 0, NWhole}, hHistory.hTrn[static_cast<std::size_t>(j - 1)]);
@@ -96,7 +96,8 @@ void Shadow_All() {
 // ---- the list of edits
 
 std::size_t Memory(const Edit& h) {
-  return sizeof h + h.hBefore.Memory() + h.hAfter.Memory();
+  const std::size_t NWords = h.hWords.sEdit.capacity() + h.hWords.sWhat.capacity() + h.hWords.sWhere.capacity();
+  return sizeof h + NWords + h.hBefore.Memory() + h.hAfter.Memory();
 }
 
 void Drop_Undone() {

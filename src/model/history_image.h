@@ -51,6 +51,9 @@ struct DataChange {
 /// The bytes of a transient that tell two of one place apart; NByte is 0 where every field is the same.
 DataChange::Run Differing_Bytes(I4 j, const Transient& h1, const Transient& h2);
 
+/// Whether no more differs than flags of windows.
+bool Is_in_Flags(const DataChange::Run& hRun);
+
 /// Adds the bytes of a run, taken from h.
 void Add_Run(DataChange& hChange, const DataChange::Run& hRun, const Transient& h);
 
