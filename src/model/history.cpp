@@ -141,7 +141,7 @@ void Tell(EditEvent iEvent, const Edit& h) {
 void Put(const DataChange& hChange) {
   NTrn = hChange.NTrn;
   Put_Transients(hChange, hTrn.data());
-  Put_Parts(hChange);
+  static_cast<void>(Put_Parts(hChange));  // their bytes are the program's own
   Shadow_Change(hChange);
 }
 
@@ -196,9 +196,12 @@ const Edit* History_Redo() {
 
 bool History_Apply(const DataChange& hAfter, std::string_view sEdit) {
   if (!Fits(hAfter)) return false;
+  if (!Put_Parts(hAfter)) {
+    History_Put_Back();
+    return false;
+  }
   NTrn = hAfter.NTrn;
   Put_Transients(hAfter, hTrn.data());
-  Put_Parts(hAfter);
   static_cast<void>(History_Keep(sEdit));
   return true;
 }

@@ -236,8 +236,9 @@ void Put_Transients(const DataChange& hChange, Transient* hTarget) {
   }
 }
 
-void Put_Parts(const DataChange& hChange) {
-  for (const DataChange::Part& h : hChange.hPart) static_cast<void>(hHistoryPart[h.K - 1].Put(h.sBytes));
+bool Put_Parts(const DataChange& hChange) {
+  return std::ranges::all_of(hChange.hPart,
+                             [](const DataChange::Part& h) { return hHistoryPart[h.K - 1].Put(h.sBytes); });
 }
 
 std::uint64_t Fingerprint(const Transient& h) {

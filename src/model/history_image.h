@@ -57,12 +57,13 @@ bool Is_in_Flags(const DataChange::Run& hRun);
 /// Adds the bytes of a run, taken from h.
 void Add_Run(DataChange& hChange, const DataChange::Run& hRun, const Transient& h);
 
-/// Whether a change from elsewhere fits the store and the parts.
+/// Whether a change from elsewhere fits the store and the table of parts.
 bool Fits(const DataChange& hChange);
 
-/// Puts the transients of a change that fits into hTarget, whose element 0 is transient 1; and its parts into the data.
+/// Puts the transients of a change that fits into hTarget, whose element 0 is transient 1.
 void Put_Transients(const DataChange& hChange, Transient* hTarget);
-void Put_Parts(const DataChange& hChange);
+/// Puts its parts into the data. False: the bytes of a part are none that it ever gave; the parts before it are put.
+bool Put_Parts(const DataChange& hChange);
 
 /// A number that differs where a field does.
 std::uint64_t Fingerprint(const Transient& h);

@@ -129,7 +129,8 @@ TEST(History, WhatOneProgramRecordedAnotherOneTakesUp) {
       {.NTrn = 1, .hRun = {{1, 0, 4}}, .sRun = "abc"},
       {.NTrn = 1, .hRun = {{MTrn + 1, 0, 1}}, .sRun = "a"},
       {.NTrn = 1, .hRun = {{1, static_cast<I4>(sizeof(Transient)), 1}}, .sRun = "a"},
-      {.NTrn = 1, .hPart = {{99, "a"}}}
+      {.NTrn = 1, .hPart = {{99, "a"}}},
+      {.NTrn = 1, .hPart = {{3, "other.avg"}, {4, "a"}}}
   };
   for (const DataChange& h : hBad) EXPECT_FALSE(History_Apply(h, "Edit"));
   EXPECT_EQ(Saved_Text(), sText);
