@@ -4,8 +4,8 @@
 
 #include "commands/read_stations.h"
 #include "foundations/file_util.h"
+#include "model/stn_data.h"
 #include "model/tmd_data.h"
-#include "stations/stn_data.h"
 #include "stations/stn_lookup.h"
 
 namespace quillan {

@@ -1,6 +1,7 @@
 #include "commands/open_file.h"
 
 #include "base/program.h"
+#include "commands/history_commands.h"
 #include "commands/open_survey.h"
 #include "commands/save_survey.h"
 #include "commands/session.h"
@@ -37,6 +38,7 @@ I4 Read_Chosen_File(const std::string& sFile) {
               hSession.sFileName);
   const I4 iError = TEM_Read_Data(sAvgFile);
   hSession.bUpdateAVG = false;
+  Begin_History();
   Show_No_Data();
   return iError;
 }
@@ -61,6 +63,7 @@ I4 Open_File() {
   if (!sFile.empty()) return Read_Chosen_File(sFile);
   NTrn = 0;  // no file, no data: what the window shows is what is in the store
   hSession.bUpdateAVG = false;
+  Begin_History();
   Show_No_Data();
   return 1;
 }

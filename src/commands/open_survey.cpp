@@ -9,12 +9,12 @@
 #include "foundations/log_file.h"
 #include "metadata/mdp_data.h"
 #include "model/derived.h"
+#include "model/stn_data.h"
 #include "model/tmd_data.h"
 #include "processing/b_field.h"
 #include "processing/moving_average.h"
 #include "processing/sort_data.h"
 #include "review/qcs_sections.h"
-#include "stations/stn_data.h"
 
 namespace quillan {
 namespace {

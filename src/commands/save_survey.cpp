@@ -5,6 +5,7 @@
 #include <new>
 
 #include "commands/busy_with.h"
+#include "commands/history_commands.h"
 #include "commands/live_dialog.h"
 #include "commands/session.h"
 #include "files/mde_file.h"
@@ -136,11 +137,13 @@ I4 TEM_Write_Data(std::string_view sFile) {
   try {
     const I4 iError = Save_All(std::string(Trimmed(sFile)));
     Show_Outcome();
+    End_of_Save(!hSaveState.sSaved.empty() && hSaveState.sFailed.empty());
     return iError;
   } catch (const std::bad_alloc&) {
     hSession.bUpdateAVG = true;
     hSaveState.sFailed = "out of memory";
     Show_Outcome();
+    End_of_Save(false);
     throw;
   }
 }

@@ -126,8 +126,8 @@ constexpr Gesture<CurveView> hGesture[] = {
     {0,               'P',       Previous    },
     {0,               iKeyUp,    Previous    },
     {0,               iKeyLeft,  Previous    },
-    {iBtnSkipAll,     0,         Skip_All    },
-    {iBtnClearAll,    0,         Clear_All   },
+    {iBtnSkipAll,     0,         Skip_All,     {}, "Skip All"},
+    {iBtnClearAll,    0,         Clear_All,    {}, "Clear All"},
     {iBtnZoomIn,      0,         Zoom_In     },
     {iBtnZoomAll,     0,         Zoom_All    },
     {iBtnViewSection, 0,         View_Section},
@@ -170,6 +170,17 @@ void On_Close(CurveView&) {
   Stop_Program();
 }
 
+TransientRange Shown(const CurveView& h) {
+  return {h.iTrn, h.iTrn};
+}
+
+/// Flags alone leave the curve where it was, zoom included.
+void Go_To(CurveView& h, const TakenBack& hBack) {
+  h.iTrn = hBack.iTrn;
+  if (!hBack.bOnlyFlags) h.iTrn0 = 0;
+  if (hBack.bRegrouped) h.iFlag = iFlagCurve;  // the tool window counts anew
+}
+
 }  // namespace
 
 void QCC_Review_Initialize() {
@@ -181,7 +192,7 @@ ReviewEnd QCC_Review(I4 iTrn) {
   CurveView hView;
   hView.iTrn = std::clamp(iTrn, 1, NTrn);
   const ToolWindow hTool(iDlgReviewCurve, iTrkCurve, iLblCurveCount, NTrn, Tool_Trackbar_Step(NTrn));
-  Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
+  Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close, true, Shown, Go_To});
   return {hView.iFlag, 0, hView.iTrn};
 }
 

@@ -247,9 +247,9 @@ constexpr Gesture<SectionView> hGesture[] = {
     {iBtnZoomAll,       0,         Zoom_All,      {0, iCmdZoomAll,       "Zoom All",
         "Return to default plot extent.", ""}},
     {iBtnFlipTransient, 0,         Flip_Stations, {0, iCmdFlipTransient, "Flip Transient",
-        "Reverse transient polarity.", ""}},
+        "Reverse transient polarity.", ""}, "Flip Transient"},
     {iBtnFlipAll,       0,         Flip_All,      {0, iCmdFlipAll,       "Flip All",
-        "Reverse polarity of all transients.", ""}},
+        "Reverse polarity of all transients.", ""}, "Flip All"},
     {iBtnViewCurve,     0,         View_Curve,    {0, iCmdViewCurve,     "View Curve",
         "Show TEM transient plot.", ""}},
     {0,                 0,         nullptr,       {0, 0,                 "Export Plot", "", ""}},
@@ -261,6 +261,9 @@ constexpr Gesture<SectionView> hGesture[] = {
         "Export profile data to a CSV file", ""}},
     {iBtnSaveData,      0,         Leave_to_Save, {0, iCmdSaveData,      "Save Data",
         "Save data in updated avg file or other data file formats.", "Ctrl+S"}},
+    {0,                 0,         nullptr,       {0, 0,                 "History", "", ""}},
+    {0,                 0,         nullptr,       {1, iCmdUndo,          "Undo", sUndoTip, sUndoKeys}},
+    {0,                 0,         nullptr,       {1, iCmdRedo,          "Redo", sRedoTip, sRedoKeys}},
     {iBtnExitReview,    0,         Leave,         {0, iCmdExit,          "Exit Review",
         "Exit data review without saving changes.", ""}},
     {0,                 'N',       Next},
@@ -291,6 +294,18 @@ void On_Close(SectionView& hView) {
   hView.iError = iErrorClosed;
 }
 
+TransientRange Shown(const SectionView& hView) {
+  return {hSection(hView.iSection).iTrnBeg, hSection(hView.iSection).iTrnEnd};
+}
+
+/// Flags alone leave the section where it was, zoom included.
+void Go_To(SectionView& hView, const TakenBack& hBack) {
+  hView.iTrn = hBack.iTrn;
+  hView.iSection = std::clamp(hTrn(hBack.iTrn).iSection, 1, NSection);
+  if (!hBack.bOnlyFlags) hView.bInitialize = true;
+  if (hBack.bRegrouped) hView.iFlag = iFlagSection;  // the tool window counts anew
+}
+
 }  // namespace
 
 ReviewEnd QCS_Review(I4 iTrn) {
@@ -302,7 +317,7 @@ ReviewEnd QCS_Review(I4 iTrn) {
   WMenu(iMenuSection);
   {
     const ToolWindow hTool(iDlgReviewSection, iTrkSection, iLblSectionCount, NSection, iSectionStep);
-    Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
+    Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close, true, Shown, Go_To});
   }
   WMenu(iNoMenu);
   return {hView.iFlag, hView.iError, hView.iTrn};

@@ -2,6 +2,7 @@
 
 #include "commands/auto_skip_command.h"
 #include "commands/average_repeats.h"
+#include "commands/history_commands.h"
 #include "commands/merge_data.h"
 #include "commands/moving_average_command.h"
 #include "commands/open_file.h"
@@ -43,6 +44,11 @@ constexpr Command hCommand[] = {
     {0, iCmdMerge,          true,  true,   MergeChn,        "Merge Data", "",
                           "Merge transient data flagged by fractional stn #s."},
     {0, iCmdReview,         true,  true,   Review_Data,     "&Review Data", "", "Review transients by sounding."},
+    {0, 0,                  false, false,  nullptr,         "&History", "", ""},
+    {1, iCmdUndo,           false, false,  Undo_Command,    "&Undo", sUndoKeys, sUndoTip},
+    {1, iCmdRedo,           false, false,  Redo_Command,    "&Redo", sRedoKeys, sRedoTip},
+    {1, iCmdEditList,       false, false,  Edit_List,       sListText, "",
+                          "What was done to the data; go to an earlier state; write the list to a file."},
     {0, iCmdExit,           false, false,  Exit_Program,    "E&xit", "", "Exit program."},
 };
 // clang-format on

@@ -4,7 +4,7 @@
 #include <span>
 
 #include "base/types.h"
-#include "stations/stn_data.h"
+#include "model/stn_data.h"
 
 namespace quillan {
 

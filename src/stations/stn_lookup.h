@@ -7,7 +7,7 @@
 
 #include "base/array.h"
 #include "base/types.h"
-#include "stations/stn_data.h"
+#include "model/stn_data.h"
 
 namespace quillan {
 

@@ -70,6 +70,13 @@ std::string Switch(Arguments sArgument, const char* sKind, bool bOn) {
   return "";
 }
 
+std::string Choose_Row(QTableWidget* hGrid, I4 iRow) {
+  if (iRow < 1 || iRow > hGrid->rowCount()) return "the table has " + std::to_string(hGrid->rowCount()) + " rows";
+  Take_Focus(hGrid);
+  hGrid->setCurrentCell(iRow - 1, 0);
+  return "";
+}
+
 std::string Choose_Entry(QComboBox* hDropDown, I4 iEntry) {
   if (iEntry < 1 || iEntry > hDropDown->count())
     return "the drop-down has " + std::to_string(hDropDown->count()) + " entries";
@@ -166,6 +173,8 @@ std::string Play_Radio(Arguments sArgument) {
 
 std::string Play_Choose(Arguments sArgument) {
   std::string sReason;
+  if (auto* hGrid = Usable<QTableWidget>(sArgument, "table", sReason)) return Choose_Row(hGrid, Whole(sArgument[1]));
+  sReason.clear();
   auto* hDropDown = Usable<QComboBox>(sArgument, "drop-down", sReason);
   return hDropDown ? Choose_Entry(hDropDown, Whole(sArgument[1])) : sReason;
 }

@@ -92,7 +92,7 @@ bool Takes_Shortcut(const KeyStroke& hKey) {
   const auto hEntries = hBar->findChildren<QAction*>();
   for (QAction* hEntry : hEntries) {
     const bool bMarked = hBar->actions().contains(hEntry) && QKeySequence::mnemonic(hEntry->text()) == hSequence;
-    if (!hEntry->isEnabled() || (hEntry->shortcut() != hSequence && !bMarked)) continue;
+    if (!hEntry->isEnabled() || (!hEntry->shortcuts().contains(hSequence) && !bMarked)) continue;
     if (hEntry->menu())
       hBar->setActiveAction(hEntry);
     else

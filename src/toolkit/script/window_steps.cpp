@@ -28,7 +28,7 @@ QStringList Shown_Texts() {
   if (Open_File_Dialog()) sShown << Open_File_Dialog()->windowTitle();
   if (Current_Dialog()) sShown << Current_Dialog()->windowTitle();
   if (const QMainWindow* hWindow = Active_Window()) {
-    sShown << hWindow->windowTitle();
+    sShown << hWindow->windowTitle().replace("[*]", hWindow->isWindowModified() ? "*" : "");
     const auto* hBar = hWindow->findChild<QStatusBar*>(QString(), Qt::FindDirectChildrenOnly);
     const auto hParts = hBar ? hBar->findChildren<QLabel*>() : QList<QLabel*>();
     for (const QLabel* hPart : hParts) sShown << hPart->text();

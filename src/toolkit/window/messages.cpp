@@ -83,11 +83,18 @@ constexpr struct {
     {Qt::Key_Right,  iKeyRight},
 };
 
+/// Keys that act with Ctrl where there is no menu to take them; 0 for others.
+I4 Ctrl_Key(const QKeyEvent& hEvent) {
+  if (hEvent.key() == Qt::Key_Z) return hEvent.modifiers() & Qt::ShiftModifier ? iKeyRedo : iKeyUndo;
+  return hEvent.key() == Qt::Key_Y ? iKeyRedo : 0;
+}
+
 /// The character or the code of a key; 0 for keys that mean nothing to the program.
 I4 Key_Code(const QKeyEvent& hEvent) {
   for (const auto& hRow : hNamedKey) {
     if (hEvent.key() == hRow.iQtKey) return hRow.iKey;
   }
+  if ((hEvent.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier) return Ctrl_Key(hEvent);
   if (hEvent.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return 0;
   const auto hCharacter = hEvent.text().toUcs4();
   return hCharacter.isEmpty() || !QChar::isPrint(hCharacter[0]) ? 0 : static_cast<I4>(hCharacter[0]);

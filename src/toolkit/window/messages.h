@@ -33,6 +33,8 @@ enum class MessageType : I4 {
 inline constexpr I4 iKeyEsc = 27;
 inline constexpr I4 iKeyEnter = 13;
 inline constexpr I4 iKeyTab = 9;
+inline constexpr I4 iKeyUndo = 26;  // Ctrl+Z
+inline constexpr I4 iKeyRedo = 25;  // Ctrl+Y, Ctrl+Shift+Z
 inline constexpr I4 iKeyUp = 258;
 inline constexpr I4 iKeyDown = 259;
 inline constexpr I4 iKeyRight = 260;

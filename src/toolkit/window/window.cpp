@@ -323,7 +323,15 @@ void WindowClose() {
 
 void WindowTitle(std::string_view sTitle) {
   if (!hOpen.hMain) return Set_Error(iErrNoWindow);
-  hOpen.hMain->setWindowTitle(To_QString(sTitle));
+  hOpen.hMain->setWindowTitle(To_QString(sTitle) + "[*]");  // where the window system puts its mark
+}
+
+void WindowModified(bool bModified) {
+  if (!hOpen.hMain) return Set_Error(iErrNoWindow);
+  hOpen.hMain->setWindowModified(bModified);
+  if (!hOpen.hPart[0]) return;
+  hOpen.hPart[0]->setText(bModified ? QString(QChar(0x25CF)) : QString());
+  hOpen.hPart[0]->setToolTip(bModified ? "The data differ from those of the file." : "");
 }
 
 void WindowStatusBarParts(I4 NWidth1) {

@@ -30,6 +30,8 @@ void WindowOpenChild2(I4 NXP, I4 NYP, std::string_view sTitle);
 void WindowCloseChild();
 
 void WindowTitle(std::string_view sTitle);
+/// Whether what is open differs from its file: a star at the end of the title, and a dot in part 1 of the status bar.
+void WindowModified(bool bModified);
 
 /// Three parts in the status bar: the first NWidth1 pixels wide, the third at the right end as wide as its text, the
 /// second takes the rest.

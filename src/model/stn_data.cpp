@@ -1,4 +1,4 @@
-#include "stations/stn_data.h"
+#include "model/stn_data.h"
 
 #include <algorithm>
 #include <cmath>

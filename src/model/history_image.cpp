@@ -1,0 +1,308 @@
+#include "model/history_image.h"
+
+#include <algorithm>
+#include <cstring>
+#include <numeric>
+#include <tuple>
+#include <type_traits>
+
+#include "metadata/mdp_data.h"
+#include "model/stn_data.h"
+#include "model/txw_data.h"
+
+namespace quillan {
+namespace {
+
+static_assert(std::is_trivially_copyable_v<Transient>, "transients are kept as bytes");
+
+/// Every field, so that what lies between them in memory does not count. A field that is missing here does not compile.
+auto Fields(const Transient& h) {
+  const auto& [f1, f2, f3, f4, f5, f6, f7, f8, f9, f10, f11, f12, f13, f14, f15, f16, f17, f18, f19, f20, f21, f22, f23,
+               f24, f25, f26, f27, f28, f29, f30, f31, f32, f33, f34, f35, f36, f37, f38, f39, f40, f41, f42, f43, f44,
+               f45, f46] = h;
+  return std::tie(f1, f2, f3, f4, f5, f6, f7, f8, f9, f10, f11, f12, f13, f14, f15, f16, f17, f18, f19, f20, f21, f22,
+                  f23, f24, f25, f26, f27, f28, f29, f30, f31, f32, f33, f34, f35, f36, f37, f38, f39, f40, f41, f42,
+                  f43, f44, f45, f46);
+}
+
+auto Fields(Survey& h) {
+  auto& [f1, f2, f3, f4, f5, f6, f7, f8, f9, f10, f11, f12, f13, f14, f15, f16, f17, f18, f19, f20, f21, f22, f23, f24,
+         f25, f26, f27, f28, f29] = h;
+  return std::tie(f1, f2, f3, f4, f5, f6, f7, f8, f9, f10, f11, f12, f13, f14, f15, f16, f17, f18, f19, f20, f21, f22,
+                  f23, f24, f25, f26, f27, f28, f29);
+}
+
+// ---- values as bytes
+
+template <class Value>
+std::string_view Bytes_of(const Value& h) {
+  static_assert(std::is_trivially_copyable_v<Value>);
+  return {reinterpret_cast<const char*>(&h), sizeof h};
+}
+
+template <class Value>
+void Append(std::string& sBytes, const Value& h) {
+  sBytes += Bytes_of(h);
+}
+
+/// A text of any length goes with its length.
+void Append(std::string& sBytes, const std::string& sText) {
+  Append(sBytes, sText.size());
+  sBytes += sText;
+}
+
+/// Takes a value from the front of sBytes. False: there are too few.
+template <class Value>
+bool Take(std::string_view& sBytes, Value& h) {
+  static_assert(std::is_trivially_copyable_v<Value>);
+  if (sBytes.size() < sizeof h) return false;
+  std::memcpy(reinterpret_cast<char*>(&h), sBytes.data(), sizeof h);
+  sBytes.remove_prefix(sizeof h);
+  return true;
+}
+
+bool Take(std::string_view& sBytes, std::string& sText) {
+  std::size_t NByte = 0;
+  if (!Take(sBytes, NByte) || sBytes.size() < NByte) return false;
+  sText.assign(sBytes.substr(0, NByte));
+  sBytes.remove_prefix(NByte);
+  return true;
+}
+
+// ---- parts
+
+template <auto& hValue>
+std::string Plain_Bytes() {
+  return std::string(Bytes_of(hValue));
+}
+
+template <auto& hValue>
+bool Put_Plain(std::string_view sBytes) {
+  return sBytes.size() == sizeof hValue && Take(sBytes, hValue);
+}
+
+/// A part that is one record without texts of its own.
+template <auto& hValue>
+constexpr HistoryPart Plain(std::string_view sName) {
+  return {sName, Plain_Bytes<hValue>, Put_Plain<hValue>};
+}
+
+std::string Survey_Bytes() {
+  std::string sBytes;
+  std::apply([&sBytes](const auto&... hField) { (Append(sBytes, hField), ...); }, Fields(hTemSurvey));
+  return sBytes;
+}
+
+bool Put_Survey(std::string_view sBytes) {
+  Survey h;
+  const bool bTaken = std::apply([&sBytes](auto&... hField) { return (Take(sBytes, hField) && ...); }, Fields(h));
+  if (!bTaken || !sBytes.empty()) return false;
+  hTemSurvey = std::move(h);
+  return true;
+}
+
+std::string File_Bytes() {
+  return sAvgFile;
+}
+
+bool Put_File(std::string_view sBytes) {
+  sAvgFile = sBytes;
+  return true;
+}
+
+std::string Loop_Bytes() {
+  std::string sBytes;
+  Append(sBytes, NTxw);
+  Append(sBytes, NTxwError);
+  for (I4 K = 1; K <= hTxw.MLoop(); ++K) Append(sBytes, hTxw(K));
+  return sBytes;
+}
+
+bool Put_Loops(std::string_view sBytes) {
+  I4 NUsed = 0, NError = 0;
+  if (!Take(sBytes, NUsed) || !Take(sBytes, NError) || sBytes.size() % sizeof(WireLoop) != 0) return false;
+  hTxw.Clear();
+  for (I4 K = 1; !sBytes.empty(); ++K) {
+    hTxw.Add();
+    static_cast<void>(Take(sBytes, hTxw(K)));
+  }
+  NTxw = std::clamp(NUsed, 0, hTxw.MLoop());
+  NTxwError = NError;
+  return true;
+}
+
+// ---- the station table: columns with their lengths, and what stands beside them
+
+template <class T>
+void Append(std::string& sBytes, const StationColumn<T>& hColumn) {
+  static_assert(std::is_trivially_copyable_v<T>);
+  const auto hItem = hColumn.Items(1, hColumn.NItem());
+  Append(sBytes, hColumn.NItem());
+  sBytes.append(reinterpret_cast<const char*>(hItem.data()), hItem.size_bytes());
+}
+
+template <class T>
+bool Take(std::string_view& sBytes, StationColumn<T>& hColumn) {
+  I4 NItem = 0;
+  if (!Take(sBytes, NItem) || NItem < 0 || sBytes.size() / sizeof(T) < static_cast<std::size_t>(NItem)) return false;
+  hColumn = {};
+  hColumn.Start(NItem, NItem, T{});
+  const auto hItem = hColumn.Items(1, NItem);
+  if (!hItem.empty()) std::memcpy(reinterpret_cast<char*>(hItem.data()), sBytes.data(), hItem.size_bytes());
+  sBytes.remove_prefix(hItem.size_bytes());
+  return true;
+}
+
+auto Fields(StationTable& h) {
+  return std::tie(static_cast<StationRanges&>(h), h.NStn, h.NStnLine, h.iStnS0, h.iStnL0, h.iStnX0, h.iStnY0, h.fStnS,
+                  h.fStnL, h.fStnX, h.fStnY, h.fStnZ, h.fStnH, h.fStnP, h.fStnR, h.fStnD, h.iMuxBox, h.iMuxChn,
+                  h.dStnLine, h.iStnBeg, h.iStnEnd, h.hLineStat, h.lLine, h.lDepth, h.lStnAzm, h.lPitch, h.lRoll,
+                  h.lMuxBox, h.lMuxChn, h.fSLmin, h.fSLmax);
+}
+
+/// Whether every point and line that the counts speak of is there, and every line's points are.
+bool Is_Whole(const StationTable& h) {
+  const auto Holds = [](I4 N, const auto&... hColumn) { return N >= 0 && ((N <= hColumn.NItem()) && ...); };
+  if (!Holds(h.NStn, h.fStnS, h.fStnL, h.fStnX, h.fStnY, h.fStnZ, h.fStnH, h.fStnP, h.fStnR, h.fStnD, h.iMuxBox,
+             h.iMuxChn) ||
+      !Holds(h.NStnLine, h.dStnLine, h.iStnBeg, h.iStnEnd, h.hLineStat))
+    return false;
+  for (I4 K = 1; K <= h.NStnLine; ++K) {
+    if (h.iStnBeg(K) < 1 || h.iStnEnd(K) < h.iStnBeg(K) || h.iStnEnd(K) > h.NStn) return false;
+  }
+  return true;
+}
+
+std::string Station_Bytes() {
+  std::string sBytes;
+  std::apply([&sBytes](const auto&... hField) { (Append(sBytes, hField), ...); }, Fields(hStn));
+  return sBytes;
+}
+
+bool Put_Stations(std::string_view sBytes) {
+  StationTable h;
+  const bool bTaken = std::apply([&sBytes](auto&... hField) { return (Take(sBytes, hField) && ...); }, Fields(h));
+  if (!bTaken || !sBytes.empty() || !Is_Whole(h)) return false;
+  hStn = std::move(h);
+  return true;
+}
+
+// Recorded edits name a part by its place: a new one goes to the end.
+constexpr HistoryPart hHistoryPart[] = {
+    {"survey",     Survey_Bytes,  Put_Survey  },
+    Plain<hAvgKept>("kept lines"),
+    {"file name",  File_Bytes,    Put_File    },
+    {"wire loops", Loop_Bytes,    Put_Loops   },
+    Plain<MdJob>("metadata"),
+    Plain<MdSurvey>("metadata"),
+    Plain<MdUnit>("metadata"),
+    Plain<MdGrid>("metadata"),
+    Plain<MdLine>("metadata"),
+    Plain<MdStn>("metadata"),
+    Plain<MdKvr>("metadata"),
+    Plain<MdGps>("metadata"),
+    Plain<MdTx>("metadata"),
+    Plain<MdRx>("metadata"),
+    Plain<MdChn>("metadata"),
+    {"stations",   Station_Bytes, Put_Stations},
+};
+
+// ---- transients
+
+bool Has_Same_Fields(const Transient& h1, const Transient& h2) {
+  return std::apply(
+      [&h2](const auto&... hField1) {
+        return std::apply([&](const auto&... hField2) { return ((Bytes_of(hField1) == Bytes_of(hField2)) && ...); },
+                          Fields(h2));
+      },
+      Fields(h1));
+}
+
+constexpr std::size_t NBlock[] = {512, 64, 8, 1};  // bytes that are compared at once, coarse steps first
+
+/// The same as Differing_Bytes, with what lies between the fields.
+DataChange::Run Differing_Memory(I4 j, const Transient& h1, const Transient& h2) {
+  const std::string_view s1 = Bytes_of(h1), s2 = Bytes_of(h2);
+  if (s1 == s2) return {j, 0, 0};
+  std::size_t iFirst = 0, iEnd = s1.size();
+  for (const std::size_t N : NBlock) {
+    while (iFirst + N <= iEnd && std::memcmp(&s1[iFirst], &s2[iFirst], N) == 0) iFirst += N;
+    while (iFirst + N <= iEnd && std::memcmp(&s1[iEnd - N], &s2[iEnd - N], N) == 0) iEnd -= N;
+  }
+  return {j, static_cast<I4>(iFirst), static_cast<I4>(iEnd - iFirst)};
+}
+
+/// Eight bytes at a time: a whole store is gone through in a few milliseconds.
+std::uint64_t Mixed(std::uint64_t iPrint, std::string_view sBytes) {
+  constexpr std::uint64_t iFactor = 0x9E3779B97F4A7C15U;
+  for (std::size_t I = 0; I < sBytes.size(); I += sizeof iPrint) {
+    std::uint64_t iWord = 0;
+    std::memcpy(&iWord, sBytes.data() + I, std::min(sizeof iWord, sBytes.size() - I));
+    iPrint = (iPrint ^ iWord) * iFactor;
+    iPrint ^= iPrint >> 29U;
+  }
+  return iPrint;
+}
+
+bool Is_Inside(const DataChange::Run& h) {
+  return h.j >= 1 && h.j <= MTrn && h.iByte0 >= 0 && h.NByte >= 0 &&
+         I8{h.iByte0} + h.NByte <= static_cast<I8>(sizeof(Transient));
+}
+
+}  // namespace
+
+std::span<const HistoryPart> History_Parts() {
+  return hHistoryPart;
+}
+
+std::size_t DataChange::Memory() const {
+  std::size_t NByte = hRun.capacity() * sizeof(Run) + sRun.capacity() + hPart.capacity() * sizeof(Part);
+  for (const Part& h : hPart) NByte += h.sBytes.capacity();
+  return NByte;
+}
+
+DataChange::Run Differing_Bytes(I4 j, const Transient& h1, const Transient& h2) {
+  const DataChange::Run hRun = Differing_Memory(j, h1, h2);
+  if (hRun.NByte == 0 || Is_in_Flags(hRun)) return hRun;
+  return Has_Same_Fields(h1, h2) ? DataChange::Run{j, 0, 0} : hRun;
+}
+
+bool Is_in_Flags(const DataChange::Run& h) {
+  constexpr auto iFlags = static_cast<I4>(offsetof(Transient, bSkip));
+  return h.iByte0 >= iFlags && h.iByte0 + h.NByte <= iFlags + static_cast<I4>(sizeof Transient::bSkip);
+}
+
+void Add_Run(DataChange& hChange, const DataChange::Run& hRun, const Transient& h) {
+  hChange.hRun.push_back(hRun);
+  hChange.sRun += Bytes_of(h).substr(static_cast<std::size_t>(hRun.iByte0), static_cast<std::size_t>(hRun.NByte));
+}
+
+bool Fits(const DataChange& hChange) {
+  const I8 NByte = std::accumulate(hChange.hRun.begin(), hChange.hRun.end(), I8{0},
+                                   [](I8 N, const DataChange::Run& h) { return N + h.NByte; });
+  constexpr auto NPart = static_cast<I4>(std::size(hHistoryPart));
+  return hChange.NTrn >= 0 && hChange.NTrn <= MTrn && std::ranges::all_of(hChange.hRun, Is_Inside) &&
+         NByte == static_cast<I8>(hChange.sRun.size()) &&
+         std::ranges::all_of(hChange.hPart, [](const DataChange::Part& h) { return h.K >= 1 && h.K <= NPart; });
+}
+
+void Put_Transients(const DataChange& hChange, Transient* hTarget) {
+  const char* hBytes = hChange.sRun.data();
+  for (const DataChange::Run& h : hChange.hRun) {
+    std::memcpy(reinterpret_cast<char*>(hTarget + (h.j - 1)) + h.iByte0, hBytes, static_cast<std::size_t>(h.NByte));
+    hBytes += h.NByte;
+  }
+}
+
+bool Put_Parts(const DataChange& hChange) {
+  return std::ranges::all_of(hChange.hPart,
+                             [](const DataChange::Part& h) { return hHistoryPart[h.K - 1].Put(h.sBytes); });
+}
+
+std::uint64_t Fingerprint(const Transient& h) {
+  std::uint64_t iPrint = 0;
+  std::apply([&iPrint](const auto&... hField) { ((iPrint = Mixed(iPrint, Bytes_of(hField))), ...); }, Fields(h));
+  return iPrint;
+}
+
+}  // namespace quillan
