@@ -45,6 +45,13 @@ press 1010
 menu 40009
 snapshot save-types.png
 press 1010
+menu 40016
+press 1009
+menu 40006
+resize 100 100
+menu 41003
+snapshot edit-list.png
+press 1010
 menu 40011
 answer no
 STEPS
