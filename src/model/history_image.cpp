@@ -32,6 +32,13 @@ auto Fields(Survey& h) {
                   f23, f24, f25, f26, f27, f28, f29);
 }
 
+auto Fields(StationTable& h) {
+  return std::tie(static_cast<StationRanges&>(h), h.NStn, h.NStnLine, h.iStnS0, h.iStnL0, h.iStnX0, h.iStnY0, h.fStnS,
+                  h.fStnL, h.fStnX, h.fStnY, h.fStnZ, h.fStnH, h.fStnP, h.fStnR, h.fStnD, h.iMuxBox, h.iMuxChn,
+                  h.dStnLine, h.iStnBeg, h.iStnEnd, h.hLineStat, h.lLine, h.lDepth, h.lStnAzm, h.lPitch, h.lRoll,
+                  h.lMuxBox, h.lMuxChn, h.fSLmin, h.fSLmax);
+}
+
 // ---- values as bytes
 
 template <class Value>
@@ -69,6 +76,27 @@ bool Take(std::string_view& sBytes, std::string& sText) {
   return true;
 }
 
+/// A column goes with its length.
+template <class T>
+void Append(std::string& sBytes, const StationColumn<T>& hColumn) {
+  static_assert(std::is_trivially_copyable_v<T>);
+  const auto hItem = hColumn.Items(1, hColumn.NItem());
+  Append(sBytes, hColumn.NItem());
+  sBytes.append(reinterpret_cast<const char*>(hItem.data()), hItem.size_bytes());
+}
+
+template <class T>
+bool Take(std::string_view& sBytes, StationColumn<T>& hColumn) {
+  I4 NItem = 0;
+  if (!Take(sBytes, NItem) || NItem < 0 || sBytes.size() / sizeof(T) < static_cast<std::size_t>(NItem)) return false;
+  hColumn = {};
+  hColumn.Start(NItem, NItem, T{});
+  const auto hItem = hColumn.Items(1, NItem);
+  if (!hItem.empty()) std::memcpy(reinterpret_cast<char*>(hItem.data()), sBytes.data(), hItem.size_bytes());
+  sBytes.remove_prefix(hItem.size_bytes());
+  return true;
+}
+
 // ---- parts
 
 template <auto& hValue>
@@ -87,16 +115,23 @@ constexpr HistoryPart Plain(std::string_view sName) {
   return {sName, Plain_Bytes<hValue>, Put_Plain<hValue>};
 }
 
-std::string Survey_Bytes() {
+/// A part that is a record of fields.
+template <auto& hRecord>
+std::string Field_Bytes() {
   std::string sBytes;
-  std::apply([&sBytes](const auto&... hField) { (Append(sBytes, hField), ...); }, Fields(hTemSurvey));
+  std::apply([&sBytes](const auto&... hField) { (Append(sBytes, hField), ...); }, Fields(hRecord));
   return sBytes;
+}
+
+/// False: the bytes are not those of the fields.
+template <class Record>
+bool Take_Fields(std::string_view sBytes, Record& h) {
+  return std::apply([&sBytes](auto&... hField) { return (Take(sBytes, hField) && ...); }, Fields(h)) && sBytes.empty();
 }
 
 bool Put_Survey(std::string_view sBytes) {
   Survey h;
-  const bool bTaken = std::apply([&sBytes](auto&... hField) { return (Take(sBytes, hField) && ...); }, Fields(h));
-  if (!bTaken || !sBytes.empty()) return false;
+  if (!Take_Fields(sBytes, h)) return false;
   hTemSurvey = std::move(h);
   return true;
 }
@@ -131,35 +166,6 @@ bool Put_Loops(std::string_view sBytes) {
   return true;
 }
 
-// ---- the station table: columns with their lengths, and what stands beside them
-
-template <class T>
-void Append(std::string& sBytes, const StationColumn<T>& hColumn) {
-  static_assert(std::is_trivially_copyable_v<T>);
-  const auto hItem = hColumn.Items(1, hColumn.NItem());
-  Append(sBytes, hColumn.NItem());
-  sBytes.append(reinterpret_cast<const char*>(hItem.data()), hItem.size_bytes());
-}
-
-template <class T>
-bool Take(std::string_view& sBytes, StationColumn<T>& hColumn) {
-  I4 NItem = 0;
-  if (!Take(sBytes, NItem) || NItem < 0 || sBytes.size() / sizeof(T) < static_cast<std::size_t>(NItem)) return false;
-  hColumn = {};
-  hColumn.Start(NItem, NItem, T{});
-  const auto hItem = hColumn.Items(1, NItem);
-  if (!hItem.empty()) std::memcpy(reinterpret_cast<char*>(hItem.data()), sBytes.data(), hItem.size_bytes());
-  sBytes.remove_prefix(hItem.size_bytes());
-  return true;
-}
-
-auto Fields(StationTable& h) {
-  return std::tie(static_cast<StationRanges&>(h), h.NStn, h.NStnLine, h.iStnS0, h.iStnL0, h.iStnX0, h.iStnY0, h.fStnS,
-                  h.fStnL, h.fStnX, h.fStnY, h.fStnZ, h.fStnH, h.fStnP, h.fStnR, h.fStnD, h.iMuxBox, h.iMuxChn,
-                  h.dStnLine, h.iStnBeg, h.iStnEnd, h.hLineStat, h.lLine, h.lDepth, h.lStnAzm, h.lPitch, h.lRoll,
-                  h.lMuxBox, h.lMuxChn, h.fSLmin, h.fSLmax);
-}
-
 /// Whether every point and line that the counts speak of is there, and every line's points are.
 bool Is_Whole(const StationTable& h) {
   const auto Holds = [](I4 N, const auto&... hColumn) { return N >= 0 && ((N <= hColumn.NItem()) && ...); };
@@ -173,26 +179,19 @@ bool Is_Whole(const StationTable& h) {
   return true;
 }
 
-std::string Station_Bytes() {
-  std::string sBytes;
-  std::apply([&sBytes](const auto&... hField) { (Append(sBytes, hField), ...); }, Fields(hStn));
-  return sBytes;
-}
-
 bool Put_Stations(std::string_view sBytes) {
   StationTable h;
-  const bool bTaken = std::apply([&sBytes](auto&... hField) { return (Take(sBytes, hField) && ...); }, Fields(h));
-  if (!bTaken || !sBytes.empty() || !Is_Whole(h)) return false;
+  if (!Take_Fields(sBytes, h) || !Is_Whole(h)) return false;
   hStn = std::move(h);
   return true;
 }
 
 // Recorded edits name a part by its place: a new one goes to the end.
 constexpr HistoryPart hHistoryPart[] = {
-    {"survey",     Survey_Bytes,  Put_Survey  },
+    {"survey",     Survey_Bytes,      Put_Survey  },
     Plain<hAvgKept>("kept lines"),
-    {"file name",  File_Bytes,    Put_File    },
-    {"wire loops", Loop_Bytes,    Put_Loops   },
+    {"file name",  File_Bytes,        Put_File    },
+    {"wire loops", Loop_Bytes,        Put_Loops   },
     Plain<MdJob>("metadata"),
     Plain<MdSurvey>("metadata"),
     Plain<MdUnit>("metadata"),
@@ -204,7 +203,7 @@ constexpr HistoryPart hHistoryPart[] = {
     Plain<MdTx>("metadata"),
     Plain<MdRx>("metadata"),
     Plain<MdChn>("metadata"),
-    {"stations",   Station_Bytes, Put_Stations},
+    {"stations",   Field_Bytes<hStn>, Put_Stations},
 };
 
 // ---- transients
