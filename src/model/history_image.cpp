@@ -188,10 +188,10 @@ bool Put_Stations(std::string_view sBytes) {
 
 // Recorded edits name a part by its place: a new one goes to the end.
 constexpr HistoryPart hHistoryPart[] = {
-    {"survey",     Survey_Bytes,      Put_Survey  },
+    {"survey",     Field_Bytes<hTemSurvey>, Put_Survey  },
     Plain<hAvgKept>("kept lines"),
-    {"file name",  File_Bytes,        Put_File    },
-    {"wire loops", Loop_Bytes,        Put_Loops   },
+    {"file name",  File_Bytes,              Put_File    },
+    {"wire loops", Loop_Bytes,              Put_Loops   },
     Plain<MdJob>("metadata"),
     Plain<MdSurvey>("metadata"),
     Plain<MdUnit>("metadata"),
@@ -203,7 +203,7 @@ constexpr HistoryPart hHistoryPart[] = {
     Plain<MdTx>("metadata"),
     Plain<MdRx>("metadata"),
     Plain<MdChn>("metadata"),
-    {"stations",   Field_Bytes<hStn>, Put_Stations},
+    {"stations",   Field_Bytes<hStn>,       Put_Stations},
 };
 
 // ---- transients
