@@ -2,10 +2,18 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace quillan {
 
 /// The working folder, without a separator at its end.
 std::string IOsDirName();
+
+/// Where a program keeps what outlives its runs and is no file of the user's: $XDG_STATE_HOME, else ~/.local/state.
+/// Blank where neither is known.
+std::string IOsStateDir();
+
+/// Makes a folder, and those that it stands in. False: it could not be made.
+bool IOsMakeDir(std::string_view sFolder);
 
 }  // namespace quillan
