@@ -142,6 +142,10 @@ void Keep_Edit(std::string_view sMenuText) {
   Keep_Gesture(sEdit);
 }
 
+void End_of_Edits() {
+  End_of_Step(false);
+}
+
 void End_of_Save(bool bSaved) {
   if (bSaved)
     History_Saved();

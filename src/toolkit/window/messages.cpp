@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDropEvent>
 #include <QEventLoop>
 #include <QFile>
@@ -11,11 +12,13 @@
 #include <QMouseEvent>
 #include <QStatusTipEvent>
 #include <QThread>
+#include <QTimer>
 #include <QUrl>
 #include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
 #include <deque>
+#include <utility>
 
 #include "toolkit/draw/draw.h"
 #include "toolkit/window/log_text.h"
@@ -213,6 +216,17 @@ class WindowWatch : public QObject {
   }
 };
 
+// What WAfter was given.
+struct Later {
+  void (*Carry_Out)() = nullptr;
+  QDeadlineTimer hWhen;
+};
+Later hLater;
+
+void Do_What_Is_Due() {
+  if (hLater.Carry_Out && hLater.hWhen.hasExpired()) std::exchange(hLater.Carry_Out, nullptr)();
+}
+
 constexpr int MSettle = 1000;        // rounds of events before a step is played in any case
 constexpr int NMsecOnScreen = 2000;  // for a window system to show the window
 
@@ -270,6 +284,7 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
   if (!QCoreApplication::instance()) return;
   if (Drawing_Area()) IGrFlush();
   Suspend_Busy(true);
+  Do_What_Is_Due();
   while (!bDone()) {
     if (hPlayStep) {
       Await_Window();
@@ -277,6 +292,7 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
     } else {
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
+    Do_What_Is_Due();
     if (!bDone()) {
       LogText_Follow();
       if (hPlayStep) hPlayStep();
@@ -313,9 +329,17 @@ Message WMessage() {
 }
 
 Message WMessagePeek() {
+  Do_What_Is_Due();
   if (Drawing_Area()) IGrFlush();
   if (QCoreApplication::instance()) QCoreApplication::processEvents();
   return Take_Message();
+}
+
+void WAfter(I4 NMsec, void (*Carry_Out)()) {
+  if (Carry_Out && hLater.Carry_Out) return;
+  hLater = {Carry_Out, QDeadlineTimer(NMsec)};
+  // The event alone wakes the wait up; the work is not done inside it.
+  if (Carry_Out && QCoreApplication::instance()) QTimer::singleShot(NMsec, QCoreApplication::instance(), [] {});
 }
 
 void WMessagePutBack(const Message& hMessage) {
