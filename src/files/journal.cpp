@@ -154,17 +154,65 @@ bool Apply(std::string_view sState, std::string_view sEdit) {
   return h && History_Apply(*h, sEdit);
 }
 
+/// Gives the runs of a change in turn.
+class RunReader {
+ public:
+  explicit RunReader(const DataChange& hOf) : h(hOf) {}
+
+  /// Transient of the next run, beyond all others where there is none.
+  I4 Next() const { return K < h.hRun.size() ? h.hRun[K].j : MTrn + 1; }
+  /// Transient j with the next run put over it, if that is of j.
+  Transient Over(I4 j) {
+    Transient hAfter = hTrn(j);
+    if (Next() != j) return hAfter;
+    const auto NByte = static_cast<std::size_t>(h.hRun[K].NByte);
+    std::memcpy(reinterpret_cast<char*>(&hAfter) + h.hRun[K].iByte0, h.sRun.data() + N, NByte);
+    N += NByte;
+    ++K;
+    return hAfter;
+  }
+
+ private:
+  const DataChange& h;
+  std::size_t K = 0, N = 0;  // runs and bytes taken
+};
+
+bool Gives_Same_Transients(const DataChange& h1, const DataChange& h2) {
+  RunReader in1(h1), in2(h2);
+  for (I4 j = std::min(in1.Next(), in2.Next()); j <= MTrn; j = std::min(in1.Next(), in2.Next())) {
+    if (Differing_Bytes(j, in1.Over(j), in2.Over(j)).NByte != 0) return false;
+  }
+  return true;
+}
+
+std::string Part_after(const DataChange& h, I4 K) {
+  const auto hPart = std::ranges::find(h.hPart, K, &DataChange::Part::K);
+  return hPart == h.hPart.end() ? History_Parts()[static_cast<std::size_t>(K - 1)].Bytes() : hPart->sBytes;
+}
+
+/// Whether two changes that fit would make the same of the data as they are. What lies between the fields in memory
+/// does not count, and differs from run to run.
+bool Gives_Same(const DataChange& h1, const DataChange& h2) {
+  const auto Is_Same_Part = [&](const DataChange::Part& h) { return Part_after(h1, h.K) == Part_after(h2, h.K); };
+  return h1.NTrn == h2.NTrn && Gives_Same_Transients(h1, h2) && std::ranges::all_of(h1.hPart, Is_Same_Part) &&
+         std::ranges::all_of(h2.hPart, Is_Same_Part);
+}
+
 /// The undo of an edit that is in force here too is an undo; any other is an edit that gives the same data.
 bool Undo(const JournalRecord& h) {
+  const std::optional<DataChange> hState = State_from(h.sState);
   const I4 K = History_Position();
-  if (K < 1 || State_Bytes(History_Edit(K).hBefore) != h.sState) return Apply(h.sState, "Undo " + h.sEdit);
-  return History_Undo() != nullptr;
+  if (!hState || !Fits(*hState)) return false;
+  if (K >= 1 && Gives_Same(*hState, History_Edit(K).hBefore)) return History_Undo() != nullptr;
+  return History_Apply(*hState, "Undo " + h.sEdit);
 }
 
 bool Redo(const JournalRecord& h) {
+  const std::optional<DataChange> hState = State_from(h.sState);
   const I4 K = History_Position() + 1;
-  if (K > History_Count() || State_Bytes(History_Edit(K).hAfter) != h.sState) return Apply(h.sState, h.sEdit);
-  return History_Redo() != nullptr;
+  if (!hState || !Fits(*hState)) return false;
+  if (K <= History_Count() && Gives_Same(*hState, History_Edit(K).hAfter)) return History_Redo() != nullptr;
+  return History_Apply(*hState, h.sEdit);
 }
 
 bool Do_Again(const JournalRecord& h) {
