@@ -3,8 +3,8 @@
 #   play_session.sh PROGRAM FOLDER
 # FOLDER holds steps.txt, input/ (copied into a fresh folder, where the program runs), expected/ (each file must come
 # out equal), and perhaps arguments (the command line, steps.txt aside; without it the program starts with the one file
-# of input/ whose name ends in .avg or .xdb), produced (names of files that must be there and hold something) and status
-# (the exit status, 0 without it) and refusal (words that standard error must hold, so that no earlier step is refused
+# of input/ whose name ends in .avg or .xdb), produced (names of files that must be there and hold something), absent
+# (names that must not be there; both may hold * and ?), status (the exit status, 0 without it), refusal (words that standard error must hold, so that no earlier step is refused
 # in place of the one that is meant), and before (a program that is run in the fresh folder ahead of the session, with
 # PROGRAM as its argument; what it leaves running is ended with the session when running holds its process number).
 set -eu
@@ -45,11 +45,19 @@ if [ -d "$session/expected" ]; then
 fi
 if [ -f "$session/produced" ]; then
   while IFS= read -r file; do
-    if [ ! -s "$file" ]; then
+    if [ ! -s "$(compgen -G "$file" | head -n 1)" ]; then
       echo "$file is missing or empty"
       failed=1
     fi
   done < "$session/produced"
+fi
+if [ -f "$session/absent" ]; then
+  while IFS= read -r file; do
+    if compgen -G "$file" > /dev/null; then
+      echo "$file should not be there"
+      failed=1
+    fi
+  done < "$session/absent"
 fi
 if [ -f "$session/refusal" ] && ! grep -qF -f "$session/refusal" errors.txt; then
   echo "the refusal is not as expected: $(cat "$session/refusal")"
