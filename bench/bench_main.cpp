@@ -69,6 +69,14 @@ constexpr BenchRow hBenchRow[] = {
     {"curve_1200x900/QCC_Plot_Trns",       Bench_Curve_Small,   "curve_1200x900/floor",    0.0, 5.0  },
     {"curve_3840x2160/floor",              Floor_Curve_Large,   "curve_3840x2160/floor",   0.0, 0.0  },
     {"curve_3840x2160/QCC_Plot_Trns",      Bench_Curve_Large,   "curve_3840x2160/floor",   0.0, 10.0 },
+    {"flag_click/floor",                   Floor_Click,         "flag_click/floor",        0.0, 0.0  },
+    {"flag_click/History_Keep",            Bench_Click,         "flag_click/floor",        0.0, 10.0 },
+    {"flag_click/1000",                    Bench_Many_Clicks,   "flag_click/floor",        0.0, 0.0  },
+    {"auto_skip/floor",                    Floor_Auto_Skip,     "auto_skip/floor",         0.0, 0.0  },
+    {"auto_skip/with_history",             Bench_Auto_Skip,     "auto_skip/floor",         1.3, 0.0  },
+    {"auto_skip/AutoSkip_Apply",           Bench_Rule,          "auto_skip/floor",         0.0, 0.0  },
+    {"auto_skip/History_Keep",             Bench_Keep_Rule,     "auto_skip/floor",         0.0, 0.0  },
+    {"auto_skip/History_Undo",             Bench_Undo,          "auto_skip/floor",         0.0, 0.0  },
 };
 
 /// The usual report, then the table of multiples.

@@ -49,17 +49,20 @@ void Group_Sections() {
   for (I4 K = 1; K <= NSection; ++K) hSection(K).fYPNoise = fFloor[static_cast<std::size_t>(K - 1)];
 }
 
-void Complete_Data() {
-  static_cast<void>(TMD_Trns_Set_iTWCfg());
+/// bTitle: the window's title is of another file, or of none.
+void Complete_Data(bool bTitle) {
+  static_cast<void>(TMD_Trns_Set_iTWCfg());  // without data there are none
   Group_Sections();
   iZPositive = Z_Positive(hTemSurvey);  // or the next look at the configuration would turn the receivers round
   hSession.sFileName = File_Name(sAvgFile);
-  Session_Title();
+  if (bTitle) Session_Title();
+  Show_No_Data();
   History_Follow();
 }
 
-void End_of_Step(bool bOnlyFlags) {
-  if (!bOnlyFlags) Complete_Data();
+/// After steps from NTrn0 transients.
+void End_of_Steps(I4 NTrn0, bool bOnlyFlags) {
+  if (!bOnlyFlags) Complete_Data(NTrn0 < 1 || hSession.sFileName != File_Name(sAvgFile));
   hSession.bUpdateAVG = History_Differs_from_File();
   Show_History();
 }
@@ -72,7 +75,7 @@ TakenBack Step(const Edit* (*Go)(), std::string_view sDone, std::string_view sNo
     WindowOutStatusBar(iStatusProgress, sNone);
     return {};
   }
-  End_of_Step(hEdit->bOnlyFlags);
+  End_of_Steps(NTrn0, hEdit->bOnlyFlags);
   WindowOutStatusBar(iStatusProgress, std::string(sDone) + Edit_Name(hEdit->hWords) + ".");
   return {.bDone = true,
           .iTrn = Edit_Place(*hEdit, hShown.jFrom, hShown.jTo),
@@ -114,10 +117,11 @@ void Put_Edits() {
 
 /// The state after the chosen row; the first row is the state before all edits.
 void Go_To_Row() {
+  const I4 NTrn0 = NTrn;
   const I4 iTarget = std::clamp(WGridSelectedRow(iGrdEdits) - 1, 0, History_Count());
   while (History_Position() > iTarget) static_cast<void>(History_Undo());
   while (History_Position() < iTarget) static_cast<void>(History_Redo());
-  End_of_Step(false);
+  End_of_Steps(NTrn0, false);
   Put_Edits();
 }
 
@@ -143,7 +147,7 @@ void Keep_Edit(std::string_view sMenuText) {
 }
 
 void End_of_Edits() {
-  End_of_Step(false);
+  End_of_Steps(NTrn, false);
 }
 
 void End_of_Save(bool bSaved) {

@@ -16,13 +16,14 @@ constexpr I4 iNowhere = -1;  // no position has the data of the file
 
 // What is kept. History_Begin restores it.
 struct History {
-  std::vector<Transient> hTrn;     // the shadow: the data as the last edit left them
-  std::vector<std::string> sPart;  // the same, by row of History_Parts
-  std::deque<Edit> hEdit;          // oldest first
-  std::vector<EditWords> hGone;    // the words of edits that had to go
-  I4 iPosition = 0;                // edits in force
-  I4 iSaved = 0;                   // position at which the data are those of the file
-  std::size_t NByte = 0;           // that the edits hold
+  std::vector<Transient> hTrn;  // the shadow: the data as the last edit left them
+  std::vector<std::string> sPart =
+      std::vector<std::string>(History_Parts().size());  // the same, by row of History_Parts
+  std::deque<Edit> hEdit;                                // oldest first
+  std::vector<EditWords> hGone;                          // the words of edits that had to go
+  I4 iPosition = 0;                                      // edits in force
+  I4 iSaved = 0;                                         // position at which the data are those of the file
+  std::size_t NByte = 0;                                 // that the edits hold
 };
 History hHistory;
 
@@ -48,7 +49,7 @@ void Add_Transients(Difference& h) {
     if (hRun.NByte == 0) continue;
     Add_Run(h.hBefore, hRun, hBefore);
     Add_Run(h.hAfter, hRun, hTrn(j));
-    h.hTally.Count(hBefore, hTrn(j));
+    h.hTally.Count(hBefore, hTrn(j), Is_in_Flags(hRun));
   }
   for (I4 j = NBoth + 1; j <= h.hBefore.NTrn; ++j)
     Add_Run(h.hBefore, {j, 0, NWhole}, hHistory.hTrn[static_cast<std::size_t>(j - 1)]);
@@ -95,7 +96,8 @@ void Shadow_All() {
 // ---- the list of edits
 
 std::size_t Memory(const Edit& h) {
-  return sizeof h + h.hBefore.Memory() + h.hAfter.Memory();
+  const std::size_t NWords = h.hWords.sEdit.capacity() + h.hWords.sWhat.capacity() + h.hWords.sWhere.capacity();
+  return sizeof h + NWords + h.hBefore.Memory() + h.hAfter.Memory();
 }
 
 void Drop_Undone() {
@@ -139,7 +141,7 @@ void Tell(EditEvent iEvent, const Edit& h) {
 void Put(const DataChange& hChange) {
   NTrn = hChange.NTrn;
   Put_Transients(hChange, hTrn.data());
-  Put_Parts(hChange);
+  static_cast<void>(Put_Parts(hChange));  // their bytes are the program's own
   Shadow_Change(hChange);
 }
 
@@ -194,9 +196,12 @@ const Edit* History_Redo() {
 
 bool History_Apply(const DataChange& hAfter, std::string_view sEdit) {
   if (!Fits(hAfter)) return false;
+  if (!Put_Parts(hAfter)) {
+    History_Put_Back();
+    return false;
+  }
   NTrn = hAfter.NTrn;
   Put_Transients(hAfter, hTrn.data());
-  Put_Parts(hAfter);
   static_cast<void>(History_Keep(sEdit));
   return true;
 }

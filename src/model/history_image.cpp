@@ -144,14 +144,27 @@ constexpr HistoryPart hHistoryPart[] = {
 
 // ---- transients
 
-bool Is_Same(const Transient& h1, const Transient& h2) {
-  if (Bytes_of(h1) == Bytes_of(h2)) return true;
+bool Has_Same_Fields(const Transient& h1, const Transient& h2) {
   return std::apply(
       [&h2](const auto&... hField1) {
         return std::apply([&](const auto&... hField2) { return ((Bytes_of(hField1) == Bytes_of(hField2)) && ...); },
                           Fields(h2));
       },
       Fields(h1));
+}
+
+constexpr std::size_t NBlock[] = {512, 64, 8, 1};  // bytes that are compared at once, coarse steps first
+
+/// The same as Differing_Bytes, with what lies between the fields.
+DataChange::Run Differing_Memory(I4 j, const Transient& h1, const Transient& h2) {
+  const std::string_view s1 = Bytes_of(h1), s2 = Bytes_of(h2);
+  if (s1 == s2) return {j, 0, 0};
+  std::size_t iFirst = 0, iEnd = s1.size();
+  for (const std::size_t N : NBlock) {
+    while (iFirst + N <= iEnd && std::memcmp(&s1[iFirst], &s2[iFirst], N) == 0) iFirst += N;
+    while (iFirst + N <= iEnd && std::memcmp(&s1[iEnd - N], &s2[iEnd - N], N) == 0) iEnd -= N;
+  }
+  return {j, static_cast<I4>(iFirst), static_cast<I4>(iEnd - iFirst)};
 }
 
 bool Is_Inside(const DataChange::Run& h) {
@@ -201,11 +214,14 @@ std::size_t DataChange::Memory() const {
 }
 
 DataChange::Run Differing_Bytes(I4 j, const Transient& h1, const Transient& h2) {
-  if (Is_Same(h1, h2)) return {j, 0, 0};
-  const std::string_view s1 = Bytes_of(h1), s2 = Bytes_of(h2);
-  const auto iFirst = std::mismatch(s1.begin(), s1.end(), s2.begin()).first - s1.begin();
-  const auto NSameAtEnd = std::mismatch(s1.rbegin(), s1.rend(), s2.rbegin()).first - s1.rbegin();
-  return {j, static_cast<I4>(iFirst), static_cast<I4>(static_cast<std::ptrdiff_t>(s1.size()) - NSameAtEnd - iFirst)};
+  const DataChange::Run hRun = Differing_Memory(j, h1, h2);
+  if (hRun.NByte == 0 || Is_in_Flags(hRun)) return hRun;
+  return Has_Same_Fields(h1, h2) ? DataChange::Run{j, 0, 0} : hRun;
+}
+
+bool Is_in_Flags(const DataChange::Run& h) {
+  constexpr auto iFlags = static_cast<I4>(offsetof(Transient, bSkip));
+  return h.iByte0 >= iFlags && h.iByte0 + h.NByte <= iFlags + static_cast<I4>(sizeof Transient::bSkip);
 }
 
 void Add_Run(DataChange& hChange, const DataChange::Run& hRun, const Transient& h) {
@@ -226,8 +242,9 @@ void Put_Transients(const DataChange& hChange, Transient* hTarget) {
   }
 }
 
-void Put_Parts(const DataChange& hChange) {
-  for (const DataChange::Part& h : hChange.hPart) static_cast<void>(hHistoryPart[h.K - 1].Put(h.sBytes));
+bool Put_Parts(const DataChange& hChange) {
+  return std::ranges::all_of(hChange.hPart,
+                             [](const DataChange::Part& h) { return hHistoryPart[h.K - 1].Put(h.sBytes); });
 }
 
 std::uint64_t Fingerprint(const Transient& h) {

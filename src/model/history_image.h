@@ -40,10 +40,10 @@ struct DataChange {
     std::string sBytes;
   };
 
-  I4 NTrn = 0;              // transients in use
-  std::vector<Run> hRun;    // rising j
-  std::string sRun;         // the bytes of the runs, one after the other
-  std::vector<Part> hPart;  // rising K
+  I4 NTrn = 0;                // transients in use
+  std::vector<Run> hRun{};    // rising j
+  std::string sRun{};         // the bytes of the runs, one after the other
+  std::vector<Part> hPart{};  // rising K
 
   /// Bytes that it holds.
   std::size_t Memory() const;
@@ -52,6 +52,9 @@ struct DataChange {
 /// The bytes of a transient that tell two of one place apart; NByte is 0 where every field is the same.
 DataChange::Run Differing_Bytes(I4 j, const Transient& h1, const Transient& h2);
 
+/// Whether no more differs than flags of windows.
+bool Is_in_Flags(const DataChange::Run& hRun);
+
 /// Adds the bytes of a run, taken from h.
 void Add_Run(DataChange& hChange, const DataChange::Run& hRun, const Transient& h);
 
@@ -59,9 +62,10 @@ void Add_Run(DataChange& hChange, const DataChange::Run& hRun, const Transient& 
 /// program can work with.
 bool Fits(const DataChange& hChange);
 
-/// Puts the transients of a change that fits into hTarget, whose element 0 is transient 1; and its parts into the data.
+/// Puts the transients of a change that fits into hTarget, whose element 0 is transient 1.
 void Put_Transients(const DataChange& hChange, Transient* hTarget);
-void Put_Parts(const DataChange& hChange);
+/// Puts its parts into the data. False: the bytes of a part are none that it ever gave; the parts before it are put.
+bool Put_Parts(const DataChange& hChange);
 
 /// A number that differs where a field does.
 std::uint64_t Fingerprint(const Transient& h);

@@ -15,10 +15,9 @@ constexpr WindowValues Transient::*hValueField[] = {
 };
 
 /// Bit by bit: a zero that has changed its sign has changed.
-bool Is_Other_Value(const Transient& h1, const Transient& h2, I4 I) {
-  return std::ranges::any_of(hValueField, [&](WindowValues Transient::*hField) {
-    return std::memcmp(&(h1.*hField)(I), &(h2.*hField)(I), sizeof(R4)) != 0;
-  });
+template <class Value>
+bool Is_Other(const Value& h1, const Value& h2) {
+  return std::memcmp(&h1, &h2, sizeof h1) != 0;
 }
 
 std::string Counted(I4 N, std::string_view sThing) {
@@ -41,19 +40,30 @@ std::string Joined(const EditWords& h) {
 
 }  // namespace
 
-void EditTally::Count_Windows(const Transient& hBefore, const Transient& hAfter) {
+void EditTally::Count_Flags(const Transient& hBefore, const Transient& hAfter) {
   for (I4 I = 1; I <= std::max(hBefore.NTW, hAfter.NTW); ++I) {
-    if (Is_Other_Value(hBefore, hAfter, I)) ++NValue;
     if (hBefore.bSkip(I) == hAfter.bSkip(I)) continue;
     ++(hAfter.bSkip(I) ? NSkipped : NCleared);
     IFlag = I;
   }
 }
 
-void EditTally::Count(const Transient& hBefore, const Transient& hAfter) {
+void EditTally::Count_Values(const Transient& hBefore, const Transient& hAfter) {
+  Array1<L4, MTW> bOther{};
+  for (const auto hField : hValueField) {
+    if (!Is_Other(hBefore.*hField, hAfter.*hField)) continue;
+    for (I4 I = 1; I <= std::max(hBefore.NTW, hAfter.NTW); ++I)
+      bOther(I) = bOther(I) || Is_Other((hBefore.*hField)(I), (hAfter.*hField)(I));
+  }
+  NValue += static_cast<I4>(std::ranges::count(bOther, true));
+}
+
+void EditTally::Count(const Transient& hBefore, const Transient& hAfter, bool bInFlags) {
   ++NSounding;
   dStn = hAfter.dRxStn;
-  Count_Windows(hBefore, hAfter);
+  Count_Flags(hBefore, hAfter);
+  if (bInFlags) return;
+  Count_Values(hBefore, hAfter);
   if (hAfter.bSkipTrn && !hBefore.bSkipTrn) ++NSkippedTrn;
   Transient hFlagged = hBefore;
   hFlagged.bSkipTrn = hAfter.bSkipTrn;

@@ -24,8 +24,8 @@ struct EditWords {
 /// What an edit changed, counted one transient or part after the other.
 class EditTally {
  public:
-  /// A transient that differs.
-  void Count(const Transient& hBefore, const Transient& hAfter);
+  /// A transient that differs. bInFlags: in no more than flags of windows.
+  void Count(const Transient& hBefore, const Transient& hAfter, bool bInFlags);
   /// A part of the data, or how many transients there are.
   void Count_Part(std::string_view sName);
   void Count_Store(I4 NTrnBefore, I4 NTrnAfter);
@@ -36,7 +36,8 @@ class EditTally {
   bool Has_Only_Flags() const { return NSounding > 0 && !bMore; }
 
  private:
-  void Count_Windows(const Transient& hBefore, const Transient& hAfter);
+  void Count_Flags(const Transient& hBefore, const Transient& hAfter);
+  void Count_Values(const Transient& hBefore, const Transient& hAfter);
   std::string What(bool bByHand) const;
   std::string Where() const;
 

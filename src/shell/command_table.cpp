@@ -42,9 +42,9 @@ constexpr Command hCommand[] = {
                           "Merge transient data flagged by fractional stn #s."},
     {0, iCmdReview,         true,  true,   Review_Data,     "&Review Data", "", "Review transients by sounding."},
     {0, 0,                  false, false,  nullptr,         "&History", "", ""},
-    {1, iCmdUndo,           true,  false,  Undo_Command,    "&Undo", sUndoKeys, sUndoTip},
-    {1, iCmdRedo,           true,  false,  Redo_Command,    "&Redo", sRedoKeys, sRedoTip},
-    {1, iCmdEditList,       true,  false,  Edit_List,       sListText, "",
+    {1, iCmdUndo,           false, false,  Undo_Command,    "&Undo", sUndoKeys, sUndoTip},
+    {1, iCmdRedo,           false, false,  Redo_Command,    "&Redo", sRedoKeys, sRedoTip},
+    {1, iCmdEditList,       false, false,  Edit_List,       sListText, "",
                           "What was done to the data; go to an earlier state; write the list to a file."},
     {0, iCmdExit,           false, false,  Exit_Program,    "E&xit", "", "Exit program."},
 };

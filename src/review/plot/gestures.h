@@ -2,8 +2,8 @@
 //
 // A review is a view (all that it knows, from ReviewView), a table with one row a gesture, and the procedures of
 // ReviewProcedures. A gesture may have a place in the menu bar, a button of the tool window, and a key; one that has
-// several keys has a row for each. One that changes data has a name for the list of edits, and is kept as one; Ctrl+Z
-// and Ctrl+Y (or Ctrl+Shift+Z) take edits back and do them again in every review.
+// several keys has a row for each. One that changes data has a name for the list of edits, and is kept as one. Ctrl+Z
+// and Ctrl+Y (or Ctrl+Shift+Z) take edits back and do them again in a review that shows the store.
 #pragma once
 
 #include <cstddef>
@@ -43,7 +43,8 @@ struct ReviewProcedures {
   void (*On_Resize)();                                   // the main window has another size
   void (*On_Close)(View& hView);                         // the user wants it closed
   bool bFlagsByMouse = false;                            // the left and right buttons set and clear flags
-  // What is on show, and the way to an edit that was taken back; without them the review is drawn again.
+  // What is on show, and the way to an edit that was taken back. Without them nothing is: the review works on what it
+  // has gathered from the store, which must stay as it is.
   TransientRange (*Shown)(const View& hView) = nullptr;
   void (*Go_To)(View& hView, const TakenBack& hBack) = nullptr;
 };
@@ -82,10 +83,11 @@ inline bool Is_Step(const Message& h, I4 iKey, I4 iCommand) {
 
 template <class View>
 void Take_Back(View& hView, const ReviewProcedures<View>& hReview, TakenBack (*Step)(const TransientRange& hShown)) {
-  const TakenBack hBack = Step(hReview.Shown ? hReview.Shown(hView) : TransientRange{});
+  if (!hReview.Shown || !hReview.Go_To) return;
+  const TakenBack hBack = Step(hReview.Shown(hView));
   if (!hBack.bDone) return;
   hView.bRedraw = true;
-  if (hReview.Go_To) hReview.Go_To(hView, hBack);
+  hReview.Go_To(hView, hBack);
 }
 
 template <class View>

@@ -178,6 +178,20 @@ void WGridRangeReal(I4 iGrid, I4 iColumn, R8 dLow, R8 dHigh) {
   Set_Tip(hGrid, Find_Field(iGrid)->sTip + Range_Words(rule));
 }
 
+void WGridSelectRow(I4 iGrid, I4 iRow) {
+  GridTable* hGrid = Find_Grid(iGrid);
+  if (!hGrid) return;
+  if (iRow > hGrid->rowCount()) return Set_Error(iErrBadArgument);
+  const QSignalBlocker hQuiet(hGrid);
+  hGrid->setCurrentCell(iRow - 1, 0);
+  if (iRow >= 1) hGrid->scrollToItem(hGrid->item(iRow - 1, 0));
+}
+
+I4 WGridSelectedRow(I4 iGrid) {
+  const GridTable* hGrid = Find_Grid(iGrid);
+  return hGrid ? hGrid->currentRow() + 1 : 0;
+}
+
 void WGridPutString(I4 iGrid, I4 iColumn, std::span<const std::string> sText) {
   GridTable* hGrid = Find_Column(iGrid, iColumn);
   if (!hGrid) return;
@@ -211,20 +225,6 @@ void WGridPutMenu(I4 iGrid, I4 iColumn, std::span<const std::string> sEntry, std
     QWidget::setTabOrder(hBefore, hDropDown);
     hBefore = hDropDown;
   }
-}
-
-void WGridSelectRow(I4 iGrid, I4 iRow) {
-  GridTable* hGrid = Find_Grid(iGrid);
-  if (!hGrid) return;
-  if (iRow > hGrid->rowCount()) return Set_Error(iErrBadArgument);
-  const QSignalBlocker hQuiet(hGrid);
-  hGrid->setCurrentCell(iRow - 1, 0);
-  if (iRow >= 1) hGrid->scrollToItem(hGrid->item(iRow - 1, 0));
-}
-
-I4 WGridSelectedRow(I4 iGrid) {
-  const GridTable* hGrid = Find_Grid(iGrid);
-  return hGrid ? hGrid->currentRow() + 1 : 0;
 }
 
 std::vector<std::optional<R4>> WGridGetReal(I4 iGrid, I4 iColumn) {

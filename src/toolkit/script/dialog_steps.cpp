@@ -69,19 +69,19 @@ std::string Switch(Arguments sArgument, const char* sKind, bool bOn) {
   return "";
 }
 
+std::string Choose_Row(QTableWidget* hGrid, I4 iRow) {
+  if (iRow < 1 || iRow > hGrid->rowCount()) return "the table has " + std::to_string(hGrid->rowCount()) + " rows";
+  Take_Focus(hGrid);
+  hGrid->setCurrentCell(iRow - 1, 0);
+  return "";
+}
+
 std::string Choose_Entry(QComboBox* hDropDown, I4 iEntry) {
   if (iEntry < 1 || iEntry > hDropDown->count())
     return "the drop-down has " + std::to_string(hDropDown->count()) + " entries";
   Take_Focus(hDropDown);
   hDropDown->setCurrentIndex(iEntry - 1);
   emit hDropDown->activated(iEntry - 1);
-  return "";
-}
-
-std::string Choose_Row(QTableWidget* hGrid, I4 iRow) {
-  if (iRow < 1 || iRow > hGrid->rowCount()) return "the table has " + std::to_string(hGrid->rowCount()) + " rows";
-  Take_Focus(hGrid);
-  hGrid->setCurrentCell(iRow - 1, 0);
   return "";
 }
 
