@@ -31,6 +31,7 @@ class WithJournal {
     sAvgFile = hBench.sFile;
     sJournalFolder = std::string(File_Dir(hBench.sDiskFile)) + "journal";
     Recovery_Begin();
+    static_cast<void>(History_Keep(""));  // the store is in the caches again, as it is without a journal
   }
   ~WithJournal() {
     Recovery_Declined();

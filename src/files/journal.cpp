@@ -20,12 +20,20 @@ std::uint64_t Sum_of(std::string_view sContent) {
   return Mixed(sContent.size() + 1, sContent);
 }
 
-std::string Record_of(const std::string& sContent) {
+/// A record with room for NContent bytes after its head, which End_Record writes when the content is there.
+std::string Begin_Record(std::size_t NContent) {
   std::string sRecord;
-  sRecord.reserve(NRecordHead + sContent.size());
-  Append(sRecord, static_cast<I8>(sContent.size()));
-  Append(sRecord, Sum_of(sContent));
-  return sRecord += sContent;
+  sRecord.reserve(NRecordHead + NContent);
+  sRecord.resize(NRecordHead);
+  return sRecord;
+}
+
+void End_Record(std::string& sRecord) {
+  const std::string_view sContent = std::string_view(sRecord).substr(NRecordHead);
+  const auto NContent = static_cast<I8>(sContent.size());
+  const std::uint64_t iSum = Sum_of(sContent);
+  std::memcpy(sRecord.data(), &NContent, sizeof NContent);
+  std::memcpy(sRecord.data() + sizeof NContent, &iSum, sizeof iSum);
 }
 
 // ---- a state as bytes
@@ -33,20 +41,13 @@ std::string Record_of(const std::string& sContent) {
 void Append_State(std::string& sBytes, const DataChange& h) {
   Append(sBytes, h.NTrn);
   Append(sBytes, h.hRun.size());
-  for (const DataChange::Run& hRun : h.hRun) Append(sBytes, hRun);
+  sBytes.append(reinterpret_cast<const char*>(h.hRun.data()), h.hRun.size() * sizeof(DataChange::Run));
   Append(sBytes, h.sRun);
   Append(sBytes, h.hPart.size());
   for (const DataChange::Part& hPart : h.hPart) {
     Append(sBytes, hPart.K);
     Append(sBytes, hPart.sBytes);
   }
-}
-
-std::string State_Bytes(const DataChange& h) {
-  std::string sBytes;
-  sBytes.reserve(h.Memory());
-  Append_State(sBytes, h);
-  return sBytes;
 }
 
 bool Take_Runs(std::string_view& sBytes, DataChange& h) {
@@ -93,13 +94,15 @@ struct JournalLayout {
   friend bool operator==(const JournalLayout&, const JournalLayout&) = default;
 };
 
-std::string Head_Content(const JournalHead& h) {
-  std::string sContent;
-  Append(sContent, JournalLayout{});
-  Append(sContent, h.sDataFile);
-  Append(sContent, h.hData);
-  Append(sContent, h.hMde);
-  return sContent;
+std::string Head_Record(const JournalHead& h) {
+  std::string sRecord =
+      Begin_Record(sizeof(JournalLayout) + sizeof(std::size_t) + h.sDataFile.size() + 2 * sizeof(FileStamp));
+  Append(sRecord, JournalLayout{});
+  Append(sRecord, h.sDataFile);
+  Append(sRecord, h.hData);
+  Append(sRecord, h.hMde);
+  End_Record(sRecord);
+  return sRecord;
 }
 
 JournalState Take_Head(std::string_view sContent, JournalHead& h) {
@@ -241,18 +244,23 @@ std::string Journal_Path(std::string_view sFolder, std::string_view sDataFile) {
 }
 
 std::string Journal_Begin(const JournalHead& hHead) {
-  return std::string(sMark) + Record_of(Head_Content(hHead)) + Record_of(State_Bytes(Whole_State()));
+  const DataChange hBase = Whole_State();
+  std::string sBase = Begin_Record(hBase.Memory());
+  Append_State(sBase, hBase);
+  End_Record(sBase);
+  return std::string(sMark) + Head_Record(hHead) + sBase;
 }
 
 std::string Journal_Entry(EditEvent iEvent, const Edit& hEdit) {
+  constexpr std::size_t NWords = 128;  // event, time and name, or a little more
   const DataChange& hState = iEvent == EditEvent::Undone ? hEdit.hBefore : hEdit.hAfter;
-  std::string sContent;
-  sContent.reserve(hState.Memory());
-  Append(sContent, static_cast<I4>(iEvent));
-  Append(sContent, hEdit.hWords.iTime);
-  Append(sContent, hEdit.hWords.bByHand ? std::string() : hEdit.hWords.sEdit);
-  Append_State(sContent, hState);
-  return Record_of(sContent);
+  std::string sRecord = Begin_Record(NWords + hState.Memory());
+  Append(sRecord, static_cast<I4>(iEvent));
+  Append(sRecord, hEdit.hWords.iTime);
+  Append(sRecord, hEdit.hWords.bByHand ? std::string() : hEdit.hWords.sEdit);
+  Append_State(sRecord, hState);
+  End_Record(sRecord);
+  return sRecord;
 }
 
 Journal Journal_Read(std::string_view sBytes) {

@@ -85,10 +85,11 @@ I4 LockedFile::Set_Aside(const std::string& sNewPath) {
     iOSError = EEXIST;
     return 1;
   }
-  const bool bRenamed = Sys_Replace(sPath, sNewPath);
-  if (!bRenamed) iOSError = errno;
+  const bool bWhileOpen = Sys_Replace(sPath, sNewPath);
   Close();
-  return bRenamed ? 0 : 1;
+  if (bWhileOpen || Sys_Replace(sPath, sNewPath)) return 0;  // some systems rename no file that is open
+  iOSError = errno;
+  return 1;
 }
 
 }  // namespace quillan
