@@ -28,7 +28,6 @@ constexpr std::string_view sNotKept = "Edits are not kept for recovery: ";
 // The journal of the file that is open. Recovery_Begin fills it.
 struct Recovery {
   LockedFile hFile;
-  I8 NEditExpected = 0;    // edits that the history has had, were the next one the next
   bool bDeclined = false;  // the user does not want what is in it
   bool bEnds = false;      // the data are those of their file: nothing in it is needed
   bool bStopped = false;   // an edit is missing in it: it gets no more
@@ -54,21 +53,11 @@ void Append_to_Journal(std::string_view sBytes) {
   WAfter(NMsecToDisk, Flush);
 }
 
-/// Edits that the history has had and has in force.
-I8 Edits_So_Far() {
-  return static_cast<I8>(History_Gone().size()) + History_Position();
-}
-
-/// An edit for which the history had no memory is in no record: those after it would be put upon other data.
-bool Follows_the_Last(EditEvent iEvent) {
-  hRecovery.NEditExpected += iEvent == EditEvent::Undone ? -1 : 1;
-  return hRecovery.NEditExpected == Edits_So_Far();
-}
-
+/// Records after an edit that is in none would be put upon other data.
 void On_Edit(EditEvent iEvent, const Edit& hEdit) {
   hRecovery.bDeclined = hRecovery.bEnds = false;
   if (hRecovery.bStopped) return;
-  if (!Follows_the_Last(iEvent)) return Give_Up("out of memory");
+  if (iEvent == EditEvent::Lost) return Give_Up("out of memory");
   try {
     Append_to_Journal(Journal_Entry(iEvent, hEdit));
   } catch (const std::bad_alloc&) {
@@ -77,7 +66,6 @@ void On_Edit(EditEvent iEvent, const Edit& hEdit) {
 }
 
 void Listen() {
-  hRecovery.NEditExpected = Edits_So_Far();
   hRecovery.bDeclined = hRecovery.bEnds = hRecovery.bStopped = false;
   hOnEdit = On_Edit;
 }
@@ -207,7 +195,10 @@ bool Is_Empty(const Journal& h) {
 /// bSaved: the data are those that were saved just now, and what the file held before is gone.
 void Take_Up_Journal(bool bSaved) {
   std::string sBytes;
-  if (hRecovery.hFile.Read(sBytes) != 0) return Give_Up(hRecovery.hFile.Reason());
+  if (hRecovery.hFile.Read(sBytes) != 0) {
+    Give_Up(hRecovery.hFile.Reason());
+    return hRecovery.hFile.Close();  // what it holds is not known, and so it stays
+  }
   Journal h = Journal_Read(sBytes);
   if (Is_Empty(h)) return Begin_Journal();
   if (h.iState != JournalState::Readable) {

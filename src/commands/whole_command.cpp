@@ -16,7 +16,7 @@
 namespace quillan {
 namespace {
 
-/// The way back to the data before a command, which the history has. Its room is given up before it is gone.
+/// The way back to the data before a command, which the history knows. It holds the memory that going back takes.
 class WayBack {
  public:
   WayBack() : hSessionBefore(hSession), hRoom(std::make_unique<char[]>(History_Put_Back_Room())) {}

@@ -223,6 +223,7 @@ bool Do_Again(const JournalRecord& h) {
     case EditEvent::Kept: return Apply(h.sState, h.sEdit);
     case EditEvent::Undone: return Undo(h);
     case EditEvent::Redone: return Redo(h);
+    case EditEvent::Lost: return false;  // is in no journal
   }
   return false;
 }

@@ -85,12 +85,11 @@ void Shadow_Change(const DataChange& hChange) {
   for (const DataChange::Part& h : hChange.hPart) hHistory.sPart[static_cast<std::size_t>(h.K - 1)] = h.sBytes;
 }
 
-/// All of the data at once.
+/// All of the data at once. The room for a full store is taken at the first call and kept.
 void Shadow_All() {
   hHistory.hTrn.reserve(MTrn);
   hHistory.hTrn.assign(Store().begin(), Store().end());
-  hHistory.sPart.clear();
-  for (const HistoryPart& h : History_Parts()) hHistory.sPart.push_back(h.Bytes());
+  for (std::size_t K = 0; K < hHistory.sPart.size(); ++K) hHistory.sPart[K] = History_Parts()[K].Bytes();
 }
 
 // ---- the list of edits
@@ -125,13 +124,11 @@ void Add_Edit(Difference&& h, std::string_view sEdit) {
   while (hHistory.NByte > NHistoryLimit && History_Count() > 1) Drop_Oldest();
 }
 
-/// There is no memory for an edit: it stands, and what came before it cannot be reached any more.
-void Give_Up_Edits() {
+void Forget_Edits() {
   hHistory.hEdit.clear();
   hHistory.iPosition = 0;
   hHistory.iSaved = iNowhere;
   hHistory.NByte = 0;
-  History_Follow();
 }
 
 void Tell(EditEvent iEvent, const Edit& h) {
@@ -148,7 +145,9 @@ void Put(const DataChange& hChange) {
 }  // namespace
 
 void History_Begin() {
-  hHistory = {};
+  Forget_Edits();
+  hHistory.hGone.clear();
+  hHistory.iSaved = 0;
   Shadow_All();
   Saved_Take(hHistory.hTrn, hHistory.sPart);
 }
@@ -160,7 +159,9 @@ bool History_Keep(std::string_view sEdit) {
     Shadow_Change(h.hAfter);
     Add_Edit(std::move(h), sEdit);
   } catch (const std::bad_alloc&) {
-    Give_Up_Edits();
+    Forget_Edits();
+    History_Follow();
+    Tell(EditEvent::Lost, {});
     return true;
   }
   Tell(EditEvent::Kept, hHistory.hEdit.back());
@@ -180,16 +181,18 @@ void History_Saved() {
 
 const Edit* History_Undo() {
   if (hHistory.iPosition == 0) return nullptr;
-  const Edit& h = History_Edit(hHistory.iPosition--);
+  const Edit& h = History_Edit(hHistory.iPosition);
   Put(h.hBefore);
+  --hHistory.iPosition;
   Tell(EditEvent::Undone, h);
   return &h;
 }
 
 const Edit* History_Redo() {
   if (hHistory.iPosition == History_Count()) return nullptr;
-  const Edit& h = History_Edit(++hHistory.iPosition);
+  const Edit& h = History_Edit(hHistory.iPosition + 1);
   Put(h.hAfter);
+  ++hHistory.iPosition;
   Tell(EditEvent::Redone, h);
   return &h;
 }

@@ -35,10 +35,15 @@ struct Edit {
 };
 
 /// What became of an edit, for those who record it.
-enum class EditEvent { Kept, Undone, Redone };
+enum class EditEvent {
+  Kept,
+  Undone,
+  Redone,
+  Lost  // the data have changed, and there was no memory to say how: the edit is an empty one
+};
 
 // Module state.
-/// Called with each edit when it was kept, undone or redone; empty: nobody listens.
+/// Called with each event and its edit; empty: nobody listens.
 inline std::function<void(EditEvent, const Edit&)> hOnEdit;
 inline std::size_t NHistoryLimit = NHistoryMost;  // bytes that the edits may hold
 

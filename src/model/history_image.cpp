@@ -101,9 +101,8 @@ std::string Loop_Bytes() {
 }
 
 bool Put_Loops(std::string_view sBytes) {
-  const std::size_t NLoopBytes = sBytes.size() - 2 * sizeof(I4);
   I4 NUsed = 0, NError = 0;
-  if (!Take(sBytes, NUsed) || !Take(sBytes, NError) || NLoopBytes % sizeof(WireLoop) != 0) return false;
+  if (!Take(sBytes, NUsed) || !Take(sBytes, NError) || sBytes.size() % sizeof(WireLoop) != 0) return false;
   hTxw.Clear();
   for (I4 K = 1; !sBytes.empty(); ++K) {
     hTxw.Add();
@@ -124,6 +123,7 @@ bool Fits_Loops(std::string_view sBytes) {
   return true;
 }
 
+// Recorded edits name a part by its place: a new one goes to the end.
 constexpr HistoryPart hHistoryPart[] = {
     {"survey",     Survey_Bytes, Put_Survey, Fits_Survey},
     Plain<hAvgKept>("kept lines"),
