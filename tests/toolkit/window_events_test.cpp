@@ -280,7 +280,7 @@ TEST_F(WindowEvents, WorkThatWasPutOffIsDoneOnceInTheMiddleOfAWait) {
     ++NDone;
     Push_Message({.iType = MessageType::Timer});
   };
-  WAfter(20, Carry_Out);
+  WAfter(300, Carry_Out);
   WAfter(3600000, [] {});  // does not put off what waits already
   EXPECT_EQ(WMessagePeek().iType, MessageType::None);
   EXPECT_EQ(WMessage().iType, MessageType::Timer);

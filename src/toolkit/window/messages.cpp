@@ -338,8 +338,10 @@ Message WMessagePeek() {
 void WAfter(I4 NMsec, void (*Carry_Out)()) {
   if (Carry_Out && hLater.Carry_Out) return;
   hLater = {Carry_Out, QDeadlineTimer(NMsec)};
-  // The event alone wakes the wait up; the work is not done inside it.
-  if (Carry_Out && QCoreApplication::instance()) QTimer::singleShot(NMsec, QCoreApplication::instance(), [] {});
+  if (!Carry_Out || !QCoreApplication::instance()) return;
+  // The event alone wakes the wait up; the work is not done inside it. Ahead of its time it would wake it for nothing.
+  constexpr I4 NMsecLater = 5;
+  QTimer::singleShot(NMsec + NMsecLater, Qt::PreciseTimer, QCoreApplication::instance(), [] {});
 }
 
 void WMessagePutBack(const Message& hMessage) {
