@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 #include <string_view>
+#include <utility>
 
 #include "commands/history_commands.h"
 #include "commands/session.h"
@@ -28,6 +29,7 @@ constexpr std::string_view sNotKept = "Edits are not kept for recovery: ";
 // The journal of the file that is open. Recovery_Begin fills it.
 struct Recovery {
   LockedFile hFile;
+  std::string sRecord;     // the last record, whose memory the next one uses
   bool bDeclined = false;  // the user does not want what is in it
   bool bEnds = false;      // the data are those of their file: nothing in it is needed
   bool bStopped = false;   // an edit is missing in it: it gets no more
@@ -59,7 +61,8 @@ void On_Edit(EditEvent iEvent, const Edit& hEdit) {
   if (hRecovery.bStopped) return;
   if (iEvent == EditEvent::Lost) return Give_Up("out of memory");
   try {
-    Append_to_Journal(Journal_Entry(iEvent, hEdit));
+    hRecovery.sRecord = Journal_Entry(iEvent, hEdit, std::move(hRecovery.sRecord));
+    Append_to_Journal(hRecovery.sRecord);
   } catch (const std::bad_alloc&) {
     Give_Up("out of memory");
   }

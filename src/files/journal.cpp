@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <optional>
+#include <utility>
 
 #include "foundations/bytes.h"
 #include "foundations/file_util.h"
@@ -21,8 +22,8 @@ std::uint64_t Sum_of(std::string_view sContent) {
 }
 
 /// A record with room for NContent bytes after its head, which End_Record writes when the content is there.
-std::string Begin_Record(std::size_t NContent) {
-  std::string sRecord;
+std::string Begin_Record(std::size_t NContent, std::string sRecord = {}) {
+  sRecord.clear();
   sRecord.reserve(NRecordHead + NContent);
   sRecord.resize(NRecordHead);
   return sRecord;
@@ -252,10 +253,10 @@ std::string Journal_Begin(const JournalHead& hHead) {
   return std::string(sMark) + Head_Record(hHead) + sBase;
 }
 
-std::string Journal_Entry(EditEvent iEvent, const Edit& hEdit) {
+std::string Journal_Entry(EditEvent iEvent, const Edit& hEdit, std::string sRoom) {
   constexpr std::size_t NWords = 128;  // event, time and name, or a little more
   const DataChange& hState = iEvent == EditEvent::Undone ? hEdit.hBefore : hEdit.hAfter;
-  std::string sRecord = Begin_Record(NWords + hState.Memory());
+  std::string sRecord = Begin_Record(NWords + hState.Memory(), std::move(sRoom));
   Append(sRecord, static_cast<I4>(iEvent));
   Append(sRecord, hEdit.hWords.iTime);
   Append(sRecord, hEdit.hWords.bByHand ? std::string() : hEdit.hWords.sEdit);

@@ -70,8 +70,9 @@ std::string Journal_Path(std::string_view sFolder, std::string_view sDataFile);
 
 /// The bytes with which a journal begins: head, and the data as they are as base.
 std::string Journal_Begin(const JournalHead& hHead);
-/// The record of an edit that was kept, undone or redone.
-std::string Journal_Entry(EditEvent iEvent, const Edit& hEdit);
+/// The record of an edit that was kept, undone or redone. sRoom: a record that is done with, whose memory is used
+/// again.
+std::string Journal_Entry(EditEvent iEvent, const Edit& hEdit, std::string sRoom = {});
 
 // ---- reading
 
