@@ -43,6 +43,6 @@ Bench Floor_Section_Small, Bench_Section_Small, Floor_Section_Large, Bench_Secti
     Floor_Curve_Small, Bench_Curve_Small, Floor_Curve_Large, Bench_Curve_Large;
 // history_bench.cpp
 Bench Floor_Click, Bench_Click, Bench_Many_Clicks, Floor_Auto_Skip, Bench_Auto_Skip, Bench_Rule, Bench_Keep_Rule,
-    Bench_Undo;
+    Bench_Undo, Bench_Click_Journal, Bench_Auto_Skip_Journal, Bench_Begin_Journal, Bench_Replay_Journal;
 
 }  // namespace quillan

@@ -1,10 +1,13 @@
-// history_bench.cpp: what the history adds to a click and to a rule over the full store.
+// history_bench.cpp: what the history and the journal add to a click and to a rule over the full store.
 #include <algorithm>
 #include <cstring>
 #include <vector>
 
 #include "benches.h"
 #include "commands/auto_skip_command.h"
+#include "commands/recovery.h"
+#include "files/journal.h"
+#include "foundations/file_util.h"
 #include "model/edits.h"
 #include "model/history.h"
 #include "processing/auto_skip.h"
@@ -21,6 +24,24 @@ void Begin() {
   History_Begin();
 }
 
+/// A journal on a disk for as long as it lives, empty as after a save: its first edit is the next one.
+class WithJournal {
+ public:
+  WithJournal() {
+    sAvgFile = hBench.sFile;
+    sJournalFolder = std::string(File_Dir(hBench.sDiskFile)) + "journal";
+    Recovery_Begin();
+    static_cast<void>(History_Keep(""));  // the store is in the caches again, as it is without a journal
+  }
+  ~WithJournal() {
+    Recovery_Declined();
+    sJournalFolder.clear();
+    Recovery_Begin();
+  }
+  WithJournal(const WithJournal&) = delete;
+  WithJournal& operator=(const WithJournal&) = delete;
+};
+
 /// Flags another window with each call, somewhere in the store.
 void Click() {
   static I4 N = 0;
@@ -35,6 +56,22 @@ void Skip_by_Rule() {
   benchmark::DoNotOptimize(AutoSkip_Filter());
 }
 
+void Click_and_Keep(benchmark::State& state) {
+  for (auto _ : state) {
+    Click();
+    if (!History_Keep("")) state.SkipWithError("the click changed nothing");
+    benchmark::DoNotOptimize(History_Differs_from_File());
+  }
+}
+
+void Skip_and_Keep(benchmark::State& state) {
+  for (auto _ : state) {
+    Skip_by_Rule();
+    if (!History_Keep("Auto Skip")) state.SkipWithError("the rule skipped nothing");
+    benchmark::DoNotOptimize(History_Differs_from_File());
+  }
+}
+
 }  // namespace
 
 /// Every byte of the store is looked at beside its copy.
@@ -46,11 +83,13 @@ void Floor_Click(benchmark::State& state) {
 
 void Bench_Click(benchmark::State& state) {
   Begin();
-  for (auto _ : state) {
-    Click();
-    if (!History_Keep("")) state.SkipWithError("the click changed nothing");
-    benchmark::DoNotOptimize(History_Differs_from_File());
-  }
+  Click_and_Keep(state);
+}
+
+void Bench_Click_Journal(benchmark::State& state) {
+  Begin();
+  const WithJournal hJournal;
+  Click_and_Keep(state);
 }
 
 void Bench_Many_Clicks(benchmark::State& state) {
@@ -83,10 +122,32 @@ void Bench_Keep_Rule(benchmark::State& state) {
 
 void Bench_Auto_Skip(benchmark::State& state) {
   Begin();
+  Skip_and_Keep(state);
+}
+
+void Bench_Auto_Skip_Journal(benchmark::State& state) {
+  Begin();
+  const WithJournal hJournal;
+  Skip_and_Keep(state);
+}
+
+/// What a journal costs when a file is opened or saved: all of the data go into it.
+void Bench_Begin_Journal(benchmark::State& state) {
+  Begin();
+  for (auto _ : state) const WithJournal hJournal;
+}
+
+/// What a killed run costs the next one: the data of the journal and the edits of a rule are put into the store.
+void Bench_Replay_Journal(benchmark::State& state) {
+  Begin();
+  std::string sJournal = Journal_Begin({});
+  hOnEdit = [&sJournal](EditEvent iEvent, const Edit& hEdit) { sJournal += Journal_Entry(iEvent, hEdit); };
+  AutoSkip_Apply(hLimits);
+  static_cast<void>(History_Keep("Auto Skip"));
+  hOnEdit = nullptr;
+  Begin();
   for (auto _ : state) {
-    Skip_by_Rule();
-    if (!History_Keep("Auto Skip")) state.SkipWithError("the rule skipped nothing");
-    benchmark::DoNotOptimize(History_Differs_from_File());
+    if (Journal_Replay(Journal_Read(sJournal)) != 1) state.SkipWithError("the edit is not taken up");
   }
 }
 

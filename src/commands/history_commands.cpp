@@ -146,6 +146,10 @@ void Keep_Edit(std::string_view sMenuText) {
   Keep_Gesture(sEdit);
 }
 
+void End_of_Edits() {
+  End_of_Steps(NTrn, false);
+}
+
 void End_of_Save(bool bSaved) {
   if (bSaved)
     History_Saved();

@@ -27,6 +27,9 @@ void Begin_History();
 /// After a command that can change data, by the words of its menu entry.
 void Keep_Edit(std::string_view sMenuText);
 
+/// After edits were put into the data from elsewhere: what follows from them, and what the window shows.
+void End_of_Edits();
+
 /// After a save, and after one that was given up or failed: what it has completed in the data is no edit.
 void End_of_Save(bool bSaved);
 

@@ -4,6 +4,7 @@
 #include "commands/format_table.h"
 #include "commands/session.h"
 #include "commands/survey_config.h"
+#include "files/file_stamp.h"
 #include "files/mde_file.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
@@ -70,6 +71,9 @@ I4 TEM_Read_Data(std::string& sDataFile) {
   Forget_Last_Survey();
   hSession.sFileName = File_Name(sDataFile);
   std::string sMdeFile = std::string(File_Stem(sDataFile)) + ".mde";
+  Stamps_Forget();
+  Stamp_Note(sDataFile);
+  Stamp_Note(IOsFindCompanion(sMdeFile));
   const I4 iMdeError = MDE_Read(sMdeFile);  // may be missing: the data file can speak for itself
   I4 iError = Read_File(sDataFile, iMdeError);
   if (NTrn < 1) return iError;

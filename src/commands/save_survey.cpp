@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <cstring>
 #include <new>
+#include <vector>
 
 #include "commands/busy_with.h"
 #include "commands/history_commands.h"
 #include "commands/live_dialog.h"
+#include "commands/recovery.h"
 #include "commands/session.h"
+#include "files/file_stamp.h"
 #include "files/mde_file.h"
 #include "files/save_report.h"
 #include "foundations/file_util.h"
@@ -24,6 +27,42 @@ namespace {
 
 constexpr std::string_view sFlagsLost = "Skip flags are set. They will not be in the file.";
 constexpr std::string_view sFlagsMarked = "skipped windows are marked";
+
+std::string Metadata_File(const std::string& sDataFile) {
+  return IOsFindCompanion(std::string(File_Stem(sDataFile)) + ".mde");
+}
+
+/// The names of files in a sentence: "a.avg", "a.avg and a.mde".
+std::string Named(const std::vector<std::string>& sPath) {
+  std::string sNames;
+  for (const std::string& s : sPath) {
+    if (!sNames.empty()) sNames += s == sPath.back() ? " and " : ", ";
+    sNames += File_Name(s);
+  }
+  return sNames;
+}
+
+/// Whether nothing is in the way of a save: what another program has done to its files since they were read or saved
+/// here is overwritten only when the user wants it. It is asked before the first file is touched, and so of every file
+/// that the dialog offers.
+bool May_Save_over(const std::string& sDataFile) {
+  std::vector<std::string> sTarget;
+  for (const FileFormat& h : hFileFormat) {
+    if (h.Write != nullptr) sTarget.push_back(Output_Name(h, sDataFile));
+  }
+  sTarget.push_back(Metadata_File(sDataFile));
+  const std::vector<std::string> sChanged = Changed_on_Disk(sTarget);
+  if (sChanged.empty()) return true;
+  const bool bOne = sChanged.size() == 1;
+  const std::string sWhat = Named(sChanged) + (bOne ? " was" : " were") + " changed by another program";
+  if (WMessageBox(BoxButtons::YesNo, BoxIcon::Warning,
+                  sWhat + " after " + (bOne ? "it was" : "they were") + " read or saved here. Save over " +
+                      (bOne ? "it?" : "them?"),
+                  ""))
+    return true;
+  WindowOutStatusBar(iStatusProgress, "Not saved: " + sWhat + ".");
+  return false;
+}
 
 /// The first save keeps the file as it was; later saves leave that copy alone. Returns 0; 1 when the copy failed.
 I4 Keep_Backup(const std::string& sDataFile) {
@@ -59,8 +98,15 @@ I4 Write_Formats(const std::string& sDataFile, const OutputFormats& hFormats) {
       return iError;
     }
     if (hSaveState.sSaved.empty()) hSaveState.sSaved = File_Name(sFile);
+    Stamp_Note(sFile);
   }
   return 0;
+}
+
+I4 Update_Metadata(const std::string& sDataFile) {
+  const I4 iError = MDE_Update(std::string(File_Stem(sDataFile)) + ".mde");
+  if (iError == 0) Stamp_Note(Metadata_File(sDataFile));
+  return iError;
 }
 
 /// A failed save stays in sight until one succeeds. A save that the user gave up says nothing of either.
@@ -70,13 +116,13 @@ void Show_Outcome() {
 }
 
 I4 Save_All(const std::string& sDataFile) {
-  if (Keep_Backup(sDataFile) != 0) return 1;
+  if (!May_Save_over(sDataFile) || Keep_Backup(sDataFile) != 0) return 1;
   if (Select_Output_Formats(sDataFile, hOutput) != 0) return 1;
 
   hSession.bUpdateAVG = false;
   Prepare_Output(Is_Chosen(AVG_Write));
   if (const I4 iError = Write_Formats(sDataFile, hOutput); iError != 0) return iError;
-  return MDE_Update(std::string(File_Stem(sDataFile)) + ".mde");
+  return Update_Metadata(sDataFile);
 }
 
 // ---- dialog 104
@@ -137,7 +183,9 @@ I4 TEM_Write_Data(std::string_view sFile) {
   try {
     const I4 iError = Save_All(std::string(Trimmed(sFile)));
     Show_Outcome();
-    End_of_Save(!hSaveState.sSaved.empty() && hSaveState.sFailed.empty());
+    const bool bSaved = !hSaveState.sSaved.empty() && hSaveState.sFailed.empty();
+    End_of_Save(bSaved);
+    if (bSaved) Recovery_Saved();
     return iError;
   } catch (const std::bad_alloc&) {
     hSession.bUpdateAVG = true;
@@ -185,7 +233,10 @@ I4 Save_Data_As() {
 bool Saves_First() {
   if (!hSession.bUpdateAVG) return false;
   const std::string sQuestion = "Should " + hSession.sFileName + " data be saved?";
-  if (!WMessageBox(BoxButtons::YesNo, BoxIcon::Question, sQuestion, "")) return false;
+  if (!WMessageBox(BoxButtons::YesNo, BoxIcon::Question, sQuestion, "")) {
+    Recovery_Declined();
+    return false;
+  }
   (void)Save_Data();  // a failure has been reported, and the data are still there
   return true;
 }

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cstring>
-#include <numeric>
+#include <memory>
 #include <tuple>
 #include <type_traits>
 
+#include "foundations/bytes.h"
 #include "metadata/mdp_data.h"
+#include "model/sound_data.h"
 #include "model/stn_data.h"
 #include "model/txw_data.h"
 
@@ -41,41 +43,6 @@ auto Fields(StationTable& h) {
 
 // ---- values as bytes
 
-template <class Value>
-std::string_view Bytes_of(const Value& h) {
-  static_assert(std::is_trivially_copyable_v<Value>);
-  return {reinterpret_cast<const char*>(&h), sizeof h};
-}
-
-template <class Value>
-void Append(std::string& sBytes, const Value& h) {
-  sBytes += Bytes_of(h);
-}
-
-/// A text of any length goes with its length.
-void Append(std::string& sBytes, const std::string& sText) {
-  Append(sBytes, sText.size());
-  sBytes += sText;
-}
-
-/// Takes a value from the front of sBytes. False: there are too few.
-template <class Value>
-bool Take(std::string_view& sBytes, Value& h) {
-  static_assert(std::is_trivially_copyable_v<Value>);
-  if (sBytes.size() < sizeof h) return false;
-  std::memcpy(reinterpret_cast<char*>(&h), sBytes.data(), sizeof h);
-  sBytes.remove_prefix(sizeof h);
-  return true;
-}
-
-bool Take(std::string_view& sBytes, std::string& sText) {
-  std::size_t NByte = 0;
-  if (!Take(sBytes, NByte) || sBytes.size() < NByte) return false;
-  sText.assign(sBytes.substr(0, NByte));
-  sBytes.remove_prefix(NByte);
-  return true;
-}
-
 /// A column goes with its length.
 template <class T>
 void Append(std::string& sBytes, const StationColumn<T>& hColumn) {
@@ -109,10 +76,16 @@ bool Put_Plain(std::string_view sBytes) {
   return sBytes.size() == sizeof hValue && Take(sBytes, hValue);
 }
 
+template <auto& hValue>
+bool Fits_Plain(std::string_view sBytes) {
+  const auto h = std::make_unique<std::remove_reference_t<decltype(hValue)>>();
+  return sBytes.size() == sizeof *h && Take(sBytes, *h) && Is_Sound(*h);
+}
+
 /// A part that is one record without texts of its own.
 template <auto& hValue>
 constexpr HistoryPart Plain(std::string_view sName) {
-  return {sName, Plain_Bytes<hValue>, Put_Plain<hValue>};
+  return {sName, Plain_Bytes<hValue>, Put_Plain<hValue>, Fits_Plain<hValue>};
 }
 
 /// A part that is a record of fields.
@@ -145,6 +118,10 @@ bool Put_File(std::string_view sBytes) {
   return true;
 }
 
+bool Fits_File(std::string_view sBytes) {
+  return sBytes.find('\0') == std::string_view::npos;
+}
+
 std::string Loop_Bytes() {
   std::string sBytes;
   Append(sBytes, NTxw);
@@ -166,32 +143,36 @@ bool Put_Loops(std::string_view sBytes) {
   return true;
 }
 
-/// Whether every point and line that the counts speak of is there, and every line's points are.
-bool Is_Whole(const StationTable& h) {
-  const auto Holds = [](I4 N, const auto&... hColumn) { return N >= 0 && ((N <= hColumn.NItem()) && ...); };
-  if (!Holds(h.NStn, h.fStnS, h.fStnL, h.fStnX, h.fStnY, h.fStnZ, h.fStnH, h.fStnP, h.fStnR, h.fStnD, h.iMuxBox,
-             h.iMuxChn) ||
-      !Holds(h.NStnLine, h.dStnLine, h.iStnBeg, h.iStnEnd, h.hLineStat))
-    return false;
-  for (I4 K = 1; K <= h.NStnLine; ++K) {
-    if (h.iStnBeg(K) < 1 || h.iStnEnd(K) < h.iStnBeg(K) || h.iStnEnd(K) > h.NStn) return false;
+bool Fits_Loops(std::string_view sBytes) {
+  I4 NUsed = 0, NError = 0;
+  if (!Take(sBytes, NUsed) || !Take(sBytes, NError) || sBytes.size() % sizeof(WireLoop) != 0) return false;
+  if (NUsed < 0 || static_cast<std::size_t>(NUsed) > sBytes.size() / sizeof(WireLoop)) return false;
+  for (WireLoop h; Take(sBytes, h);) {
+    if (!Is_Sound(h)) return false;
   }
   return true;
 }
 
 bool Put_Stations(std::string_view sBytes) {
   StationTable h;
-  if (!Take_Fields(sBytes, h) || !Is_Whole(h)) return false;
+  if (!Take_Fields(sBytes, h)) return false;
   hStn = std::move(h);
   return true;
 }
 
+/// The same for any record of fields that can be worked with.
+template <class Record>
+bool Fits_Fields(std::string_view sBytes) {
+  Record h;
+  return Take_Fields(sBytes, h) && Is_Sound(h);
+}
+
 // Recorded edits name a part by its place: a new one goes to the end.
 constexpr HistoryPart hHistoryPart[] = {
-    {"survey",     Field_Bytes<hTemSurvey>, Put_Survey  },
+    {"survey",     Field_Bytes<hTemSurvey>, Put_Survey,   Fits_Fields<Survey>      },
     Plain<hAvgKept>("kept lines"),
-    {"file name",  File_Bytes,              Put_File    },
-    {"wire loops", Loop_Bytes,              Put_Loops   },
+    {"file name",  File_Bytes,              Put_File,     Fits_File                },
+    {"wire loops", Loop_Bytes,              Put_Loops,    Fits_Loops               },
     Plain<MdJob>("metadata"),
     Plain<MdSurvey>("metadata"),
     Plain<MdUnit>("metadata"),
@@ -203,7 +184,7 @@ constexpr HistoryPart hHistoryPart[] = {
     Plain<MdTx>("metadata"),
     Plain<MdRx>("metadata"),
     Plain<MdChn>("metadata"),
-    {"stations",   Field_Bytes<hStn>,       Put_Stations},
+    {"stations",   Field_Bytes<hStn>,       Put_Stations, Fits_Fields<StationTable>},
 };
 
 // ---- transients
@@ -231,21 +212,38 @@ DataChange::Run Differing_Memory(I4 j, const Transient& h1, const Transient& h2)
   return {j, static_cast<I4>(iFirst), static_cast<I4>(iEnd - iFirst)};
 }
 
-/// Eight bytes at a time: a whole store is gone through in a few milliseconds.
-std::uint64_t Mixed(std::uint64_t iPrint, std::string_view sBytes) {
-  constexpr std::uint64_t iFactor = 0x9E3779B97F4A7C15U;
-  for (std::size_t I = 0; I < sBytes.size(); I += sizeof iPrint) {
-    std::uint64_t iWord = 0;
-    std::memcpy(&iWord, sBytes.data() + I, std::min(sizeof iWord, sBytes.size() - I));
-    iPrint = (iPrint ^ iWord) * iFactor;
-    iPrint ^= iPrint >> 29U;
-  }
-  return iPrint;
+bool Is_Inside(const DataChange::Run& h) {
+  return h.j >= 1 && h.iByte0 >= 0 && h.NByte >= 0 && I8{h.iByte0} + h.NByte <= static_cast<I8>(sizeof(Transient));
 }
 
-bool Is_Inside(const DataChange::Run& h) {
-  return h.j >= 1 && h.j <= MTrn && h.iByte0 >= 0 && h.NByte >= 0 &&
-         I8{h.iByte0} + h.NByte <= static_cast<I8>(sizeof(Transient));
+/// Runs that rise within the store of a change, hold as many bytes as there are, and give all of a transient that is
+/// not there yet.
+bool Runs_Fit(const DataChange& hChange) {
+  I8 NByte = 0, NNew = 0;
+  I4 jLast = 0;
+  for (const DataChange::Run& h : hChange.hRun) {
+    if (!Is_Inside(h) || h.j <= jLast || h.j > hChange.NTrn) return false;
+    if (h.j > NTrn && h.NByte == static_cast<I4>(sizeof(Transient))) ++NNew;
+    jLast = h.j;
+    NByte += h.NByte;
+  }
+  return NByte == static_cast<I8>(hChange.sRun.size()) && NNew == std::max(hChange.NTrn - NTrn, 0);
+}
+
+bool Transients_Are_Sound(const DataChange& hChange) {
+  const char* hBytes = hChange.sRun.data();
+  Transient hAfter;
+  for (const DataChange::Run& h : hChange.hRun) {
+    hAfter = hTrn(h.j);
+    std::memcpy(reinterpret_cast<char*>(&hAfter) + h.iByte0, hBytes, static_cast<std::size_t>(h.NByte));
+    hBytes += h.NByte;
+    if (!Is_Sound(hAfter)) return false;
+  }
+  return true;
+}
+
+bool Part_Fits(const DataChange::Part& h) {
+  return h.K >= 1 && h.K <= static_cast<I4>(std::size(hHistoryPart)) && hHistoryPart[h.K - 1].Fits(h.sBytes);
 }
 
 }  // namespace
@@ -277,12 +275,8 @@ void Add_Run(DataChange& hChange, const DataChange::Run& hRun, const Transient& 
 }
 
 bool Fits(const DataChange& hChange) {
-  const I8 NByte = std::accumulate(hChange.hRun.begin(), hChange.hRun.end(), I8{0},
-                                   [](I8 N, const DataChange::Run& h) { return N + h.NByte; });
-  constexpr auto NPart = static_cast<I4>(std::size(hHistoryPart));
-  return hChange.NTrn >= 0 && hChange.NTrn <= MTrn && std::ranges::all_of(hChange.hRun, Is_Inside) &&
-         NByte == static_cast<I8>(hChange.sRun.size()) &&
-         std::ranges::all_of(hChange.hPart, [](const DataChange::Part& h) { return h.K >= 1 && h.K <= NPart; });
+  return hChange.NTrn >= 0 && hChange.NTrn <= MTrn && Runs_Fit(hChange) && Transients_Are_Sound(hChange) &&
+         std::ranges::all_of(hChange.hPart, Part_Fits);
 }
 
 void Put_Transients(const DataChange& hChange, Transient* hTarget) {

@@ -20,8 +20,9 @@ namespace quillan {
 /// A part of the data, transients apart. Several rows may have one name, which is what the user reads.
 struct HistoryPart {
   std::string_view sName;
-  std::string (*Bytes)();                // the part as it is
-  bool (*Put)(std::string_view sBytes);  // makes it what it was when Bytes gave that; false: it never did
+  std::string (*Bytes)();                 // the part as it is
+  bool (*Put)(std::string_view sBytes);   // makes it what it was when Bytes gave that; false: it never did
+  bool (*Fits)(std::string_view sBytes);  // whether bytes from elsewhere can be put, and their counts and codes hold
 };
 
 /// One row a part. A new part of the data is a new row.
@@ -57,7 +58,8 @@ bool Is_in_Flags(const DataChange::Run& hRun);
 /// Adds the bytes of a run, taken from h.
 void Add_Run(DataChange& hChange, const DataChange::Run& hRun, const Transient& h);
 
-/// Whether a change from elsewhere fits the store and the table of parts.
+/// Whether a change from elsewhere fits the store and the parts, and leaves them with counts, codes and flags that the
+/// program can work with.
 bool Fits(const DataChange& hChange);
 
 /// Puts the transients of a change that fits into hTarget, whose element 0 is transient 1.

@@ -9,6 +9,7 @@
 #include "commands/history_commands.h"
 #include "commands/open_file.h"
 #include "commands/open_survey.h"
+#include "commands/recovery.h"
 #include "commands/session.h"
 #include "commands/whole_command.h"
 #include "foundations/file_util.h"
@@ -67,6 +68,7 @@ void Read_First_File() {
   hSession.bUpdateAVG = false;
   Begin_History();
   Show_No_Data();
+  Recovery_Begin();
 }
 
 // ---- loop

@@ -16,6 +16,8 @@ constexpr std::string_view sHelpText =
     "                      quillan-example\n"
     "  --script STEPS.txt  play the steps of a file as the user's input; without a\n"
     "                      display this runs off-screen\n"
+    "  --journal FOLDER    where edits are kept until they are saved, in place of the\n"
+    "                      user's state folder; a script without it keeps none\n"
     "  --version           print version and build, and end\n"
     "  --help              print this help and end\n"
     "  --                  what follows is a file, whatever it begins with\n"
@@ -34,10 +36,11 @@ struct Option {
   std::string_view sMissing;  // what its value is
 };
 constexpr Option hOption[] = {
-    {"--help",    &Options::bHelp,    nullptr,           ""                  },
-    {"--version", &Options::bVersion, nullptr,           ""                  },
-    {"--example", &Options::bExample, nullptr,           ""                  },
-    {"--script",  nullptr,            &Options::sScript, "the name of a file"},
+    {"--help",    &Options::bHelp,    nullptr,            ""                    },
+    {"--version", &Options::bVersion, nullptr,            ""                    },
+    {"--example", &Options::bExample, nullptr,            ""                    },
+    {"--script",  nullptr,            &Options::sScript,  "the name of a file"  },
+    {"--journal", nullptr,            &Options::sJournal, "the name of a folder"},
 };
 
 // The window system takes these itself; each has a value.

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDropEvent>
 #include <QEventLoop>
 #include <QFile>
@@ -20,6 +21,7 @@
 #include <map>
 #include <memory>
 #include <new>
+#include <utility>
 
 #include "toolkit/draw/draw.h"
 #include "toolkit/window/log_text.h"
@@ -215,6 +217,17 @@ class WindowWatch : public QObject {
   }
 };
 
+// What WAfter was given.
+struct Later {
+  void (*Carry_Out)() = nullptr;
+  QDeadlineTimer hWhen;
+};
+Later hLater;
+
+void Do_What_Is_Due() {
+  if (hLater.Carry_Out && hLater.hWhen.hasExpired()) std::exchange(hLater.Carry_Out, nullptr)();
+}
+
 constexpr int MSettle = 1000;        // rounds of events before a step is played in any case
 constexpr int NMsecOnScreen = 2000;  // for a window system to show the window
 
@@ -272,6 +285,7 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
   if (!QCoreApplication::instance()) return;
   if (Drawing_Area()) IGrFlush();
   Suspend_Busy(true);
+  Do_What_Is_Due();
   while (!bDone()) {
     if (hPlayStep) {
       Await_Window();
@@ -279,6 +293,7 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
     } else {
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
+    Do_What_Is_Due();
     if (!bDone()) {
       LogText_Follow();
       if (hPlayStep) hPlayStep();
@@ -337,9 +352,19 @@ Message WMessage() {
 }
 
 Message WMessagePeek() {
+  Do_What_Is_Due();
   if (Drawing_Area()) IGrFlush();
   if (QCoreApplication::instance()) QCoreApplication::processEvents();
   return Take_Message();
+}
+
+void WAfter(I4 NMsec, void (*Carry_Out)()) {
+  if (Carry_Out && hLater.Carry_Out) return;
+  hLater = {Carry_Out, QDeadlineTimer(NMsec)};
+  if (!Carry_Out || !QCoreApplication::instance()) return;
+  // The event alone wakes the wait up; the work is not done inside it. Ahead of its time it would wake it for nothing.
+  constexpr I4 NMsecLater = 5;
+  QTimer::singleShot(NMsec + NMsecLater, Qt::PreciseTimer, QCoreApplication::instance(), [] {});
 }
 
 void WMessagePutBack(const Message& hMessage) {

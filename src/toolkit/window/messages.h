@@ -64,6 +64,11 @@ struct Message {
 /// Takes the next message if one waits, else gives one of type None at once. Lets the window repaint.
 [[nodiscard]] Message WMessagePeek();
 
+/// Calls a procedure once, when NMsec have passed, while the program waits for the user in any window or looks whether
+/// there is a message: for work that can wait, but not long, and is nothing that the user sees. A call before that
+/// changes nothing; null: no call any more.
+void WAfter(I4 NMsec, void (*Carry_Out)());
+
 /// Puts a message back before all others: the next WMessage gives it again. For a routine that waits inside another
 /// loop and meets what only that loop can answer, a close request above all.
 void WMessagePutBack(const Message& hMessage);
