@@ -54,6 +54,10 @@ void QCC_Plot_Initialize(I4 j, I4 iPlotType);
 /// Draws the curve and leaves its plot units in force. Without a point the window is blank, and there are none.
 void QCC_Plot_Trns(const TitleRoom& hTitleRoom = {});
 
+/// The point in view nearest to a click, within fRGrMax of it in graphics units, of equally near ones the earliest; 0
+/// where there is none.
+[[nodiscard]] I4 QCC_Nearest_Point(const GrPoint& hClick, R4 fRGrMax);
+
 /// The flag of the point nearest to a click, of those in view whose flag would change and that lie within fRGrMax, all
 /// in graphics units: set or cleared in its time window. Of points equally near the earliest. Returns whether there is
 /// a point at all within reach, whatever its flag.

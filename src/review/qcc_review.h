@@ -9,6 +9,7 @@
 //   X, Esc              leave
 //   left, right click   set, clear the skip flag of the point nearest to it
 //   left, right drag    set, clear the flags of all points in the box
+//   Ctrl with a click   set, clear the flags of the point's window and all later ones
 #pragma once
 
 #include "base/types.h"

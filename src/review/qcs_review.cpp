@@ -8,6 +8,7 @@
 #include "foundations/str_write.h"
 #include "model/edits.h"
 #include "platform/file_names.h"
+#include "review/flag_many.h"
 #include "review/plot/gestures.h"
 #include "review/plot/mode_hint.h"
 #include "review/plot/plot_mouse.h"
@@ -272,14 +273,32 @@ constexpr Gesture<SectionView> hGesture[] = {
 };
 // clang-format on
 
-void On_Press(SectionView& hView, const Message& hPress) {
-  if (hPress.VALUE2 == iByWheel) return hPress.VALUE1 == iMouseForward ? Next(hView) : Previous(hView);
-  if (hPress.VALUE1 != iMouseLeft && hPress.VALUE1 != iMouseRight) return;
+/// A click flags the point nearest to it, with Shift its window at all stations, with Ctrl all later windows of the
+/// sounding too.
+void Flag_at(SectionView& hView, const Message& hPress, L4 bSkip) {
   const PickedPoint hPicked = Point_at(hView, {hPress.GX, hPress.GY}, fReachFlag);
   hView.iTrn = hPicked.iTrn;
   if (hPicked.iTrn == 0) return Say_No_Point();
-  Edit_Window_Flag(hPicked.iTrn, hPicked.iTwc, hPress.VALUE1 == iMouseLeft);
   hView.bRedraw = true;
+  if (hPress.bShift) return Say_Flagged(bSkip, QCS_Flag_Window(bSkip, hView.iSection, hPicked.iTwc));
+  if (hPress.bCtrl) return Say_Flagged(bSkip, Flag_Later_Windows(bSkip, hPicked.iTrn, hPicked.iTwc));
+  Edit_Window_Flag(hPicked.iTrn, hPicked.iTwc, bSkip);
+}
+
+/// A drag with Shift flags the points in a box; one too small for a box is a click.
+void Flag_Box(SectionView& hView, const Message& hPress, L4 bSkip) {
+  const MouseBox h = IGr_SelectMouseBox(hPress);
+  if (h.iError != 0) return;
+  if (!Is_Box(h.hBox)) return Flag_at(hView, hPress, bSkip);
+  Say_Flagged(bSkip, QCS_Flag_Box(bSkip, h.hBox, hView.hRange));
+  hView.bRedraw = true;
+}
+
+void On_Press(SectionView& hView, const Message& hPress) {
+  if (hPress.VALUE2 == iByWheel) return hPress.VALUE1 == iMouseForward ? Next(hView) : Previous(hView);
+  if (hPress.VALUE1 != iMouseLeft && hPress.VALUE1 != iMouseRight) return;
+  const L4 bSkip = hPress.VALUE1 == iMouseLeft;
+  return hPress.bShift ? Flag_Box(hView, hPress, bSkip) : Flag_at(hView, hPress, bSkip);
 }
 
 void On_Field(SectionView& hView, I4) {

@@ -84,6 +84,7 @@ I4 Key_Code(const QKeyEvent& hEvent) {
   for (const auto& hRow : hNamedKey) {
     if (hEvent.key() == hRow.iQtKey) return hRow.iKey;
   }
+  if (hEvent.modifiers() == Qt::ControlModifier && hEvent.key() == Qt::Key_E) return iKeyCtrlE;
   if (hEvent.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return 0;
   const auto hCharacter = hEvent.text().toUcs4();
   return hCharacter.isEmpty() || !QChar::isPrint(hCharacter[0]) ? 0 : static_cast<I4>(hCharacter[0]);
@@ -113,6 +114,8 @@ Message At_Pixel(MessageType iType, QPointF hPixel) {
 void On_Mouse(MessageType iType, const QMouseEvent& hEvent) {
   Message hMessage = At_Pixel(iType, hEvent.position());
   hMessage.VALUE1 = Button_Number(hEvent.button());
+  hMessage.bShift = hEvent.modifiers().testFlag(Qt::ShiftModifier);
+  hMessage.bCtrl = hEvent.modifiers().testFlag(Qt::ControlModifier);
   if (hMessage.VALUE1 == 0 && iType != MessageType::MouseMove) return;
   if (iType == MessageType::MouseDown) hDialogs.Focus_Plot();
   Push_Message(hMessage);
