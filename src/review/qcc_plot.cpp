@@ -134,6 +134,14 @@ void Draw_Data() {
   IGrColour("BLACK");
 }
 
+void Draw_Plot(const TitleRoom& hTitleRoom) {
+  Decay_Clear();
+  if (hCurve.NPobs < 1) return IPgForget();  // no units of an earlier curve
+  Decay_Frame({hCurve.hRange, hCurve.sTitle.trimmed(), hCurve.sYLabel, hCurve.hYTick}, hTitleRoom);
+  Draw_Data();
+  IGrFlush();
+}
+
 // ---- gestures
 
 /// The point in view nearest to a click, of those that Is_Meant; 0 where none lies within fRGrMax.
@@ -173,12 +181,13 @@ void QCC_Plot_Initialize(I4 j, I4 iPlotType) {
 }
 
 void QCC_Plot_Trns(const TitleRoom& hTitleRoom) {
-  Decay_Clear();
-  if (hCurve.NPobs < 1) return IPgForget();  // no units of an earlier curve
-  Decay_Frame({hCurve.hRange, hCurve.sTitle.trimmed(), hCurve.sYLabel, hCurve.hYTick}, hTitleRoom);
-  Draw_Data();
-  IGrFlush();
+  Draw_Plot(hTitleRoom);
   InqWintError("QCC_Plot_Trns");
+}
+
+I4 QCC_Plot_File(std::string_view sFile, const PictureKind& hKind, std::string_view sSmallPrint) {
+  return Plot_into_File(
+      hKind, sFile, [] { Draw_Plot({}); }, sSmallPrint);
 }
 
 I4 QCC_Nearest_Point(const GrPoint& hClick, R4 fRGrMax) {

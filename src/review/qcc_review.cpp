@@ -11,7 +11,9 @@
 #include "review/plot/mode_hint.h"
 #include "review/plot/plot_mouse.h"
 #include "review/plot/plot_title.h"
+#include "review/qcc_export.h"
 #include "review/qcc_plot.h"
+#include "review/review_export.h"
 #include "review/tool_window.h"
 #include "toolkit/dialog/dialog.h"
 #include "toolkit/window/window.h"
@@ -114,6 +116,13 @@ void Zoom_All(CurveView& h) {
   h.bRedraw = true;
 }
 
+/// The picture was drawn into the file with its own plot units.
+void Export(CurveView& h) {
+  if (hCurve.NPobs < 1) return WindowOutStatusBar(2, "There is no curve to export.");
+  Review_Export({QCC_Export_Stem(sAvgFile), QCC_Export_Subject(), QCC_Plot_File, QCC_Write_CSV});
+  h.bRedraw = true;
+}
+
 // clang-format off
 constexpr Gesture<CurveView> hGesture[] = {
     // button         key        procedure
@@ -130,6 +139,7 @@ constexpr Gesture<CurveView> hGesture[] = {
     {iBtnZoomIn,      0,         Zoom_In     },
     {iBtnZoomAll,     0,         Zoom_All    },
     {iBtnViewSection, 0,         View_Section},
+    {iCmdExport,      iKeyCtrlE, Export      },
     {iBtnSaveData,    0,         Save_Data   },
     {iBtnExitReview,  'X',       Exit_Review },
     {0,               iKeyEsc,   Exit_Review },

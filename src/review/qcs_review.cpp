@@ -16,6 +16,7 @@
 #include "review/qcs_export.h"
 #include "review/qcs_plot.h"
 #include "review/qcs_sections.h"
+#include "review/review_export.h"
 #include "review/tool_window.h"
 #include "toolkit/dialog/dialog.h"
 #include "toolkit/draw/draw.h"
@@ -210,9 +211,7 @@ Export Begin_Table(const SectionView& hView) {
 /// Says in the status bar what became of an export. The window is drawn again: plot units are those of a picture until
 /// then, and a table leaves it blank.
 void End_Export(SectionView& hView, const Export& h, I4 iError) {
-  const std::string_view sEarlier = h.bReplaces ? "; an earlier file was replaced." : "; no file was replaced.";
-  WindowOutStatusBar(
-      2, iError == 0 ? "Written: " + h.sNames + std::string(sEarlier) : h.sNames + " could not be written.");
+  Say_Exported(h.sNames, h.bReplaces, iError);
   hView.bRedraw = true;
 }
 
@@ -230,6 +229,25 @@ void Export_Csv(SectionView& hView) {
   WindowClear();
   const Export h = Begin_Table(hView);
   End_Export(hView, h, QCS_Section_Write_CSV(h.sFile, hView.iSection, hView.iPlotType));
+}
+
+/// What is exported, in words.
+std::string Export_Subject(const SectionView& h) {
+  return "Section " + Str_Write_I4(h.iSection).str() + "/" + Str_Write_I4(NSection).str() + ", " +
+         Section_Type(hTrn(hSection(h.iSection).iTrnBeg).iRxCmp, h.iPlotType);
+}
+
+/// By a name of the user's own.
+void Export_Any(SectionView& h) {
+  const auto Write_Picture = [&h](std::string_view sFile, const PictureKind& hKind, std::string_view sSmallPrint) {
+    return QCS_Section_Plot_File(sFile, hKind, {h.iSection, h.iPlotType, h.hRange}, sSmallPrint);
+  };
+  const auto Write_Table = [&h](std::string_view sFile) {
+    WindowClear();
+    return QCS_Section_Write_CSV(sFile, h.iSection, h.iPlotType);
+  };
+  Review_Export({Export_Path(h, ""), Export_Subject(h), Write_Picture, Write_Table, true});
+  h.bRedraw = true;
 }
 
 void Leave_to_Save(SectionView& hView) {
@@ -260,6 +278,8 @@ constexpr Gesture<SectionView> hGesture[] = {
         "Export profile plot to portable network graphics (PNG) file.", ""}},
     {0,                 0,         Export_Csv,    {1, iCmdExportCsv,     "Export profile data to CSV",
         "Export profile data to a CSV file", ""}},
+    {0,                 0,         Export_Any,    {1, iCmdExport,        "Export...",
+        "Export the plot or its data to a file of any name: SVG, PDF, PNG, WMF or CSV", "Ctrl+E"}},
     {iBtnSaveData,      0,         Leave_to_Save, {0, iCmdSaveData,      "Save Data",
         "Save data in updated avg file or other data file formats.", "Ctrl+S"}},
     {iBtnExitReview,    0,         Leave,         {0, iCmdExit,          "Exit Review",
