@@ -11,7 +11,6 @@
 #include "toolkit/draw/draw.h"
 
 namespace quillan {
-
 namespace {
 
 // Small print, as fractions of its strip: letters of 2.5 and 1.8 millimetres.

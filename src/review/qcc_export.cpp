@@ -40,19 +40,17 @@ std::string QCC_Export_Stem(std::string_view sDataFile) {
 }
 
 std::string QCC_Export_Subject() {
-  return "Transient " + Str_Write_I4(hCurve.iTrn).str() + "/" + Str_Write_I4(NTrn).str() + ", Tx " +
-         Station(On_Show().dTxStn) + ", Rx " + Station(On_Show().dRxStn) + ", " + hCurve.sYLabel;
+  return "Section " + Str_Write_I4(On_Show().iSection).str() + ", transient " + Str_Write_I4(hCurve.iTrn).str() + "/" +
+         Str_Write_I4(NTrn).str() + ", Tx " + Station(On_Show().dTxStn) + ", Rx " + Station(On_Show().dRxStn) + ", " +
+         hCurve.sYLabel;
 }
 
 I4 QCC_Write_CSV(std::string_view sCsvFile) {
   Begin_Table("Exporting TEM curve data to", sCsvFile);
   TextWriter out(sCsvFile);
-  for (const std::string_view sField :
-       {std::string_view("Window"), std::string_view("Time (msec)"), std::string_view(hCurve.sYLabel),
-        std::string_view("Error (%)"), std::string_view("Skipped")}) {
-    Put_Field(out, sField);
-  }
-  out.Line("");
+  out.Put("Window,Time (msec),");
+  Put_Field(out, hCurve.sYLabel);
+  out.Line("Error (%),Skipped,");
   for (I4 I = 1; I <= On_Show().NTW; ++I) Write_Window(On_Show(), I, out);
   return End_Table(out, sCsvFile, " data export is complete.");
 }

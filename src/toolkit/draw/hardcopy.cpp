@@ -38,8 +38,7 @@ struct OpenHardcopy {
   std::unique_ptr<PageFile> hPage;
 };
 
-// Module state. IGrHardCopySelect, IGrHardCopySize and IGrHardCopyFoot choose the next hardcopy,
-// IGrHardCopy opens it.
+// Module state. IGrHardCopySelect, IGrHardCopySize and IGrHardCopyFoot choose the next hardcopy, IGrHardCopy opens it.
 struct Hardcopy {
   HardCopyDriver iDriver = HardCopyDriver::Png;
   I4 NWidth = 3780, NHeight = 2803;

@@ -1,9 +1,8 @@
 // hardcopy.h: pictures in files: while a hardcopy is open, all drawing goes to it.
 //
 // A placeable Windows metafile of vector records (metafile.cpp), SVG and PDF with true lines and letters
-// (page_file.cpp), and PNG. The picture has the shape of the
-// window it stands for: areas, units and text sizes are fractions of it. A file takes the place of an earlier one only
-// when it is complete (SafeFile).
+// (page_file.cpp), and PNG. The picture has the shape of the window it stands for: areas, units and text sizes are
+// fractions of it. A file takes the place of an earlier one only when it is complete (SafeFile).
 #pragma once
 
 #include <string>
