@@ -43,6 +43,9 @@ auto Fields(StationTable& h) {
 
 // ---- values as bytes
 
+using quillan::Append;
+using quillan::Take;
+
 /// A column goes with its length.
 template <class T>
 void Append(std::string& sBytes, const StationColumn<T>& hColumn) {

@@ -4,7 +4,8 @@
 # FOLDER holds steps.txt, input/ (copied into a fresh folder, where the program runs), expected/ (each file must come
 # out equal), and perhaps arguments (the command line, steps.txt aside; without it the program starts with the one file
 # of input/ whose name ends in .avg or .xdb), produced (names of files that must be there and hold something), absent
-# (names that must not be there; both may hold * and ?), status (the exit status, 0 without it), refusal (words that standard error must hold, so that no earlier step is refused
+# (names that must not be there; both may hold * and ?), status (the exit status, 0 without it), holds (lines FILE:TEXT,
+# a text that a file must hold), refusal (words that standard error must hold, so that no earlier step is refused
 # in place of the one that is meant), and before (a program that is run in the fresh folder ahead of the session, with
 # PROGRAM as its argument; what it leaves running is ended with the session when running holds its process number).
 set -eu
@@ -58,6 +59,14 @@ if [ -f "$session/absent" ]; then
       failed=1
     fi
   done < "$session/absent"
+fi
+if [ -f "$session/holds" ]; then
+  while IFS=: read -r file text; do
+    if ! grep -qaF -e "$text" "$file"; then
+      echo "$file does not hold: $text"
+      failed=1
+    fi
+  done < "$session/holds"
 fi
 if [ -f "$session/refusal" ] && ! grep -qF -f "$session/refusal" errors.txt; then
   echo "the refusal is not as expected: $(cat "$session/refusal")"

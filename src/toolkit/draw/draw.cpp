@@ -46,9 +46,10 @@ QRectF toolkit::Whole_Picture() {
 void toolkit::Place_Area() {
   const GraphicsState& h = hDraw.hState;
   const QRectF hPicture = Whole_Picture();
+  const R8 dHeight = hPicture.height() - hDraw.hCanvas.dFoot;
   AreaPlace& hPlace = hDraw.hPlace;
-  hPlace.hArea = {h.hArea.dXLow * hPicture.width(), (1.0 - h.hArea.dYHigh) * hPicture.height(),
-                  h.hArea.dXSpan() * hPicture.width(), h.hArea.dYSpan() * hPicture.height()};
+  hPlace.hArea = {h.hArea.dXLow * hPicture.width(), (1.0 - h.hArea.dYHigh) * dHeight,
+                  h.hArea.dXSpan() * hPicture.width(), h.hArea.dYSpan() * dHeight};
   hPlace.dPixelX = hPlace.hArea.width() / h.hUnit.dXSpan();
   hPlace.dPixelY = hPlace.hArea.height() / h.hUnit.dYSpan();
   hPlace.hVisible = hPlace.hArea.normalized().intersected(hPicture);

@@ -88,7 +88,8 @@ constexpr struct {
 /// Keys that act with Ctrl where there is no menu to take them; 0 for others.
 I4 Ctrl_Key(const QKeyEvent& hEvent) {
   if (hEvent.key() == Qt::Key_Z) return hEvent.modifiers() & Qt::ShiftModifier ? iKeyRedo : iKeyUndo;
-  return hEvent.key() == Qt::Key_Y ? iKeyRedo : 0;
+  if (hEvent.modifiers() & Qt::ShiftModifier) return 0;
+  return hEvent.key() == Qt::Key_Y ? iKeyRedo : hEvent.key() == Qt::Key_E ? iKeyCtrlE : 0;
 }
 
 /// The character or the code of a key; 0 for keys that mean nothing to the program.
@@ -127,6 +128,8 @@ Message At_Pixel(MessageType iType, QPointF hPixel) {
 void On_Mouse(MessageType iType, const QMouseEvent& hEvent) {
   Message hMessage = At_Pixel(iType, hEvent.position());
   hMessage.VALUE1 = Button_Number(hEvent.button());
+  hMessage.bShift = hEvent.modifiers().testFlag(Qt::ShiftModifier);
+  hMessage.bCtrl = hEvent.modifiers().testFlag(Qt::ControlModifier);
   if (hMessage.VALUE1 == 0 && iType != MessageType::MouseMove) return;
   if (iType == MessageType::MouseDown) hDialogs.Focus_Plot();
   Push_Message(hMessage);

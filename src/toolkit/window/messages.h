@@ -39,6 +39,7 @@ inline constexpr I4 iKeyUp = 258;
 inline constexpr I4 iKeyDown = 259;
 inline constexpr I4 iKeyRight = 260;
 inline constexpr I4 iKeyLeft = 261;
+inline constexpr I4 iKeyCtrlE = 5;  // where the menu bar does not have it
 
 // Mouse buttons of the messages, and the wheel, which comes as a press of the extra buttons with VALUE2 = 1.
 inline constexpr I4 iMouseLeft = 1;
@@ -55,6 +56,7 @@ struct Message {
   I4 VALUE1 = 0, VALUE2 = 0, VALUE3 = 0;  // by type, see MessageType
   I4 X = 0, Y = 0;                        // pixels in the drawing area, from its upper left corner
   R4 GX = 0.0f, GY = 0.0f;                // the same position in the graphics units in force
+  bool bShift = false, bCtrl = false;     // keys that are held while the mouse acts
   I4 WPIX = 0, HPIX = 0;                  // pixels of the drawing area, when it has another size
 };
 
