@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string>
 
 #include "foundations/log_file.h"
@@ -51,6 +52,7 @@ void Show(CurveView& h) {
   WDialogPutTrackbar(iTrkCurve, h.iTrn);
   if (h.iTrn != h.iTrn0 || iCurvePlotType != h.iPlotType0) Make_Plot(h);
   if (!h.bRedraw) return;
+  QCC_Follow_Range();
   QCC_Plot_Trns(Tool_Title_Room());
   h.bRedraw = false;
 }
@@ -118,12 +120,12 @@ void Zoom_All(CurveView& h) {
 // clang-format off
 constexpr Gesture<CurveView> hGesture[] = {
     // button         key        procedure
-    {0,               'F',       First       },
-    {0,               'L',       Last        },
-    {0,               'N',       Next        },
+    {0,               'F',       First,        {}, "", "first sounding"},
+    {0,               'L',       Last,         {}, "", "last sounding"},
+    {0,               'N',       Next,         {}, "", "next sounding"},
     {0,               iKeyDown,  Next        },
     {0,               iKeyRight, Next        },
-    {0,               'P',       Previous    },
+    {0,               'P',       Previous,     {}, "", "previous sounding"},
     {0,               iKeyUp,    Previous    },
     {0,               iKeyLeft,  Previous    },
     {iBtnSkipAll,     0,         Skip_All,     {}, "Skip All"},
@@ -132,7 +134,7 @@ constexpr Gesture<CurveView> hGesture[] = {
     {iBtnZoomAll,     0,         Zoom_All    },
     {iBtnViewSection, 0,         View_Section},
     {iBtnSaveData,    0,         Save_Data   },
-    {iBtnExitReview,  'X',       Exit_Review },
+    {iBtnExitReview,  'X',       Exit_Review,  {}, "", "leave the review"},
     {0,               iKeyEsc,   Exit_Review },
 };
 // clang-format on
@@ -143,6 +145,7 @@ void Flag_Points(CurveView& h, const Message& hPress, L4 bSetSkip) {
   if (hMouse.iError != 0) return;
   const GrBox& hBox = hMouse.hBox;
   const bool bBox = std::abs(hBox.fX2 - hBox.fX1) * std::abs(hBox.fY2 - hBox.fY1) >= fBoxArea;
+  if (!bBox) h.hClicked = QCC_Clicked_Point(bSetSkip, {hPress.GX, hPress.GY}, fReach);
   const L4 bFound = bBox ? QCC_SkipBox(bSetSkip, hBox) : QCC_SkipPoint(bSetSkip, {hPress.GX, hPress.GY}, fReach);
   if (!bFound) Say_No_Point();
   h.bRedraw = true;
@@ -181,6 +184,29 @@ void Go_To(CurveView& h, const TakenBack& hBack) {
   if (hBack.bRegrouped) h.iFlag = iFlagCurve;  // the tool window counts anew
 }
 
+// ---- pointing
+
+PickedPoint Near(const CurveView&, const GrPoint& hPointer) {
+  return QCC_Nearest_Point(hPointer, fReach);
+}
+
+std::optional<GrPoint> Place(const CurveView&, const PickedPoint& h) {
+  return QCC_Place(h);
+}
+
+std::string In_Words(const CurveView&, const PickedPoint& h) {
+  return Point_Words(hTrn(h.iTrn), h.iTwc, hCurve.iPlotType);
+}
+
+/// The curve of another sounding has its point where it had one of the same window, or the nearest one.
+PickedPoint Step(CurveView& h, const PickedPoint& hFrom, I4 NWindow, I4 NSounding) {
+  const bool bBegun = hFrom.iTrn == h.iTrn;
+  if (NSounding == 0 || !bBegun) return QCC_Step(bBegun ? hFrom.iTwc : 0, NWindow);
+  h.iTrn = std::clamp(h.iTrn + NSounding, 1, NTrn);
+  Show(h);
+  return QCC_Point_of_Window(hFrom.iTwc);
+}
+
 }  // namespace
 
 void QCC_Review_Initialize() {
@@ -191,8 +217,12 @@ ReviewEnd QCC_Review(I4 iTrn) {
   if (NTrn < 1) return {iFlagExit, 0, iTrn};
   CurveView hView;
   hView.iTrn = std::clamp(iTrn, 1, NTrn);
+  hView.sRest = bHideSkipped ? sHiddenHint : "";
   const ToolWindow hTool(iDlgReviewCurve, iTrkCurve, iLblCurveCount, NTrn, Tool_Trackbar_Step(NTrn));
-  Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close, true, Shown, Go_To});
+  Review_Loop(hView, hGesture,
+              {
+                  Show, On_Press, On_Field, Tool_Follow, On_Close, true, Shown, Go_To, {Near, Place, In_Words, Step}
+  });
   return {hView.iFlag, 0, hView.iTrn};
 }
 
