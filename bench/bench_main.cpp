@@ -75,6 +75,7 @@ constexpr BenchRow hBenchRow[] = {
     {"section_3840x2160/QCS_Section_Plot", Bench_Section_Large, "section_3840x2160/floor", 1.4, 250.0},
     {"nearest/floor",                      Floor_Nearest,       "nearest/floor",           0.0, 0.0  },
     {"nearest/QCS_Section_Point",          Bench_Nearest,       "nearest/floor",           0.0, 8.0  },
+    {"nearest/read_out",                   Bench_Read_Out,      "",                        0.0, 8.0  },
     {"curve_1200x900/floor",               Floor_Curve_Small,   "curve_1200x900/floor",    0.0, 0.0  },
     {"curve_1200x900/QCC_Plot_Trns",       Bench_Curve_Small,   "curve_1200x900/floor",    0.0, 5.0  },
     {"curve_3840x2160/floor",              Floor_Curve_Large,   "curve_3840x2160/floor",   0.0, 0.0  },

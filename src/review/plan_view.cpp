@@ -235,8 +235,9 @@ I4 TEM_Map_View_Plot(std::string_view sStnFile) {
 std::string Plan_Words(I4 j, const PlanView& h) {
   const MapPoint hRx{hTrn(j).dRxXYZ(1), hTrn(j).dRxXYZ(2)};
   const auto Tenths = [](R8 dValue) { return Str_Write_R8(dValue, "(F0.1)").str(); };
-  return Sounding_Words(hTrn(j)) + " at " + Tenths(hRx.dX) + " E, " + Tenths(hRx.dY) + " N, " +
-         Length_Text(Distance(h.hCentre, hRx)) + " from the loop's centre";
+  const std::string s = Sounding_Words(hTrn(j)) + " at " + Tenths(hRx.dX) + " E, " + Tenths(hRx.dY) + " N";
+  if (!Has_Fixed_Transmitter(hTemSurvey)) return s;  // its loop is not the one that is drawn
+  return s + ", " + Length_Text(Distance(h.hCentre, hRx)) + " from the loop's centre";
 }
 
 namespace {

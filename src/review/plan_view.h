@@ -41,7 +41,7 @@ struct PlanView {
 /// Returns 0; 1 there are no transients, or the window has no room.
 [[nodiscard]] I4 TEM_Map_View_Plot(std::string_view sStnFile);
 
-/// The receiver of transient j in words: its sounding, its place, its distance from the loop's centre.
+/// The receiver of transient j in words: its sounding, its place, of a fixed loop its distance from the centre.
 [[nodiscard]] std::string Plan_Words(I4 j, const PlanView& h);
 
 /// While the view is on show: the receiver near the pointer has a ring, and the status bar names it.

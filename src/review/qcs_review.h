@@ -4,6 +4,8 @@
 //   N, Down, Right     next section; also the wheel towards the user
 //   P, Up, Left        previous one; also the wheel away from the user
 //   left, right click  set, clear the skip flag of the nearest point
+//   Ctrl and arrows    the ring to another window (up, down) or sounding; Space skips or clears, also with Shift
+//   Ctrl+H, Ctrl+T, ?  skipped points hidden, tool window rolled up, list of keys
 //   Ctrl+Z, Ctrl+Y     take the last edit back, do it again; the section where it was is shown
 //
 // Everything else is in the menu bar, most of it also in the tool window 118.

@@ -52,7 +52,7 @@ void Repaint(const OverlayShape& hShape) {
 // The ring around a point, in the same parts. IGrRing places it.
 std::optional<QPointF> hRing;
 
-constexpr R8 dRingRadius = 7.0;  // pixels: around the largest marker and around a letter
+constexpr R8 dRingRadius = 9.0;  // pixels: around the largest marker and around a letter
 
 QPointF Ring_Middle() {
   const QSize hSize = Drawing_Area()->size();
