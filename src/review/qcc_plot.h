@@ -61,7 +61,8 @@ void QCC_Plot_Trns(const TitleRoom& hTitleRoom = {});
 /// in graphics units: set or cleared in its time window. Of points equally near the earliest. Returns whether there is
 /// a point at all within reach, whatever its flag.
 [[nodiscard]] L4 QCC_SkipPoint(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax);
-/// The same for every point in or on a box of graphics units, in view or not, but none that is hidden. Returns whether there is one.
+/// The same for every point in or on a box of graphics units, in view or not, but none that is hidden. Returns whether
+/// there is one.
 [[nodiscard]] L4 QCC_SkipBox(L4 bSetSkip, const GrBox& hBox);
 
 /// The point in view that is nearest to a click, within fRGrMax, all in graphics units; iTrn 0: none is.
