@@ -18,6 +18,7 @@
 #include "model/history.h"
 #include "model/tmd_data.h"
 #include "platform/arguments.h"
+#include "review/plan_view.h"
 #include "review/plot/colour_table.h"
 #include "shell/command_table.h"
 #include "shell/user_at_window.h"
@@ -86,6 +87,7 @@ void Set_Menu_State() {
 void Begin_Command() {
   LogErr_Begin_Command();
   WindowOutStatusBar(iStatusProgress, "");  // what the command before had to say
+  bReceiverNamed = false;
 }
 
 /// A save needs its memory for itself, and what was done by hand in a review is not thrown away.
@@ -118,9 +120,14 @@ Message Next_Message() {
 [[noreturn]] void Command_Loop() {
   for (;;) {
     Set_Menu_State();
+    WMessageEnable(MessageType::MouseMove, LogText_Shows_Picture());
     const Message hMessage = Next_Message();
     switch (hMessage.iType) {
       case MessageType::Menu: Carry_Out(hMessage.VALUE1); break;
+      case MessageType::MouseMove:
+      case MessageType::MouseDown:
+        if (LogText_Shows_Picture()) TEM_Map_View_Follow(hMessage);
+        break;
       case MessageType::FileDropped:
         Begin_Command();
         (void)Run_Whole(Open_Dropped_File, Unfinished::PutBack);  // as with a command

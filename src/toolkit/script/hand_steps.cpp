@@ -41,6 +41,7 @@ constexpr struct {
     {"Right", Qt::Key_Right },
     {"Enter", Qt::Key_Return},
     {"Tab",   Qt::Key_Tab   },
+    {"Space", Qt::Key_Space },
 };
 
 constexpr struct {
@@ -68,6 +69,7 @@ KeyStroke Key_Stroke(std::string_view sName) {
   for (const auto& hRow : hKeyName) {
     if (sName == hRow.sName) hKey.iKey = hRow.iKey;
   }
+  if (hKey.iKey == Qt::Key_Space) hKey.sText = " ";
   const QString sCharacter = To_QString(sName);
   if (hKey.iKey == 0 && sCharacter.toUcs4().size() == 1) {
     hKey.iKey = static_cast<int>(sCharacter.toUpper().toUcs4().front());

@@ -118,6 +118,10 @@ void LogText_Show_Picture(void (*Draw)()) {
   Draw();
 }
 
+bool LogText_Shows_Picture() {
+  return hOnShow.Draw_Picture != nullptr;
+}
+
 void LogText_Redraw() {
   if (hOnShow.Draw_Picture)
     LogText_Show_Picture(hOnShow.Draw_Picture);

@@ -18,6 +18,8 @@ void LogText_Update();
 /// Shows a picture in the place of the lines until the next line comes. Draw draws it, now and whenever the window has
 /// another size; where it cannot any more, it shows the lines by LogText_Update.
 void LogText_Show_Picture(void (*Draw)());
+/// Whether such a picture is on show.
+[[nodiscard]] bool LogText_Shows_Picture();
 /// Draws again what the area shows: the lines, or the picture.
 void LogText_Redraw();
 /// Draws the picture again if there is one: what it shows may have changed.
