@@ -7,6 +7,7 @@
 #include "commands/busy_with.h"
 #include "commands/history_commands.h"
 #include "commands/live_dialog.h"
+#include "commands/recent_files.h"
 #include "commands/session.h"
 #include "files/mde_file.h"
 #include "files/save_report.h"
@@ -179,7 +180,9 @@ I4 Save_Data_As() {
   if (sFile.empty()) return 1;
   sAvgFile = sFile;
   hSession.sFileName = File_Name(sAvgFile);
-  return Save_Data();
+  const I4 iError = Save_Data();
+  if (iError == 0 && IOsFileExists(sAvgFile)) Recent_Add(sAvgFile);
+  return iError;
 }
 
 bool Saves_First() {

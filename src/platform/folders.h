@@ -13,4 +13,11 @@ std::string IOsDirName();
 /// build, or under the prefix that the program is installed in, wherever that was moved to. Blank where there is none.
 std::string Shared_File(std::string_view sName);
 
+/// A file that is kept for the user from run to run, by its name: in the folder quillan of $XDG_CONFIG_HOME or, where
+/// that is not set or no full path, of ~/.config. Blank where neither is known.
+std::string Config_File(std::string_view sName);
+
+/// Makes the folder of a file, and those above it. False where it is not there then.
+[[nodiscard]] bool Make_Folder_of(std::string_view sFile);
+
 }  // namespace quillan

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/program.h"
+#include "commands/recent_files.h"
 #include "foundations/log_file.h"
 #include "platform/safe_file.h"
 #include "shell/command_loop.h"
@@ -53,6 +54,7 @@ int Run(Options& h) {
     const int NRemaining = static_cast<int>(h.hRemaining.size());
     h.hRemaining.push_back(nullptr);  // a command line ends in a null
     Script_Load(h.sScript);
+    Recent_Begin(h.sScript.empty() || h.bRecent);  // a script leaves the user's own list alone
     WInitialise(NRemaining, h.hRemaining.data());
     Run_Program();
   } catch (const ProgramStop&) {

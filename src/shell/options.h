@@ -14,6 +14,7 @@ struct Options {
   bool bHelp = false;
   bool bVersion = false;
   bool bExample = false;          // open a copy of the example survey
+  bool bRecent = false;           // keep the list of recent files also when a script plays
   std::string sScript;            // steps to play; blank: none
   std::string sFault;             // why the command line cannot be used, and what helps; blank: it can
   std::vector<char*> hRemaining;  // the program's name and what is no option of ours

@@ -15,6 +15,7 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cp -rL "$session/input/." "$folder/"
 cd "$folder"
+export XDG_CONFIG_HOME="$folder/config"  # the user's own settings have no say, and are left alone
 if [ -f "$session/arguments" ]; then
   read -r -a arguments < "$session/arguments" || true
 else
