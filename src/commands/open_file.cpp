@@ -7,6 +7,7 @@
 #include "commands/session.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "model/tmd_data.h"
 #include "platform/arguments.h"
 #include "platform/file_names.h"
@@ -38,6 +39,7 @@ I4 Read_Chosen_File(std::string sFile) {
   WindowTitle("Quillan " + std::string(sVersion) + " updated " + std::string(sUpdate) + ", data from " +
               hSession.sFileName);
   const I4 iError = TEM_Read_Data(sAvgFile);
+  if (bWorkStopped) return iError;  // the data before are put back
   hSession.bUpdateAVG = false;
   Begin_History();
   Show_No_Data();
@@ -64,8 +66,12 @@ std::string Where_to_Look() {
 
 I4 Step_to(I4 iStep) {
   if (Saves_First()) return 0;
+  const I4 iOffered0 = hRecent.iOffered;
   const std::string sFile = Step_Offered(iStep);
-  return sFile.empty() ? 1 : Read_Listed_File(sFile);
+  if (sFile.empty()) return 1;
+  const I4 iError = Read_Listed_File(sFile);
+  if (bWorkStopped) hRecent.iOffered = iOffered0;
+  return iError;
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "files/save_report.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "foundations/str_write.h"
 #include "model/derived.h"
 #include "model/tmd_data.h"
@@ -24,6 +25,7 @@ namespace quillan {
 namespace {
 
 constexpr std::string_view sFlagsLost = "Skip flags are set. They will not be in the file.";
+constexpr std::string_view sNothingSaved = "The save was stopped. The files are as they were.";
 constexpr std::string_view sFlagsMarked = "skipped windows are marked";
 
 /// The first save keeps the file as it was; later saves leave that copy alone. Returns 0; 1 when the copy failed.
@@ -54,6 +56,7 @@ I4 Write_Formats(const std::string& sDataFile, const OutputFormats& hFormats) {
     if (!hFormats[K] || h.Write == nullptr) continue;
     const std::string sFile = Output_Name(h, sDataFile);
     const I4 iError = h.Write(sFile);
+    if (iError != 0 && bWorkStopped) return iError;
     if (iError != 0 && !h.bEndsSave) continue;
     if (iError != 0) {
       if (hSaveState.sFailed.empty()) hSaveState.sFailed = File_Name(sFile);
@@ -68,6 +71,17 @@ I4 Write_Formats(const std::string& sDataFile, const OutputFormats& hFormats) {
 void Show_Outcome() {
   if (!hSaveState.sFailed.empty()) return WindowOutStatusBar(iStatusStanding, "NOT SAVED: " + hSaveState.sFailed);
   if (!hSaveState.sSaved.empty()) WindowOutStatusBar(iStatusStanding, "");
+}
+
+/// bUpdate0: whether there was something to save before it. What was stopped after the first file was the reading of
+/// what another one needs, such as stations.
+void Save_Was_Stopped(L4 bUpdate0) {
+  const std::string& sSaved = hSaveState.sSaved;
+  if (sSaved.empty()) hSession.bUpdateAVG = bUpdate0;
+  const std::string sOutcome =
+      sSaved.empty() ? std::string(sNothingSaved) : sSaved + " is saved. The files after it are not written.";
+  LogText(sOutcome);
+  WindowOutStatusBar(iStatusProgress, sOutcome);
 }
 
 I4 Save_All(const std::string& sDataFile) {
@@ -135,8 +149,11 @@ I4 TEM_Write_Data(std::string_view sFile) {
   InqWintError();
   InfoError();
   hSaveState = {};
+  bWorkStopped = false;
+  const L4 bUpdate0 = hSession.bUpdateAVG;
   try {
     const I4 iError = Save_All(std::string(Trimmed(sFile)));
+    if (iError != 0 && bWorkStopped) Save_Was_Stopped(bUpdate0);
     Show_Outcome();
     End_of_Save(!hSaveState.sSaved.empty() && hSaveState.sFailed.empty());
     return iError;

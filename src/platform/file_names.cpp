@@ -15,6 +15,12 @@ bool IOsFileExists(std::string_view sPath) {
   return fs::exists(hStatus) && !fs::is_directory(hStatus);
 }
 
+I8 IOsFileSize(std::string_view sPath) {
+  std::error_code hProblem;
+  const auto NBytes = fs::file_size(std::string(sPath), hProblem);
+  return hProblem ? 0 : static_cast<I8>(NBytes);
+}
+
 namespace {
 
 bool Differs_in_Case_Only(std::string_view s1, std::string_view s2) {

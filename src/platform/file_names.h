@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/types.h"
+
 namespace quillan {
 
 #ifdef _WIN32
@@ -18,6 +20,8 @@ inline constexpr std::string_view sLineEnd = "\n";
 
 /// Whether there is a file of that name. A folder is none.
 bool IOsFileExists(std::string_view sPath);
+/// Bytes of a file, 0 where there is none.
+I8 IOsFileSize(std::string_view sPath);
 
 /// The path of a companion file. The name as given if it exists, else the first in byte order of the names in its
 /// folder that differ from it in case only, else the name as given.

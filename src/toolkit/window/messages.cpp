@@ -20,6 +20,7 @@
 #include <map>
 #include <memory>
 #include <new>
+#include <utility>
 
 #include "toolkit/draw/draw.h"
 #include "toolkit/window/log_text.h"
@@ -319,6 +320,12 @@ void toolkit::Watch_Window(QMainWindow* hWindow, QWidget* hArea) {
   hArea->installEventFilter(new AreaWatch(hArea));
   hWindow->installEventFilter(new WindowWatch(hWindow));
   hWindow->setAcceptDrops(true);
+}
+
+void toolkit::Press_Esc_at_Look() {
+  if (!std::exchange(bEscAtLook, false) || !Drawing_Area()) return;
+  QKeyEvent hEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  QCoreApplication::sendEvent(Drawing_Area(), &hEvent);
 }
 
 void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand) {
