@@ -149,9 +149,9 @@ constexpr Gesture<CurveView> hGesture[] = {
 // clang-format on
 
 /// The window of the point nearest to a click, and all later ones.
-void Flag_Later(CurveView& h, const GrPoint& hClick, L4 bSetSkip) {
-  h.hClicked = QCC_Nearest_Point(hClick, fReach);
-  Say_Flagged(bSetSkip, h.hClicked.iTrn == 0 ? 0 : Flag_Later_Windows(bSetSkip, h.hClicked.iTrn, h.hClicked.iTwc));
+void Flag_Later(const GrPoint& hClick, L4 bSetSkip) {
+  const PickedPoint h = QCC_Nearest_Point(hClick, fReach);
+  Say_Flagged(bSetSkip, h.iTrn == 0 ? 0 : Flag_Later_Windows(bSetSkip, h.iTrn, h.iTwc));
 }
 
 /// A drag flags a box of points; one too small for a box, as of an unsteady hand, the point nearest to its press.
@@ -161,7 +161,7 @@ void Flag_Points(CurveView& h, const Message& hPress, L4 bSetSkip) {
   h.bRedraw = true;
   const bool bBox = Is_Box(hMouse.hBox);
   const GrPoint hClick{hPress.GX, hPress.GY};
-  if (!bBox && hPress.bCtrl) return Flag_Later(h, hClick, bSetSkip);
+  if (!bBox && hPress.bCtrl) return Flag_Later(hClick, bSetSkip);
   if (!bBox) h.hClicked = QCC_Clicked_Point(bSetSkip, hClick, fReach);
   const L4 bFound = bBox ? QCC_SkipBox(bSetSkip, hMouse.hBox) : QCC_SkipPoint(bSetSkip, hClick, fReach);
   if (!bFound) Say_No_Point();

@@ -313,11 +313,11 @@ constexpr Gesture<SectionView> hGesture[] = {
 void Flag_at(SectionView& hView, const Message& hPress, L4 bSkip) {
   const PickedPoint hPicked = Point_at(hView, {hPress.GX, hPress.GY}, fReachFlag);
   hView.iTrn = hPicked.iTrn;
-  hView.hClicked = hPicked;
   if (hPicked.iTrn == 0) return Say_No_Point();
   hView.bRedraw = true;
   if (hPress.bShift) return Say_Flagged(bSkip, QCS_Flag_Window(bSkip, hView.iSection, hPicked.iTwc));
   if (hPress.bCtrl) return Say_Flagged(bSkip, Flag_Later_Windows(bSkip, hPicked.iTrn, hPicked.iTwc));
+  hView.hClicked = hPicked;  // of many windows their count is told, of one what it is
   Edit_Window_Flag(hPicked.iTrn, hPicked.iTwc, bSkip);
 }
 

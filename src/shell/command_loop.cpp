@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "base/program.h"
 #include "commands/history_commands.h"
 #include "commands/open_file.h"
 #include "commands/open_survey.h"
+#include "commands/recent_files.h"
 #include "commands/recovery.h"
 #include "commands/session.h"
 #include "commands/whole_command.h"
@@ -62,7 +65,11 @@ void Initialize_All() {
 }
 
 void Read_First_File() {
+  std::vector<std::string> sNamed = Named_Files(".avg");
   sAvgFile = Get_File(IOsArgument(1), ".avg");
+  if (!sNamed.empty()) sNamed.front() = sAvgFile;
+  Offer_Files(std::move(sNamed));
+  const std::string sFile = sAvgFile;  // of some kinds another file is written
   Session_Title();
   (void)TEM_Read_Data(sAvgFile);  // a failure has been reported; the menu offers what is left
   hSession.sFileName = File_Name(sAvgFile);
@@ -70,6 +77,7 @@ void Read_First_File() {
   Begin_History();
   Show_No_Data();
   Recovery_Begin();
+  if (NTrn >= 1) Recent_Add(sFile);
 }
 
 // ---- loop
@@ -92,7 +100,8 @@ void Begin_Command() {
 
 /// A save needs its memory for itself, and what was done by hand in a review is not thrown away.
 Unfinished If_Unfinished(const Command& h) {
-  if (h.iCommand == iCmdOpen) return Unfinished::PutBack;
+  if (h.iCommand == iCmdOpen || (h.iCommand >= iCmdRecent && h.iCommand <= iCmdPreviousFile))
+    return Unfinished::PutBack;
   return h.bChangesData && h.iCommand != iCmdReview ? Unfinished::PutBack : Unfinished::Stay;
 }
 
@@ -104,6 +113,7 @@ void Carry_Out(I4 iChoice) {
   // A failure has been reported; the user chooses what comes next.
   (void)Run_Whole(h->Carry_Out, If_Unfinished(*h));
   if (h->bChangesData) Keep_Edit(h->sText);
+  Show_Recent();  // files come and go
   LogText_Renew_Picture();
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/program.h"
+#include "commands/recent_files.h"
 #include "commands/recovery.h"
 #include "foundations/log_file.h"
 #include "platform/safe_file.h"
@@ -61,6 +62,7 @@ int Run(Options& h) {
     h.hRemaining.push_back(nullptr);  // a command line ends in a null
     Script_Load(h.sScript);
     sJournalFolder = Journal_Folder(h);
+    Recent_Begin(h.sScript.empty() || h.bRecent);  // a script leaves the user's own list alone
     WInitialise(NRemaining, h.hRemaining.data());
     Run_Program();
   } catch (const ProgramStop&) {

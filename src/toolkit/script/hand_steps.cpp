@@ -34,14 +34,16 @@ constexpr struct {
   std::string_view sName;
   Qt::Key iKey;
 } hKeyName[] = {
-    {"Esc",   Qt::Key_Escape},
-    {"Up",    Qt::Key_Up    },
-    {"Down",  Qt::Key_Down  },
-    {"Left",  Qt::Key_Left  },
-    {"Right", Qt::Key_Right },
-    {"Enter", Qt::Key_Return},
-    {"Tab",   Qt::Key_Tab   },
-    {"Space", Qt::Key_Space },
+    {"Esc",    Qt::Key_Escape  },
+    {"Up",     Qt::Key_Up      },
+    {"Down",   Qt::Key_Down    },
+    {"Left",   Qt::Key_Left    },
+    {"Right",  Qt::Key_Right   },
+    {"Enter",  Qt::Key_Return  },
+    {"Tab",    Qt::Key_Tab     },
+    {"PgDown", Qt::Key_PageDown},
+    {"PgUp",   Qt::Key_PageUp  },
+    {"Space",  Qt::Key_Space   },
 };
 
 constexpr struct {

@@ -355,6 +355,12 @@ void toolkit::Watch_Window(QMainWindow* hWindow, QWidget* hArea) {
   hWindow->setAcceptDrops(true);
 }
 
+void toolkit::Press_Esc_at_Look() {
+  if (!std::exchange(bEscAtLook, false) || !Drawing_Area()) return;
+  QKeyEvent hEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  QCoreApplication::sendEvent(Drawing_Area(), &hEvent);
+}
+
 void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand) {
   QObject::connect(hEntry, &QAction::triggered, hEntry, [iCommand] {
     hDialogs.Focus_Plot();
