@@ -35,7 +35,7 @@ bool Says_Yes(std::string_view sQuestion, std::string_view sTitle) {
 
 void Show_Line(std::string_view sLine) {
   if (Script_Is_Playing()) std::cout << Trimmed(sLine) << std::endl;  // a line at a time, also into a pipe
-  LogText_Update();
+  LogText_Update_Later();
 }
 
 // ---- long work

@@ -72,7 +72,19 @@ void toolkit::Draw_Collected() {
   h.hLine.clear();
 }
 
+void toolkit::Draw_What_Is_Later() {
+  if (!hDraw.hCanvas.bScreen) return;
+  const GraphicsKeeper hKeeper;
+  std::exchange(hDraw.Draw_Later, nullptr)();
+}
+
+void IGrLater(void (*Draw)()) {
+  hDraw.Draw_Later = Draw;
+  Mark_Changed();
+}
+
 void IGrFlush() {
+  if (hDraw.Draw_Later) Draw_What_Is_Later();
   Draw_Collected();
   if (hDraw.hCanvas.hBackEnd) hDraw.hCanvas.hBackEnd->Flush();
 }
@@ -118,6 +130,7 @@ GraphicsKeeper::~GraphicsKeeper() {
 }
 
 void WindowClear() {
+  if (hDraw.hCanvas.bScreen) hDraw.Draw_Later = nullptr;
   if (!Drawable()) return;
   hDraw.hCollected.hLine.clear();
   hDraw.hCanvas.hBackEnd->Fill(Whole_Picture(), iWhite);

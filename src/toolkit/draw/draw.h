@@ -106,6 +106,9 @@ R4 WGrTextLength(std::string_view sText);
 
 /// Brings what is collected into the image.
 void IGrFlush();
+/// Has the screen drawn by Draw before it is shown or drawn into again, with the graphics state kept: of several in a
+/// row the last is enough. WindowClear gives it up.
+void IGrLater(void (*Draw)());
 
 // Selectors of InfoGraphics, in graphics units; for units falling, Min lies above Max.
 inline constexpr I4 iCharWidth = 3;

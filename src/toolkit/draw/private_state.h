@@ -71,7 +71,8 @@ struct Drawing {
   QImage hImage;              // the backing image
   QSizeF hScreenSize;         // of the drawing area, as the image has it
   std::unique_ptr<BackEnd> hPainter;
-  bool bChanged = false;  // the drawing area knows that it must be painted
+  bool bChanged = false;      // the drawing area knows that it must be painted
+  void (*Draw_Later)() = {};  // what IGrLater was given
 
   std::optional<GraphicsState> hScreenState;  // while another picture is drawn: what to come back to
 };
@@ -87,8 +88,12 @@ inline QPointF To_Picture(QPointF hUnit) {
           h.hArea.bottom() - (hUnit.y() - hDraw.hState.hUnit.dYLow) * h.dPixelY};
 }
 
+/// Draws what IGrLater was given.
+void Draw_What_Is_Later();
+
 /// Where drawing goes; null, with the error status set, when there is nothing to draw on.
 inline BackEnd* Drawable() {
+  if (hDraw.Draw_Later) Draw_What_Is_Later();
   if (!hDraw.hCanvas.hBackEnd) Set_Error(iErrNoWindow);
   return hDraw.hCanvas.hBackEnd;
 }

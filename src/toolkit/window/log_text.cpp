@@ -112,6 +112,12 @@ void LogText_Update() {
   IGrUnits(fXMin, fYMin, fXMax, fYMax);  // the reviews use the whole area as well: only the units are theirs
 }
 
+void LogText_Update_Later() {
+  if (toolkit::Child_Window() || WInfoWindow(iWindowDrawable) == 0) return;
+  hOnShow.Draw_Picture = nullptr;
+  IGrLater(LogText_Update);
+}
+
 void LogText_Show_Picture(void (*Draw)()) {
   if (WInfoWindow(iWindowDrawable) == 0) return;
   hOnShow = {toolkit::Backing_Image().size(), Draw};

@@ -15,6 +15,8 @@ inline constexpr R4 fXCMScreen = 28.0f;  // cm, width of the screen that the siz
 
 /// Draws the screen text again: the newest lines that fit; a line too long for the window goes on in a second.
 void LogText_Update();
+/// The same as soon as the screen is looked at: lines that come together are drawn together.
+void LogText_Update_Later();
 /// Shows a picture in the place of the lines until the next line comes. Draw draws it, now and whenever the window has
 /// another size; where it cannot any more, it shows the lines by LogText_Update.
 void LogText_Show_Picture(void (*Draw)());

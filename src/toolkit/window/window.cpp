@@ -291,6 +291,7 @@ void Show_Child(I4 NXP, I4 NYP) {
 void WindowOpenChild2(I4 NXP, I4 NYP, std::string_view sTitle) {
   if (!hOpen.hMain) return Set_Error(iErrNoWindow);
   if (hOpen.hChild) return Set_Error(iErrBadArgument);
+  IGrFlush();  // what is due is the main window's
   hOpen.bBarUsable = Menu_Bar_Is_Usable();
   WMenuBarState(0);
   hOpen.hChild = new QMainWindow(hOpen.hMain);
