@@ -19,6 +19,7 @@
 #include "shell/command_table.h"
 #include "shell/user_at_window.h"
 #include "toolkit/draw/last_error.h"
+#include "toolkit/script/recorder.h"
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/messages.h"
@@ -74,6 +75,7 @@ void Set_Menu_State() {
   for (const Command& h : Command_Table()) {
     if (h.iCommand != 0) WMenuSetState(h.iCommand, Is_Available(h) ? 1 : 0);
   }
+  WMenuSetCheck(iCmdRecordSteps, Record_Is_On());
 }
 
 void Begin_Command() {

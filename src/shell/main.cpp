@@ -10,6 +10,7 @@
 #include "shell/command_loop.h"
 #include "shell/example_survey.h"
 #include "shell/options.h"
+#include "toolkit/script/recorder.h"
 #include "toolkit/script/script.h"
 #include "toolkit/window/window.h"
 
@@ -53,7 +54,9 @@ int Run(Options& h) {
     const int NRemaining = static_cast<int>(h.hRemaining.size());
     h.hRemaining.push_back(nullptr);  // a command line ends in a null
     Script_Load(h.sScript);
+    Record_Listen();
     WInitialise(NRemaining, h.hRemaining.data());
+    if (!h.sRecord.empty() && Record_Begin(h.sRecord) != 0) return Refuse("cannot write " + h.sRecord, 2);
     Run_Program();
   } catch (const ProgramStop&) {
     return Script_End();

@@ -16,6 +16,7 @@ constexpr std::string_view sHelpText =
     "                      quillan-example\n"
     "  --script STEPS.txt  play the steps of a file as the user's input; without a\n"
     "                      display this runs off-screen\n"
+    "  --record STEPS.txt  write what the user does as the steps of such a file\n"
     "  --version           print version and build, and end\n"
     "  --help              print this help and end\n"
     "  --                  what follows is a file, whatever it begins with\n"
@@ -38,6 +39,7 @@ constexpr Option hOption[] = {
     {"--version", &Options::bVersion, nullptr,           ""                  },
     {"--example", &Options::bExample, nullptr,           ""                  },
     {"--script",  nullptr,            &Options::sScript, "the name of a file"},
+    {"--record",  nullptr,            &Options::sRecord, "the name of a file"},
 };
 
 // The window system takes these itself; each has a value.
@@ -80,6 +82,8 @@ Options Read_Options(int argc, char** argv) {
       h.hRemaining.push_back(argv[I]);
     }
   }
+  if (h.sFault.empty() && !h.sRecord.empty() && h.sRecord == h.sScript)
+    h.sFault = "--record would write over the script that is played, " + h.sScript;
   return h;
 }
 

@@ -5,9 +5,12 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QWheelEvent>
+#include <algorithm>
+#include <iterator>
 
 #include "toolkit/draw/plot_axes.h"
 #include "toolkit/script/private_script.h"
+#include "toolkit/script/step_names.h"
 #include "toolkit/window/private_window.h"
 
 namespace quillan::toolkit {
@@ -20,7 +23,9 @@ constexpr int NWheelStep = 120;  // angle of one step of a wheel, as mice report
 }  // namespace
 
 std::string Play_Menu(Arguments sArgument) {
-  const std::vector<QAction*> hEntry = Menu_Entries(Whole(sArgument[0]));
+  const Meant hMeant = Number_Meant(sArgument[0], Named_Commands(), "the menu on show has no", "command");
+  if (!hMeant.sReason.empty()) return hMeant.sReason;
+  const std::vector<QAction*> hEntry = Menu_Entries(hMeant.iNumber);
   if (hEntry.empty()) return "the menu on show has no command " + sArgument[0];
   if (!hEntry.front()->isEnabled()) return "command " + sArgument[0] + " is greyed";
   hEntry.front()->trigger();
@@ -104,6 +109,24 @@ bool Takes_Shortcut(const KeyStroke& hKey) {
 
 }  // namespace
 
+std::string Key_Name(const QKeyEvent& hKey) {
+  std::string sName;
+  for (const auto& hRow : hKeyName) {
+    if (hKey.key() == hRow.iKey || (hKey.key() == Qt::Key_Enter && hRow.iKey == Qt::Key_Return)) sName = hRow.sName;
+  }
+  // The case of a letter says whether Shift was held.
+  const bool bNamed = !sName.empty() || hKey.text() == " ";
+  const bool bCommand = hKey.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+  if (sName.empty()) sName = To_Bytes(bCommand ? QString(QChar(hKey.key())) : hKey.text());
+  if (sName.empty()) return "";
+  std::string sHeld;
+  for (const auto& hRow : hModifierName) {
+    const bool bSays = hRow.iModifier != Qt::ShiftModifier || bNamed || bCommand;
+    if (bSays && (hKey.modifiers() & hRow.iModifier)) sHeld += hRow.sName;
+  }
+  return sHeld + sName;
+}
+
 std::string Play_Key(Arguments sArgument) {
   const KeyStroke hKey = Key_Stroke(sArgument[0]);
   if (hKey.iKey == 0) return "there is no key " + sArgument[0];
@@ -120,12 +143,14 @@ std::string Play_Key(Arguments sArgument) {
 
 namespace {
 
-constexpr struct {
+struct ButtonName {
   std::string_view sName;
   Qt::MouseButton iButton;
-} hButtonName[] = {
+};
+constexpr ButtonName hButtonName[] = {
     {"left",    Qt::LeftButton   },
     {"right",   Qt::RightButton  },
+    {"middle",  Qt::MiddleButton },
     {"back",    Qt::BackButton   },
     {"forward", Qt::ForwardButton}
 };
@@ -153,7 +178,7 @@ void Send_Mouse(QEvent::Type iType, QPointF hPixel, Qt::MouseButton iButton, Qt:
 }
 
 std::string Click_at(QPointF hPixel, Qt::MouseButton iButton) {
-  if (iButton == Qt::NoButton) return "the button is left, right, back or forward";
+  if (iButton == Qt::NoButton) return "the button is left, right, middle, back or forward";
   if (!Is_in_Area(hPixel)) return "the position lies outside the drawing area";
   Send_Mouse(QEvent::MouseMove, hPixel, Qt::NoButton, Qt::NoButton);
   Send_Mouse(QEvent::MouseButtonPress, hPixel, iButton, iButton);
@@ -162,6 +187,11 @@ std::string Click_at(QPointF hPixel, Qt::MouseButton iButton) {
 }
 
 }  // namespace
+
+std::string_view Button_Name(Qt::MouseButton iButton) {
+  const auto hRow = std::ranges::find(hButtonName, iButton, &ButtonName::iButton);
+  return hRow == std::end(hButtonName) ? "" : hRow->sName;
+}
 
 std::string Play_Click(Arguments sArgument) {
   return Click_at(Pixel(sArgument[0], sArgument[1]), Button(sArgument, 2));

@@ -10,6 +10,9 @@
 #include "base/types.h"
 #include "toolkit/script/script.h"
 
+class QKeyEvent;
+class QMessageBox;
+
 namespace quillan::toolkit {
 
 /// Carries out one step. Empty, or the reason why it does not fit what is on the screen (script_steps.cpp).
@@ -45,6 +48,12 @@ inline R8 Number(const std::string& sWord) {
 // Each gives an empty text, or why it cannot be done. The widgets get the events that a user's hands would cause, and
 // an edit is completed.
 using Arguments = std::span<const std::string>;
+
+/// What Play_Key and the steps of the mouse call a key and a button; blank for what has no name.
+std::string Key_Name(const QKeyEvent& hKey);
+std::string_view Button_Name(Qt::MouseButton iButton);
+/// How Play_Answer gives the answer that was given to a box.
+std::string Answer_Words(const QMessageBox& hBox);
 
 // Menus, keys and the mouse in the drawing area (hand_steps.cpp).
 std::string Play_Menu(Arguments sArgument);

@@ -81,17 +81,22 @@ void Grey_Entries(QWidget& hParent) {
   }
 }
 
+/// The entries of a command; 0: all entries.
 void Collect_Entries(QWidget& hParent, I4 iCommand, std::vector<QAction*>& hFound) {
   const QList<QAction*> hEntries = hParent.actions();
   for (QAction* hEntry : hEntries) {
     if (hEntry->menu())
       Collect_Entries(*hEntry->menu(), iCommand, hFound);
-    else if (hEntry->data().toInt() == iCommand)
+    else if (iCommand == 0 || hEntry->data().toInt() == iCommand)
       hFound.push_back(hEntry);
   }
 }
 
 }  // namespace
+
+std::vector<QAction*> toolkit::Menu_Entries() {
+  return Menu_Entries(0);
+}
 
 std::vector<QAction*> toolkit::Menu_Entries(I4 iCommand) {
   std::vector<QAction*> hFound;
@@ -131,6 +136,16 @@ void WMenuSetState(I4 iCommand, I4 iState) {
   else
     hMenuBar.iGreyed.erase(iCommand);
   Grey_Entries(*Main_Window()->menuBar());
+}
+
+void WMenuSetCheck(I4 iCommand, bool bOn) {
+  if (!Main_Window()) return Set_Error(iErrNoWindow);
+  const std::vector<QAction*> hEntry = Menu_Entries(iCommand);
+  if (hEntry.empty()) return Set_Error(iErrBadArgument);
+  for (QAction* h : hEntry) {
+    h->setCheckable(true);
+    h->setChecked(bOn);
+  }
 }
 
 void WMenuBarState(I4 iState) {

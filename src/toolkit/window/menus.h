@@ -12,6 +12,8 @@ namespace quillan {
 inline constexpr I4 iNoMenu = 0;
 inline constexpr I4 iMenuMain = 30001;
 inline constexpr I4 iCmdExit = 40011;
+// Begins and ends the record of steps, which leaves it out.
+inline constexpr I4 iCmdRecordSteps = 41011;
 
 /// One row of a menu bar. Rows with a depth of 1 stand in the drop-down menu of the last row with depth 0 and no
 /// command.
@@ -32,6 +34,9 @@ void WMenu(I4 iMenu);
 
 /// Greys (0) or enables (1) every entry of a command in the bar on show. A command that is not there stays grey.
 void WMenuSetState(I4 iCommand, I4 iState);
+
+/// Gives every entry of a command in the bar on show a tick or takes it away.
+void WMenuSetCheck(I4 iCommand, bool bOn);
 
 /// Greys the whole bar (0) or gives each entry its own state back (1): for dialogs that leave the window usable.
 void WMenuBarState(I4 iState);

@@ -62,6 +62,7 @@ Message Take_Message() {
   if (hQueue.hWaiting.empty()) return {};
   const Message hMessage = hQueue.hWaiting.front();
   hQueue.hWaiting.pop_front();
+  if (hMessage.iType == MessageType::MouseDown && hMessage.VALUE2 == iByWheel) hWindowListener.Wheel(hMessage);
   return hMessage;
 }
 
@@ -114,7 +115,12 @@ void On_Mouse(MessageType iType, const QMouseEvent& hEvent) {
   Message hMessage = At_Pixel(iType, hEvent.position());
   hMessage.VALUE1 = Button_Number(hEvent.button());
   if (hMessage.VALUE1 == 0 && iType != MessageType::MouseMove) return;
-  if (iType == MessageType::MouseDown) hDialogs.Focus_Plot();
+  if (iType == MessageType::MouseDown) {
+    hDialogs.Focus_Plot();
+    hWindowListener.Press(hEvent);
+  } else if (iType == MessageType::MouseUp) {
+    hWindowListener.Release(hEvent);
+  }
   Push_Message(hMessage);
 }
 
@@ -161,6 +167,7 @@ void On_Drag(QDropEvent& hEvent) {
   if (sFile.isEmpty()) return hEvent.ignore();
   hEvent.acceptProposedAction();
   if (hEvent.type() != QEvent::Drop) return;
+  hWindowListener.Drop(sFile);
   hQueue.sDropped = QFile::encodeName(sFile).toStdString();
   Push_Message({.iType = MessageType::FileDropped});
 }
@@ -196,6 +203,7 @@ class WindowWatch : public QObject {
     switch (hEvent->type()) {
       case QEvent::Close:
         hEvent->ignore();  // the program decides
+        hWindowListener.Close();
         Push_Message({.iType = MessageType::Close});
         return true;
       case QEvent::StatusTip: Show_Hint(static_cast<QStatusTipEvent*>(hEvent)->tip()); return true;
@@ -248,6 +256,7 @@ bool toolkit::Key_to_Plot(const QKeyEvent& hEvent) {
                      hQueue.hWaiting.back().VALUE1 == iKey;
   if (hEvent.isAutoRepeat() && bSame) return true;
   hDialogs.Complete_Edits();
+  hWindowListener.Key(hEvent);
   Push_Message({.iType = MessageType::Key, .VALUE1 = iKey});
   return true;
 }
@@ -298,6 +307,7 @@ void toolkit::Watch_Window(QMainWindow* hWindow, QWidget* hArea) {
 void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand) {
   QObject::connect(hEntry, &QAction::triggered, hEntry, [iCommand] {
     hDialogs.Focus_Plot();
+    hWindowListener.Menu(iCommand);
     Push_Message({.iType = MessageType::Menu, .VALUE1 = iCommand});
   });
 }

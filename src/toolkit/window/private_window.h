@@ -18,6 +18,7 @@ class QAction;
 class QFileDialog;
 class QKeyEvent;
 class QMessageBox;
+class QMouseEvent;
 class QWheelEvent;
 
 namespace quillan::toolkit {
@@ -34,6 +35,25 @@ struct DialogHooks {
   QDialog* (*Top_Dialog)() = []() -> QDialog* { return nullptr; };
 };
 inline DialogHooks hDialogs;
+
+/// Hears what the user does in the main window and in boxes. The recorder of scripts fills this in; until then nobody
+/// listens.
+struct WindowListener {
+  void (*Menu)(I4 iCommand) = [](I4) {};
+  void (*Key)(const QKeyEvent& hKey) = [](const QKeyEvent&) {};
+  /// A mouse button in the drawing area.
+  void (*Press)(const QMouseEvent& hPress) = [](const QMouseEvent&) {};
+  void (*Release)(const QMouseEvent& hRelease) = [](const QMouseEvent&) {};
+  /// The box that the last press began was given up, by Esc or by a close request.
+  void (*Box_Given_Up)(bool bClose) = [](bool) {};
+  /// A step of the wheel that the program has taken: turned too far, others are dropped.
+  void (*Wheel)(const Message& hTurn) = [](const Message&) {};
+  void (*Close)() = [] {};
+  void (*Drop)(const QString& sFile) = [](const QString&) {};
+  void (*Answer)(const QMessageBox& hBox) = [](const QMessageBox&) {};
+  void (*File)(const QString& sFile) = [](const QString&) {};  // blank: Cancel
+};
+inline WindowListener hWindowListener;
 
 /// Plays the next step of the session script; null when none is played. The script fills it in.
 inline void (*hPlayStep)() = nullptr;
@@ -73,7 +93,9 @@ void Watch_Entry(QAction* hEntry, I4 iCommand);
 
 // ---- The menu (menus.cpp)
 
-/// The entries of a command in the bar on show, and whether the bar on show is the main menu; the same, and not greyed.
+/// All entries of the bar on show, the entries of a command, and whether the bar on show is the main menu; the same,
+/// and not greyed.
+std::vector<QAction*> Menu_Entries();
 std::vector<QAction*> Menu_Entries(I4 iCommand);
 bool Main_Menu_Is_on_Show();
 bool Main_Menu_Is_Ready();

@@ -1,0 +1,252 @@
+#include "toolkit/script/recorder.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QTableWidget>
+#include <fstream>
+#include <utility>
+#include <vector>
+
+#include "platform/arguments.h"
+#include "toolkit/dialog/private_dialog.h"
+#include "toolkit/script/private_script.h"
+#include "toolkit/script/recorded_place.h"
+#include "toolkit/script/step_names.h"
+#include "toolkit/window/menus.h"
+#include "toolkit/window/private_window.h"
+#include "toolkit/window/window.h"
+
+namespace quillan {
+
+using namespace toolkit;
+
+namespace {
+
+// A mouse button that is down. What it does shows when it goes up: a click, or a drag from here.
+struct HeldButton {
+  Qt::MouseButton iButton = Qt::NoButton;  // none: all buttons are up
+  QPointF hPixel;
+  std::string sPlace;              // where the drag would begin
+  std::vector<std::string> sStep;  // the click, and keys after it
+};
+
+// What was done so far, and the file that it goes to. The listening procedures fill it.
+struct Recorder {
+  std::vector<std::string> sStep;
+  std::ofstream out;  // closed: no record is being written
+  QSize hWindow;      // as the steps so far leave it
+  HeldButton hHeld;
+  bool bInField = false;  // a script that has come here would have the keyboard in a field of a tool window
+  I4 NPause = 0;
+};
+Recorder hRecorder;
+
+void Write_Line(const std::string& sLine) {
+  if (!hRecorder.out.is_open()) return;
+  hRecorder.out << sLine << std::endl;
+  if (hRecorder.out) return;
+  Record_End();
+  WindowOutStatusBar(iStatusProgress, "The record of steps has ended: its file cannot be written.");
+}
+
+void Add_Line(const std::string& sLine) {
+  hRecorder.sStep.push_back(sLine);
+  Write_Line(sLine);
+}
+
+void Add_Step(const std::string& sStep) {
+  const QSize hWindow = Main_Window() ? Main_Window()->size() : hRecorder.hWindow;
+  if (hWindow != hRecorder.hWindow)
+    Add_Line("resize " + std::to_string(hWindow.width()) + ' ' + std::to_string(hWindow.height()));
+  hRecorder.hWindow = hWindow;
+  Add_Line(sStep);
+}
+
+void End_Held() {
+  const std::vector<std::string> sStep = std::exchange(hRecorder.hHeld, {}).sStep;
+  for (const std::string& s : sStep) Add_Step(s);
+}
+
+/// Takes down a step that leaves the keyboard where it is.
+void Take_Down(const std::string& sStep) {
+  if (hRecorder.NPause > 0) return;
+  End_Held();
+  Add_Step(sStep);
+}
+
+/// The same for one that gives the keyboard back to the plot.
+void Take_Down_at_Plot(const std::string& sStep) {
+  Take_Down(sStep);
+  hRecorder.bInField = false;
+}
+
+/// Keys and close requests do not end a drag by themselves.
+void Take_Down_Under_Drag(const std::string& sStep) {
+  if (hRecorder.hHeld.iButton == Qt::NoButton) return Take_Down(sStep);
+  hRecorder.hHeld.sStep.push_back(sStep);
+}
+
+// ---- main window and boxes
+
+void On_Menu(I4 iCommand) {
+  if (iCommand != iCmdRecordSteps) Take_Down_at_Plot("menu " + Script_Word(Word_for(iCommand, Named_Commands())));
+}
+
+void On_Key(const QKeyEvent& hKey) {
+  const std::string sName = Key_Name(hKey);
+  if (sName.empty() || hRecorder.NPause > 0) return;
+  const bool bLeft = !qobject_cast<QLineEdit*>(QApplication::focusWidget());
+  if (hRecorder.bInField && bLeft) Take_Down_at_Plot("key Enter");  // by which the user has left the field, or a click
+  Take_Down_Under_Drag("key " + Script_Word(sName));
+}
+
+/// The click is taken down where it goes: what it does may take the plot away before the button goes up.
+void On_Press(const QMouseEvent& hPress) {
+  if (hRecorder.NPause > 0 || Button_Name(hPress.button()).empty()) return;
+  End_Held();
+  hRecorder.bInField = false;
+  const QPointF hPixel = hPress.position();
+  hRecorder.hHeld = {hPress.button(), hPixel, Place_Words(hPixel), {Click_Words(hPixel, hPress.button())}};
+}
+
+void On_Release(const QMouseEvent& hRelease) {
+  HeldButton& hHeld = hRecorder.hHeld;
+  if (hHeld.iButton == Qt::NoButton || hHeld.iButton != hRelease.button()) return;
+  const bool bDrags = hHeld.iButton == Qt::LeftButton || hHeld.iButton == Qt::RightButton;
+  if (bDrags && hHeld.sStep.size() == 1 && hRelease.position() != hHeld.hPixel)
+    hHeld.sStep = {"drag " + hHeld.sPlace + ' ' + Place_Words(hRelease.position()) +
+                   (hHeld.iButton == Qt::RightButton ? " right" : "")};
+  End_Held();
+}
+
+/// The press and the Esc have done nothing, and a script cannot do them in parts.
+void On_Box_Given_Up(bool bClose) {
+  if (hRecorder.hHeld.iButton == Qt::NoButton) return;
+  hRecorder.hHeld.sStep.clear();
+  if (bClose) hRecorder.hHeld.sStep.push_back("close");
+  End_Held();
+}
+
+void On_Wheel(const Message& hTurn) {
+  const QPointF hPixel = Units_to_Pixels(QPointF(R8{hTurn.GX}, R8{hTurn.GY}));
+  Take_Down(std::string("wheel ") + (hTurn.VALUE1 == iMouseForward ? "1 " : "-1 ") + Place_Words(hPixel));
+}
+
+void On_Close() {
+  Take_Down_Under_Drag("close");
+}
+
+/// A path as a step takes it; the word cancel means none.
+std::string Path_Word(const QString& sFile) {
+  const std::string sPath = To_Bytes(QDir::current().relativeFilePath(sFile));
+  return Script_Word(sPath == "cancel" ? "./" + sPath : sPath);
+}
+
+void On_Drop(const QString& sFile) {
+  Take_Down("drop " + Path_Word(sFile));
+}
+
+void On_Answer(const QMessageBox& hBox) {
+  const std::string sAnswer = Answer_Words(hBox);
+  if (!sAnswer.empty()) Take_Down("answer " + sAnswer);
+}
+
+void On_File(const QString& sFile) {
+  Take_Down("file " + (sFile.isEmpty() ? "cancel" : Path_Word(sFile)));
+}
+
+// ---- dialogs
+
+/// The name of a control among those of its kind, as a word of a step.
+std::string Control_Word(I4 iField, bool (*bFits)(QWidget*)) {
+  return Script_Word(Word_for(iField, Named_Controls(bFits)));
+}
+
+/// A dialog without a Cancel button takes its Esc.
+void On_Button(I4 iButton) {
+  Take_Down_at_Plot(Known_Field(iButton) ? "press " + Control_Word(iButton, Is_a<QPushButton>) : "key Esc");
+}
+
+std::string Entry_Word(const QComboBox& hDropDown) {
+  return Script_Word(Word_for(hDropDown.currentIndex() + 1, Named_Entries(hDropDown)));
+}
+
+void On_Edit(const Field& hField) {
+  const std::string sValue = Script_Word(To_Bytes(Field_Text(hField)));
+  if (Is_Line(hField.hWidget)) {
+    Take_Down("set " + Control_Word(hField.iField, Is_Line) + ' ' + sValue);
+    hRecorder.bInField = !hField.hWidget->window()->isModal();
+  } else if (Is_a<QCheckBox>(hField.hWidget)) {
+    Take_Down("check " + Control_Word(hField.iField, Is_a<QCheckBox>) + ' ' + sValue);
+  } else if (Is_a<QRadioButton>(hField.hWidget)) {
+    if (sValue == "on") Take_Down("radio " + Control_Word(hField.iField, Is_a<QRadioButton>));
+  } else if (const auto* hDropDown = qobject_cast<const QComboBox*>(hField.hWidget)) {
+    Take_Down_at_Plot("choose " + Control_Word(hField.iField, Is_a<QComboBox>) + ' ' + Entry_Word(*hDropDown));
+  } else if (Is_a<QSlider>(hField.hWidget)) {
+    Take_Down("slide " + Control_Word(hField.iField, Is_a<QSlider>) + ' ' + sValue);
+  }
+}
+
+std::string Cell_Value(const QTableWidget& hGrid, I4 iRow, I4 iColumn) {
+  if (const auto* hDropDown = qobject_cast<const QComboBox*>(hGrid.cellWidget(iRow - 1, iColumn - 1)))
+    return Entry_Word(*hDropDown);
+  const QTableWidgetItem* hItem = hGrid.item(iRow - 1, iColumn - 1);
+  if (!hItem->data(Qt::CheckStateRole).isValid()) return Script_Word(To_Bytes(hItem->text()));
+  return hItem->checkState() == Qt::Checked ? "on" : "off";
+}
+
+void On_Cell(const QTableWidget& hGrid, I4 iRow, I4 iColumn) {
+  Take_Down_at_Plot("cell " + Control_Word(hGrid.objectName().mid(1).toInt(), Is_a<QTableWidget>) + ' ' +
+                    std::to_string(iRow) + ' ' + Script_Word(Word_for(iColumn, Named_Columns(hGrid))) + ' ' +
+                    Cell_Value(hGrid, iRow, iColumn));
+}
+
+}  // namespace
+
+void Record_Listen() {
+  hRecorder = {};
+  hWindowListener = {On_Menu,  On_Key,   On_Press, On_Release, On_Box_Given_Up,
+                     On_Wheel, On_Close, On_Drop,  On_Answer,  On_File};
+  hDialogListener = {On_Button, On_Edit, On_Cell};
+}
+
+I4 Record_Begin(std::string_view sPath) {
+  Record_End();
+  const std::string sName(sPath);
+  hRecorder.out.open(sName);
+  if (!hRecorder.out) return 1;
+  std::string sCommand = "# To play it: quillan";
+  for (I4 I = 1; I <= IOsArguments(); ++I) sCommand += ' ' + Script_Word(IOsArgument(I));
+  Write_Line(sCommand + " --script " + Script_Word(sName));
+  for (const std::string& sStep : hRecorder.sStep) Write_Line(sStep);
+  return Record_Is_On() ? 0 : 1;
+}
+
+void Record_End() {
+  hRecorder.out.close();
+  hRecorder.out.clear();
+}
+
+bool Record_Is_On() {
+  return hRecorder.out.is_open();
+}
+
+RecordPause::RecordPause() {
+  ++hRecorder.NPause;
+}
+
+RecordPause::~RecordPause() {
+  --hRecorder.NPause;
+}
+
+}  // namespace quillan

@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Plays every session while it is recorded, plays the record, and compares all files that the two leave.
+#   check_round_trip.sh PROGRAM SESSIONS
+set -eu
+program=$(realpath "$1")
+sessions=$(realpath "$2")
+export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
+export SOURCE_DATE_EPOCH=1605225600  # the logs hold the date
+
+# Left out, each with its reason.
+declare -A left_out=(
+  [greyed]="ends in a refusal: what follows is a Cancel that no user gave"
+  [greyed_field]="ends in a refusal"
+  [failed_save]="ends in a refusal"
+  [review_section_menu]="ends in a refusal"
+  [review_section_walk]="ends in a refusal"
+  [record_steps]="writes a record, which is no step"
+)
+
+# Plays a session's input with further arguments in a folder of its own.
+play() {
+  local folder=$1 session=$2 arguments
+  shift 2
+  mkdir "$folder"
+  cp -rL "$session/input/." "$folder/"
+  if [ -f "$session/arguments" ]; then
+    read -r -a arguments < "$session/arguments" || true
+  else
+    arguments=($(cd "$session/input" && ls | grep -iE '\.(avg|xdb)$' | head -n 1))
+  fi
+  (cd "$folder" && "$program" "${arguments[@]}" "$@" > output.txt)
+}
+
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+played=0
+failed=0
+for steps in "$sessions"/*/steps.txt; do
+  session=$(dirname "$steps")
+  name=$(basename "$session")
+  [ -z "${left_out[$name]:-}" ] || continue
+  played=$((played + 1))
+  rm -rf "$folder"/*
+  play "$folder/a" "$session" --script "$steps" --record "$folder/record.txt"
+  if ! play "$folder/b" "$session" --script "$folder/record.txt" || ! diff -rq "$folder/a" "$folder/b"; then
+    echo "$name: the record does not do what was recorded:"
+    cat "$folder/record.txt"
+    failed=1
+  fi
+done
+[ "$played" -ge 15 ] || { echo "only $played sessions were played"; exit 1; }
+exit "$failed"
