@@ -17,22 +17,25 @@ declare -A left_out=(
   [record_steps]="writes a record, which is no step"
 )
 
-# Plays a session's input with further arguments in a folder of its own.
+# Plays a session's input with further arguments, and keeps what it leaves in a folder. The log names the folder of the
+# run, which is the same for all.
 play() {
-  local folder=$1 session=$2 arguments
+  local kept=$1 session=$2 arguments
   shift 2
-  mkdir "$folder"
-  cp -rL "$session/input/." "$folder/"
+  mkdir run
+  cp -rL "$session/input/." run/
   if [ -f "$session/arguments" ]; then
     read -r -a arguments < "$session/arguments" || true
   else
     arguments=($(cd "$session/input" && ls | grep -iE '\.(avg|xdb)$' | head -n 1))
   fi
-  (cd "$folder" && "$program" "${arguments[@]}" "$@" > output.txt)
+  (cd run && "$program" "${arguments[@]}" "$@" > output.txt) || return 1
+  mv run "$kept"
 }
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
+cd "$folder"
 played=0
 failed=0
 for steps in "$sessions"/*/steps.txt; do
@@ -40,9 +43,9 @@ for steps in "$sessions"/*/steps.txt; do
   name=$(basename "$session")
   [ -z "${left_out[$name]:-}" ] || continue
   played=$((played + 1))
-  rm -rf "$folder"/*
-  play "$folder/a" "$session" --script "$steps" --record "$folder/record.txt"
-  if ! play "$folder/b" "$session" --script "$folder/record.txt" || ! diff -rq "$folder/a" "$folder/b"; then
+  rm -rf ./*
+  play a "$session" --script "$steps" --record "$folder/record.txt"
+  if ! play b "$session" --script "$folder/record.txt" || ! diff -r a b; then
     echo "$name: the record does not do what was recorded:"
     cat "$folder/record.txt"
     failed=1

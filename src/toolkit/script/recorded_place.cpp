@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
 #include "toolkit/draw/plot_axes.h"
 #include "toolkit/script/private_script.h"
@@ -14,15 +15,18 @@ namespace {
 
 constexpr int MDecimal = 12;  // finer than any pixel, in any units
 
-/// The fewest decimals with which a number still means the same place.
-template <class Same>
-std::string Shortest(R8 dValue, const Same& bSame) {
+/// The fewest decimals with which a number still leads to the same place: to fPlace, or, where rounding on the way
+/// keeps the number itself from it, to the place beside it that the number leads to.
+template <class Reached>
+std::string Shortest(R8 dValue, R4 fPlace, const Reached& fReached) {
   std::array<char, 400> hBuffer;  // a large number has 309 digits before the point
+  const R4 fBeside = fReached(dValue);
   for (int NDecimal = 0; NDecimal <= MDecimal; ++NDecimal) {
     const auto hEnd =
         std::to_chars(hBuffer.data(), hBuffer.data() + hBuffer.size(), dValue, std::chars_format::fixed, NDecimal);
     const std::string sText(hBuffer.data(), hEnd.ptr);
-    if (bSame(Number(sText))) return sText;
+    const R4 fThere = fReached(Number(sText));
+    if (fThere == fPlace || fThere == fBeside) return sText;
   }
   const auto hEnd = std::to_chars(hBuffer.data(), hBuffer.data() + hBuffer.size(), dValue);
   return {hBuffer.data(), hEnd.ptr};
@@ -39,19 +43,15 @@ GrPoint After_Step(R8 dX, R8 dY) {
   return As_Reported(Units_to_Pixels(QPointF(dX, dY)));
 }
 
-bool Is_in_Plot(GrPoint hPlot) {
-  return hPlot.fX >= InfoPgReal(iPlotXMin) && hPlot.fX <= InfoPgReal(iPlotXMax) && hPlot.fY >= InfoPgReal(iPlotYMin) &&
-         hPlot.fY <= InfoPgReal(iPlotYMax);
-}
-
-/// A place inside the plot, in its units.
+/// A place in plot units.
 std::string Point_Words(GrPoint hUnit, GrPoint hPlot) {
-  const auto After_Point = [&](R8 dX, R8 dY) {
+  const auto After_Point = [](R8 dX, R8 dY) {
     const GrPoint h = IPgUnitsToGrUnits(static_cast<R4>(dX), static_cast<R4>(dY));
     return After_Step(R8{h.fX}, R8{h.fY});
   };
-  const std::string sX = Shortest(R8{hPlot.fX}, [&](R8 dX) { return After_Point(dX, R8{hPlot.fY}).fX == hUnit.fX; });
-  return sX + ' ' + Shortest(R8{hPlot.fY}, [&](R8 dY) { return After_Point(R8{hPlot.fX}, dY).fY == hUnit.fY; });
+  const R8 dX0 = R8{hPlot.fX}, dY0 = R8{hPlot.fY};
+  const std::string sX = Shortest(dX0, hUnit.fX, [&](R8 dX) { return After_Point(dX, dY0).fX; });
+  return sX + ' ' + Shortest(dY0, hUnit.fY, [&](R8 dY) { return After_Point(dX0, dY).fY; });
 }
 
 /// Whether the pointer says that a click sets a corner of a box.
@@ -66,8 +66,9 @@ std::string Place_Words(QPointF hPixel) {
   const QSize hSize = Drawing_Area()->size();
   const QPointF hHeld(std::clamp(hPixel.x(), 0.0, R8(hSize.width())), std::clamp(hPixel.y(), 0.0, R8(hSize.height())));
   const GrPoint hUnit = As_Reported(hHeld);
-  const std::string sX = Shortest(R8{hUnit.fX}, [&](R8 dX) { return After_Step(dX, R8{hUnit.fY}).fX == hUnit.fX; });
-  return sX + ' ' + Shortest(R8{hUnit.fY}, [&](R8 dY) { return After_Step(R8{hUnit.fX}, dY).fY == hUnit.fY; });
+  const R8 dX0 = R8{hUnit.fX}, dY0 = R8{hUnit.fY};
+  const std::string sX = Shortest(dX0, hUnit.fX, [&](R8 dX) { return After_Step(dX, dY0).fX; });
+  return sX + ' ' + Shortest(dY0, hUnit.fY, [&](R8 dY) { return After_Step(dX0, dY).fY; });
 }
 
 std::string Click_Words(QPointF hPixel, Qt::MouseButton iButton) {
@@ -75,7 +76,8 @@ std::string Click_Words(QPointF hPixel, Qt::MouseButton iButton) {
   const bool bPoints = (iButton == Qt::LeftButton || iButton == Qt::RightButton) && IPg_Is_Plotting();
   const GrPoint hUnit = As_Reported(hPixel);
   const GrPoint hPlot = bPoints ? IPgUnitsFromGrUnits(hUnit.fX, hUnit.fY) : GrPoint{};
-  if (bPoints && !Sets_Corner() && Is_in_Plot(hPlot)) return "point " + Point_Words(hUnit, hPlot) + sButton;
+  const bool bHasPlace = std::isfinite(hPlot.fX) && std::isfinite(hPlot.fY);
+  if (bPoints && bHasPlace && !Sets_Corner()) return "point " + Point_Words(hUnit, hPlot) + sButton;
   return "click " + Place_Words(hPixel) + sButton;
 }
 

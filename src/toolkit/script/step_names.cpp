@@ -18,7 +18,8 @@ namespace {
 /// A text as it stands in a script: without what only helps the eye.
 QString As_Written(QString sText) {
   sText = As_Read(sText.remove('&'));
-  while (sText.endsWith(':') || sText.endsWith('.')) sText.chop(1);
+  if (sText.endsWith("...")) sText.chop(3);
+  if (sText.endsWith(':')) sText.chop(1);
   return sText.trimmed();
 }
 
