@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 #include "toolkit/draw/plot_axes.h"
@@ -165,7 +166,7 @@ Qt::MouseButton Button(Arguments sArgument, std::size_t iArgument) {
 }
 
 QPointF Pixel(const std::string& sX, const std::string& sY) {
-  return Units_to_Pixels(QPointF(Number(sX), Number(sY)));
+  return Step_Pixel(QPointF(Number(sX), Number(sY)));
 }
 
 bool Is_in_Area(QPointF hPixel) {
@@ -193,6 +194,13 @@ std::string_view Button_Name(Qt::MouseButton iButton) {
   return hRow == std::end(hButtonName) ? "" : hRow->sName;
 }
 
+QPointF Step_Pixel(QPointF hUnit) {
+  constexpr R8 dWhole = 1.0E-3;  // pixels
+  const auto Snapped = [](R8 d) { return std::abs(d - std::round(d)) < dWhole ? std::round(d) : d; };
+  const QPointF hPixel = Units_to_Pixels(hUnit);
+  return {Snapped(hPixel.x()), Snapped(hPixel.y())};
+}
+
 std::string Play_Click(Arguments sArgument) {
   return Click_at(Pixel(sArgument[0], sArgument[1]), Button(sArgument, 2));
 }
@@ -217,7 +225,7 @@ std::string Play_Point(Arguments sArgument) {
   const Qt::MouseButton iButton = Button(sArgument, 2);
   if (iButton != Qt::LeftButton && iButton != Qt::RightButton) return "the button is left or right";
   const GrPoint h = IPgUnitsToGrUnits(static_cast<R4>(Number(sArgument[0])), static_cast<R4>(Number(sArgument[1])));
-  return Click_at(Units_to_Pixels(QPointF(R8{h.fX}, R8{h.fY})), iButton);
+  return Click_at(Step_Pixel(QPointF(R8{h.fX}, R8{h.fY})), iButton);
 }
 
 std::string Play_Wheel(Arguments sArgument) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointF>
 #include <QString>
 #include <charconv>
 #include <span>
@@ -52,6 +53,8 @@ using Arguments = std::span<const std::string>;
 /// What Play_Key and the steps of the mouse call a key and a button; blank for what has no name.
 std::string Key_Name(const QKeyEvent& hKey);
 std::string_view Button_Name(Qt::MouseButton iButton);
+/// The pixel that a step in graphics units means: a whole one, as mice report them, where its decimals come so near.
+QPointF Step_Pixel(QPointF hUnit);
 /// How Play_Answer gives the answer that was given to a box.
 std::string Answer_Words(const QMessageBox& hBox);
 

@@ -40,7 +40,7 @@ GrPoint As_Reported(QPointF hPixel) {
 
 /// Graphics units as they come back from a step.
 GrPoint After_Step(R8 dX, R8 dY) {
-  return As_Reported(Units_to_Pixels(QPointF(dX, dY)));
+  return As_Reported(Step_Pixel(QPointF(dX, dY)));
 }
 
 /// A place in plot units.

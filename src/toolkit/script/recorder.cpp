@@ -6,7 +6,6 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -46,6 +45,7 @@ struct Recorder {
   std::ofstream out;  // closed: no record is being written
   QSize hWindow;      // as the steps so far leave it
   HeldButton hHeld;
+  std::string sSlide;     // a trackbar on its way: only where the program sees it is a step
   bool bInField = false;  // a script that has come here would have the keyboard in a field of a tool window
   I4 NPause = 0;
 };
@@ -72,7 +72,14 @@ void Add_Step(const std::string& sStep) {
   Add_Line(sStep);
 }
 
+void End_Slide() {
+  const std::string sSlide = std::exchange(hRecorder.sSlide, {});
+  if (!sSlide.empty()) Add_Step(sSlide);
+}
+
+/// Takes down what waited for its end.
 void End_Held() {
+  End_Slide();
   const std::vector<std::string> sStep = std::exchange(hRecorder.hHeld, {}).sStep;
   for (const std::string& s : sStep) Add_Step(s);
 }
@@ -105,7 +112,8 @@ void On_Menu(I4 iCommand) {
 void On_Key(const QKeyEvent& hKey) {
   const std::string sName = Key_Name(hKey);
   if (sName.empty() || hRecorder.NPause > 0) return;
-  const bool bLeft = !qobject_cast<QLineEdit*>(QApplication::focusWidget());
+  QWidget* hFocus = QApplication::focusWidget();
+  const bool bLeft = !hFocus || !Is_Line(hFocus);
   if (hRecorder.bInField && bLeft) Take_Down_at_Plot("key Enter");  // by which the user has left the field, or a click
   Take_Down_Under_Drag("key " + Script_Word(sName));
 }
@@ -137,16 +145,18 @@ void On_Box_Given_Up(bool bClose) {
   End_Held();
 }
 
-void On_Wheel(const Message& hTurn) {
-  const QPointF hPixel = Units_to_Pixels(QPointF(R8{hTurn.GX}, R8{hTurn.GY}));
-  Take_Down(std::string("wheel ") + (hTurn.VALUE1 == iMouseForward ? "1 " : "-1 ") + Place_Words(hPixel));
+void On_Taken(const Message& h) {
+  if (h.iType == MessageType::Field) End_Slide();
+  if (h.iType != MessageType::MouseDown || h.VALUE2 != iByWheel) return;
+  const QPointF hPixel = Units_to_Pixels(QPointF(R8{h.GX}, R8{h.GY}));
+  Take_Down(std::string("wheel ") + (h.VALUE1 == iMouseForward ? "1 " : "-1 ") + Place_Words(hPixel));
 }
 
 void On_Close() {
   Take_Down_Under_Drag("close");
 }
 
-/// A path as a step takes it; the word cancel means none.
+/// A file as seen from the working folder. The word cancel would mean none.
 std::string Path_Word(const QString& sFile) {
   const std::string sPath = To_Bytes(QDir::current().relativeFilePath(sFile));
   return Script_Word(sPath == "cancel" ? "./" + sPath : sPath);
@@ -181,6 +191,12 @@ std::string Entry_Word(const QComboBox& hDropDown) {
   return Script_Word(Word_for(hDropDown.currentIndex() + 1, Named_Entries(hDropDown)));
 }
 
+void Move_Trackbar(const std::string& sStep, const std::string& sValue) {
+  if (hRecorder.NPause > 0) return;
+  if (!hRecorder.sSlide.starts_with(sStep)) End_Held();
+  hRecorder.sSlide = sStep + sValue;
+}
+
 void On_Edit(const Field& hField) {
   const std::string sValue = Script_Word(To_Bytes(Field_Text(hField)));
   if (Is_Line(hField.hWidget)) {
@@ -193,7 +209,7 @@ void On_Edit(const Field& hField) {
   } else if (const auto* hDropDown = qobject_cast<const QComboBox*>(hField.hWidget)) {
     Take_Down_at_Plot("choose " + Control_Word(hField.iField, Is_a<QComboBox>) + ' ' + Entry_Word(*hDropDown));
   } else if (Is_a<QSlider>(hField.hWidget)) {
-    Take_Down("slide " + Control_Word(hField.iField, Is_a<QSlider>) + ' ' + sValue);
+    Move_Trackbar("slide " + Control_Word(hField.iField, Is_a<QSlider>) + ' ', sValue);
   }
 }
 
@@ -216,7 +232,7 @@ void On_Cell(const QTableWidget& hGrid, I4 iRow, I4 iColumn) {
 void Record_Listen() {
   hRecorder = {};
   hWindowListener = {On_Menu,  On_Key,   On_Press, On_Release, On_Box_Given_Up,
-                     On_Wheel, On_Close, On_Drop,  On_Answer,  On_File};
+                     On_Taken, On_Close, On_Drop,  On_Answer,  On_File};
   hDialogListener = {On_Button, On_Edit, On_Cell};
 }
 
@@ -227,7 +243,7 @@ I4 Record_Begin(std::string_view sPath) {
   if (!hRecorder.out) return 1;
   std::string sCommand = "# To play it: quillan";
   for (I4 I = 1; I <= IOsArguments(); ++I) sCommand += ' ' + Script_Word(IOsArgument(I));
-  Write_Line(sCommand + " --script " + Script_Word(sName));
+  Write_Line(sCommand + " --script " + Path_Word(To_QString(sName)));
   for (const std::string& sStep : hRecorder.sStep) Write_Line(sStep);
   return Record_Is_On() ? 0 : 1;
 }

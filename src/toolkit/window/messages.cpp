@@ -62,7 +62,7 @@ Message Take_Message() {
   if (hQueue.hWaiting.empty()) return {};
   const Message hMessage = hQueue.hWaiting.front();
   hQueue.hWaiting.pop_front();
-  if (hMessage.iType == MessageType::MouseDown && hMessage.VALUE2 == iByWheel) hWindowListener.Wheel(hMessage);
+  hWindowListener.Taken(hMessage);
   return hMessage;
 }
 

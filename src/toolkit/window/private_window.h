@@ -46,8 +46,8 @@ struct WindowListener {
   void (*Release)(const QMouseEvent& hRelease) = [](const QMouseEvent&) {};
   /// The box that the last press began was given up, by Esc or by a close request.
   void (*Box_Given_Up)(bool bClose) = [](bool) {};
-  /// A step of the wheel that the program has taken: turned too far, others are dropped.
-  void (*Wheel)(const Message& hTurn) = [](const Message&) {};
+  /// A message that the program has taken: of what is turned or moved too fast for it some never comes so far.
+  void (*Taken)(const Message& hMessage) = [](const Message&) {};
   void (*Close)() = [] {};
   void (*Drop)(const QString& sFile) = [](const QString&) {};
   void (*Answer)(const QMessageBox& hBox) = [](const QMessageBox&) {};
