@@ -163,6 +163,20 @@ TEST_F(Recorded, OnlyWhatTheProgramSeesOfATurnOrAMoveIsAStep) {
   EXPECT_EQ(Steps(), sBefore + "slide Curve 30\n");
 }
 
+TEST_F(Recorded, AKeyIsPressedAgainAsItWas) {
+  Key(Qt::Key_Left, {}, Qt::ControlModifier);
+  Key(Qt::Key_Tab, {}, Qt::ShiftModifier);
+  Key(Qt::Key_N, "N", Qt::ShiftModifier);
+  Key(Qt::Key_Space, " ", Qt::ShiftModifier);
+  Key(Qt::Key_QuoteDbl, "\"");
+  Key(Qt::Key_Enter, "\r", Qt::KeypadModifier);
+  EXPECT_EQ(Steps(), "key Ctrl+Left\nkey Shift+Tab\nkey N\nkey \"Shift+ \"\nkey \"\"\"\"\nkey Enter\n");
+  PlayedSession hSession(Steps());
+  std::string sKeys;
+  for (const Message& h : hSession.Rest()) sKeys += std::to_string(h.VALUE1) + ' ';
+  EXPECT_EQ(sKeys, "261 9 78 32 34 13 ") << hSession.Errors();
+}
+
 TEST_F(Recorded, AnEditIsAStepWhenItIsComplete) {
   Show(118);
   WDialogPutReal(1111, 1.0f, "(1P,G14.3)");

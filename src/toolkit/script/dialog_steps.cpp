@@ -18,8 +18,8 @@
 #include <QTableWidget>
 
 #include "toolkit/dialog/private_dialog.h"
+#include "toolkit/script/private_names.h"
 #include "toolkit/script/private_script.h"
-#include "toolkit/script/step_names.h"
 #include "toolkit/window/private_window.h"
 
 namespace quillan::toolkit {

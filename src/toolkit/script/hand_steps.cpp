@@ -10,8 +10,8 @@
 #include <iterator>
 
 #include "toolkit/draw/plot_axes.h"
+#include "toolkit/script/private_names.h"
 #include "toolkit/script/private_script.h"
-#include "toolkit/script/step_names.h"
 #include "toolkit/window/private_window.h"
 
 namespace quillan::toolkit {
@@ -118,7 +118,8 @@ std::string Key_Name(const QKeyEvent& hKey) {
   // The case of a letter says whether Shift was held.
   const bool bNamed = !sName.empty() || hKey.text() == " ";
   const bool bCommand = hKey.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
-  if (sName.empty()) sName = To_Bytes(bCommand ? QString(QChar(hKey.key())) : hKey.text());
+  const bool bCharacter = hKey.key() <= 0xFFFF;  // the keys without one have their codes above
+  if (sName.empty()) sName = To_Bytes(bCommand && bCharacter ? QString(QChar(hKey.key())) : hKey.text());
   if (sName.empty()) return "";
   std::string sHeld;
   for (const auto& hRow : hModifierName) {

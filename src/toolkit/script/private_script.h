@@ -55,6 +55,11 @@ std::string Key_Name(const QKeyEvent& hKey);
 std::string_view Button_Name(Qt::MouseButton iButton);
 /// The pixel that a step in graphics units means: a whole one, as mice report them, where its decimals come so near.
 QPointF Step_Pixel(QPointF hUnit);
+/// The way back (recorded_place.cpp): a pixel of the drawing area in graphics units, held to the area, with as many
+/// digits as it takes to meet it again; a click as a step, `point` where there is a plot, else, and where a corner of a
+/// box is set, `click`.
+std::string Place_Words(QPointF hPixel);
+std::string Click_Words(QPointF hPixel, Qt::MouseButton iButton);
 /// How Play_Answer gives the answer that was given to a box.
 std::string Answer_Words(const QMessageBox& hBox);
 

@@ -1,5 +1,4 @@
-#include "toolkit/script/recorded_place.h"
-
+// Places in the drawing area as the words of a step.
 #include <QWidget>
 #include <algorithm>
 #include <array>

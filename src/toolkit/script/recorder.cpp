@@ -1,11 +1,9 @@
 #include "toolkit/script/recorder.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
-#include <QFile>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -18,9 +16,8 @@
 
 #include "platform/arguments.h"
 #include "toolkit/dialog/private_dialog.h"
+#include "toolkit/script/private_names.h"
 #include "toolkit/script/private_script.h"
-#include "toolkit/script/recorded_place.h"
-#include "toolkit/script/step_names.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/private_window.h"
 #include "toolkit/window/window.h"

@@ -1,5 +1,5 @@
-// step_names.h: what the steps of a script call controls, menu entries and entries of lists: the words on the screen,
-// or numbers.
+// private_names.h: what the steps of a script call controls, menu entries and entries of lists: the words on the
+// screen, or numbers.
 //
 // Mnemonic marks, colons, dots that announce a question, hyphens, runs of blanks and case do not count. A control is
 // known by its own text, by that of the label that belongs to it, and by the property "stepName" of its designer file,

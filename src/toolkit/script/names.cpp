@@ -1,4 +1,4 @@
-#include "toolkit/script/step_names.h"
+#include "toolkit/script/private_names.h"
 
 #include <QAbstractButton>
 #include <QAction>
