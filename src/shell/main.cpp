@@ -51,6 +51,7 @@ int Run(Options& h) {
   try {
     Need_Room_for_Window();
     System_Initialize();
+    if (Record_Would_Destroy(h.sRecord)) return Refuse(h.sRecord + " is there already and is no record of steps", 2);
     const int NRemaining = static_cast<int>(h.hRemaining.size());
     h.hRemaining.push_back(nullptr);  // a command line ends in a null
     Script_Load(h.sScript);

@@ -1,6 +1,7 @@
 #include "shell/options.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
 
 namespace quillan {
@@ -82,7 +83,8 @@ Options Read_Options(int argc, char** argv) {
       h.hRemaining.push_back(argv[I]);
     }
   }
-  if (h.sFault.empty() && !h.sRecord.empty() && h.sRecord == h.sScript)
+  std::error_code hNoFile;
+  if (h.sFault.empty() && !h.sScript.empty() && std::filesystem::equivalent(h.sRecord, h.sScript, hNoFile))
     h.sFault = "--record would write over the script that is played, " + h.sScript;
   return h;
 }

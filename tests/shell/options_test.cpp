@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
 namespace quillan {
@@ -37,7 +38,8 @@ TEST(Options, OnesThatAreNotKnownAreRefusedWithAHint) {
   EXPECT_EQ(Read({"-h"}).sFault, "unknown option -h; quillan --help lists them");
   EXPECT_EQ(Read({"--script"}).sFault, "--script needs the name of a file");
   EXPECT_EQ(Read({"--record", "a.txt", "--script", "b.txt"}).sRecord, "a.txt");
-  EXPECT_EQ(Read({"--record", "a.txt", "--script", "a.txt"}).sFault,
+  std::ofstream("a.txt") << "close\n";
+  EXPECT_EQ(Read({"--record", "./a.txt", "--script", "a.txt"}).sFault,
             "--record would write over the script that is played, a.txt");
 }
 

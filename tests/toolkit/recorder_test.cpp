@@ -232,5 +232,13 @@ TEST_F(Recorded, WhatCannotBeWrittenIsNoRecord) {
   EXPECT_FALSE(Record_Is_On());
 }
 
+TEST_F(Recorded, OnlyAnEarlierRecordIsReplacedUnasked) {
+  Write_File("line7.avg", "\\ the data\n");
+  Write_File("empty.txt", "");
+  EXPECT_TRUE(Record_Would_Destroy("line7.avg"));
+  for (const char* sFile : {"record.txt", "empty.txt", "none.txt", ""})
+    EXPECT_FALSE(Record_Would_Destroy(sFile)) << sFile;
+}
+
 }  // namespace
 }  // namespace quillan

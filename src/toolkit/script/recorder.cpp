@@ -28,6 +28,8 @@ using namespace toolkit;
 
 namespace {
 
+constexpr std::string_view sFirstWords = "# To play it: quillan";  // of every record
+
 // A mouse button that is down. What it does shows when it goes up: a click, or a drag from here.
 struct HeldButton {
   Qt::MouseButton iButton = Qt::NoButton;  // none: all buttons are up
@@ -233,12 +235,18 @@ void Record_Listen() {
   hDialogListener = {On_Button, On_Edit, On_Cell};
 }
 
+bool Record_Would_Destroy(std::string_view sPath) {
+  std::ifstream in{std::string(sPath)};
+  std::string sLine;
+  return std::getline(in, sLine) && !sLine.starts_with(sFirstWords);
+}
+
 I4 Record_Begin(std::string_view sPath) {
   Record_End();
   const std::string sName(sPath);
   hRecorder.out.open(sName);
   if (!hRecorder.out) return 1;
-  std::string sCommand = "# To play it: quillan";
+  std::string sCommand(sFirstWords);
   for (I4 I = 1; I <= IOsArguments(); ++I) sCommand += ' ' + Script_Word(IOsArgument(I));
   Write_Line(sCommand + " --script " + Path_Word(To_QString(sName)));
   for (const std::string& sStep : hRecorder.sStep) Write_Line(sStep);

@@ -19,6 +19,10 @@ namespace quillan {
 /// Listens from now on, with nothing recorded.
 void Record_Listen();
 
+/// Whether a record of that name would destroy a file that is none: a name left out on the command line must not cost
+/// the data file that stands after it.
+bool Record_Would_Destroy(std::string_view sPath);
+
 /// Writes what was done into a file, and from then on each step as it is done. Returns 0; 1 when the file cannot be
 /// written.
 [[nodiscard]] I4 Record_Begin(std::string_view sPath);
