@@ -28,6 +28,8 @@ Bench Floor_Read, Bench_Read;
 // open_bench.cpp
 Bench Bench_Initialize, Bench_MDE, Bench_Widths, Bench_Complete, Bench_TWCfg, Bench_Sort, Bench_B, Bench_Ranges,
     Bench_Open;
+// station_bench.cpp
+Bench Floor_Stations, Bench_Stations;
 // write_bench.cpp
 Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync;
 // average_bench.cpp
@@ -35,8 +37,12 @@ Bench Bench_Average_Save, Bench_Average;
 // merge_bench.cpp
 Bench Bench_Merge, Bench_Merge_None;
 Bench Floor_Write, Bench_Write, Bench_Write_Z, Bench_Write_Disk, Bench_Sync;
+Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync, Bench_Write_AMR, Bench_Write_USF, Bench_Write_Sweeps;
 // review_bench.cpp
 Bench Floor_Section_Small, Bench_Section_Small, Floor_Section_Large, Bench_Section_Large, Floor_Nearest, Bench_Nearest,
     Floor_Curve_Small, Bench_Curve_Small, Floor_Curve_Large, Bench_Curve_Large;
+// history_bench.cpp
+Bench Floor_Click, Bench_Click, Bench_Many_Clicks, Floor_Auto_Skip, Bench_Auto_Skip, Bench_Rule, Bench_Keep_Rule,
+    Bench_Undo, Bench_Click_Journal, Bench_Auto_Skip_Journal, Bench_Begin_Journal, Bench_Replay_Journal;
 
 }  // namespace quillan

@@ -3,7 +3,9 @@
 #include <vector>
 
 #include "benches.h"
+#include "files/amr_file.h"
 #include "files/avg_writer.h"
+#include "files/usf_file.h"
 #include "files/z_file.h"
 #include "model/derived.h"
 #include "platform/safe_file.h"
@@ -30,8 +32,8 @@ constexpr FloorColumn hFloorColumn[] = {
 };
 
 template <class Step>
-void Run_Write(benchmark::State& state, Step Write) {
-  Put_Store(hBench.hMade);
+void Run_Write(benchmark::State& state, Step Write, const KeptStore& hStore = hBench.hMade) {
+  Put_Store(hStore);
   I4 iError = 0;
   for (auto _ : state) iError = Write();
   if (iError != 0) state.SkipWithError("the file was not written");
@@ -89,6 +91,24 @@ void Bench_Write_Disk(benchmark::State& state) {
 /// The same bytes to the disk without making them: write, sync, rename, sync the folder.
 void Bench_Sync(benchmark::State& state) {
   Run_Write(state, [] { return Write_SafeFile(hBench.sDiskFile); });
+}
+
+// The exchange formats, also on a memory file system. The store of one section has nothing but soundings for them.
+
+void Bench_Write_AMR(benchmark::State& state) {
+  const auto As_It_Is = [](const std::string& sTrnFile) { return sTrnFile; };
+  Run_Write(
+      state, [&] { return AMR_Write(hBench.sOut, As_It_Is); }, hBench.hSection);
+}
+
+void Bench_Write_USF(benchmark::State& state) {
+  Run_Write(
+      state, [] { return USF_Write(hBench.sOut, UsfLayout::Soundings); }, hBench.hSection);
+}
+
+void Bench_Write_Sweeps(benchmark::State& state) {
+  Run_Write(
+      state, [] { return USF_Write(hBench.sOut, UsfLayout::Sweeps); }, hBench.hSection);
 }
 
 }  // namespace quillan

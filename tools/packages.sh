@@ -4,7 +4,8 @@
 # plots are lettered in Liberation Sans; menus and dialogs take the system's sans family, which Debian's font
 # configuration finds in DejaVu but not in Liberation. The reader of metafiles measures their text in the base 35 fonts,
 # which its package only recommends, and reads none without them.
-packages_run=(g++ cmake ninja-build qt6-base-dev qt6-tools-dev libqt6opengl6-dev fonts-liberation2 fonts-dejavu-core)
+packages_run=(g++ cmake ninja-build qt6-base-dev qt6-tools-dev qt6-svg-dev libqt6opengl6-dev
+  fonts-liberation2 fonts-dejavu-core)
 packages_test=("${packages_run[@]}" libgtest-dev clang-format-16 libwmf-bin fonts-urw-base35
   desktop-file-utils appstream libxml2-utils mandoc parallel)
 packages_package=(dpkg-dev file fakeroot git)

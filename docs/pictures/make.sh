@@ -45,10 +45,32 @@ press 1010
 menu 40009
 snapshot save-types.png
 press 1010
+menu 40016
+press 1009
+menu 40006
+resize 100 100
+menu 41003
+snapshot edit-list.png
+press 1010
 menu 40011
 answer no
 STEPS
 "$program" orrin.avg --script dialogs.txt > /dev/null
+
+# The map covers a small window as well.
+cat > stations.txt << 'STEPS'
+resize 200 100
+press 1009
+menu 40018
+resize 1200 840
+snapshot station-map.png
+key x
+resize 1200 900
+snapshot plan-view.png
+menu 40011
+answer no
+STEPS
+"$program" orrin.avg --script stations.txt > /dev/null
 
 cat > lake.txt << 'STEPS'
 resize 1200 900

@@ -8,6 +8,8 @@
 #include <string_view>
 
 #include "base/types.h"
+#include "commands/export_amira.h"
+#include "commands/export_usf.h"
 #include "files/avg_legacy_writer.h"
 #include "files/avg_reader.h"
 #include "files/avg_writer.h"
@@ -23,6 +25,7 @@ struct FileFormat {
   std::string_view sNameEnd;            // what a save adds to the stem of the data file; blank: the data file itself
   I4 (*Write)(std::string_view sFile);  // null: not written yet, the box is greyed
   std::string_view sFlags;              // what becomes of skip flags, for dialog 104
+  L4 bEndsSave;                         // a failure keeps what comes after it from being written
 };
 
 inline constexpr I4 iDlgSaveTypes = 104;
@@ -32,14 +35,14 @@ inline constexpr I4 iChkPutAvg = 1059;
 inline constexpr I4 iChkPutAmr = 1061;
 inline constexpr I4 iChkPutAvg0 = 1103;
 
-// Extension, reader, box, end of the name, writer, skip flags.
+// Extension, reader, box, end of the name, writer, skip flags, ends the save.
 inline constexpr FileFormat hFileFormat[] = {
-    {".AVG", AVG_Read, iChkPutAvg,  "",      AVG_Write,  "flags are not read back"},
-    {".XDB", AVG_Read, 0,           "",      nullptr,    ""                       },
-    {".Z",   Z_Read,   0,           ".avg",  nullptr,    ""                       },
-    {"",     nullptr,  iChkPutAvg0, "o.avg", AVG_Write0, "keeps skip flags"       },
-    {"",     nullptr,  iChkPutAmr,  ".tem",  nullptr,    ""                       },
-    {"",     nullptr,  iChkPutUsf,  ".usf",  nullptr,    ""                       },
+    {".AVG", AVG_Read, iChkPutAvg,  "",      AVG_Write,    "flags are not read back",      true },
+    {".XDB", AVG_Read, 0,           "",      nullptr,      "",                             true },
+    {".Z",   Z_Read,   0,           ".avg",  nullptr,      "",                             true },
+    {"",     nullptr,  iChkPutAvg0, "o.avg", AVG_Write0,   "keeps skip flags",             true },
+    {"",     nullptr,  iChkPutAmr,  ".tem",  Export_AMIRA, "skipped windows are left out", false},
+    {"",     nullptr,  iChkPutUsf,  ".usf",  Export_USF,   "skipped windows are left out", true },
 };
 inline constexpr std::size_t NFileFormat = std::size(hFileFormat);
 

@@ -16,7 +16,7 @@ I4 Run_Live_Dialog(const std::function<void()>& Show) {
       case MessageType::Button: return hMessage.VALUE1;
       case MessageType::Field: Show(); break;
       case MessageType::Expose:
-      case MessageType::Resize: LogText_Update(); break;
+      case MessageType::Resize: LogText_Redraw(); break;
       case MessageType::Close: return iBtnCancel;
       default: break;
     }

@@ -1,7 +1,9 @@
 #include "commands/open_file.h"
 
 #include "base/program.h"
+#include "commands/history_commands.h"
 #include "commands/open_survey.h"
+#include "commands/recovery.h"
 #include "commands/save_survey.h"
 #include "commands/session.h"
 #include "foundations/file_util.h"
@@ -31,13 +33,16 @@ std::string Completed(std::string_view sName, std::string_view sFileExt) {
 }
 
 I4 Read_Chosen_File(const std::string& sFile) {
+  Recovery_Leave();
   sAvgFile = sFile;
   hSession.sFileName = File_Name(sAvgFile);
   WindowTitle("Quillan " + std::string(sVersion) + " updated " + std::string(sUpdate) + ", data from " +
               hSession.sFileName);
   const I4 iError = TEM_Read_Data(sAvgFile);
   hSession.bUpdateAVG = false;
+  Begin_History();
   Show_No_Data();
+  Recovery_Begin();
   return iError;
 }
 
@@ -59,9 +64,12 @@ I4 Open_File() {
   const std::string sFile =
       WSelectFile2(sOpenFilter, iSelectOpen, "Select TEM *.avg or *.xdb file for input", sAvgFile);
   if (!sFile.empty()) return Read_Chosen_File(sFile);
+  Recovery_Leave();
   NTrn = 0;  // no file, no data: what the window shows is what is in the store
   hSession.bUpdateAVG = false;
+  Begin_History();
   Show_No_Data();
+  Recovery_Begin();
   return 1;
 }
 

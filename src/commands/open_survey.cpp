@@ -4,11 +4,13 @@
 #include "commands/format_table.h"
 #include "commands/session.h"
 #include "commands/survey_config.h"
+#include "files/file_stamp.h"
 #include "files/mde_file.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "metadata/mdp_data.h"
 #include "model/derived.h"
+#include "model/stn_data.h"
 #include "model/tmd_data.h"
 #include "processing/b_field.h"
 #include "processing/moving_average.h"
@@ -22,6 +24,7 @@ namespace {
 void Forget_Last_Survey() {
   LogText_Reset();
   TMD_Initialize();
+  Stn_Forget();
   MDP_Initialize_MD(true);
   MdTx.dKvrStn = dDummy;
   MdTx.dStn = dDummy;
@@ -68,6 +71,9 @@ I4 TEM_Read_Data(std::string& sDataFile) {
   Forget_Last_Survey();
   hSession.sFileName = File_Name(sDataFile);
   std::string sMdeFile = std::string(File_Stem(sDataFile)) + ".mde";
+  Stamps_Forget();
+  Stamp_Note(sDataFile);
+  Stamp_Note(IOsFindCompanion(sMdeFile));
   const I4 iMdeError = MDE_Read(sMdeFile);  // may be missing: the data file can speak for itself
   I4 iError = Read_File(sDataFile, iMdeError);
   if (NTrn < 1) return iError;

@@ -235,7 +235,7 @@ I4 Run_Dialog(SurveyConfig& hConfig) {
       case MessageType::Button: iExit = On_Button(hMessage.VALUE1, hConfig, hShown); break;
       case MessageType::Field: Take_Fields(hConfig, hShown); break;
       case MessageType::Expose:
-      case MessageType::Resize: LogText_Update(); break;
+      case MessageType::Resize: LogText_Redraw(); break;
       case MessageType::Close: iExit = 3; break;
       default: break;
     }

@@ -60,6 +60,10 @@ inline I4 iZPositive = 1;
 /// The values that the dialog begins with: codes held to their tables, azimuth brought into 0 to 360, the area of the
 /// last transient of each axis.
 SurveyConfig Config_from_Survey();
+/// Whether the receivers of a survey look up (1) or down (2).
+inline I4 Z_Positive(const Survey& h) {
+  return h.fRxHPR(3) == 180.0f ? 2 : 1;
+}
 /// Azimuth of the receivers' y axis: 90 degrees to the left of x with Z up, to the right with Z down.
 R4 Y_Azimuth(R4 fXazm, I4 iZPos);
 /// Puts the values back: survey, metadata, one area for each axis of the transients, attitudes of receivers and loop.

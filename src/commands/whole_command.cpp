@@ -1,18 +1,13 @@
 #include "commands/whole_command.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <new>
-#include <tuple>
 #include <utility>
-#include <vector>
 
 #include "commands/session.h"
 #include "foundations/log_file.h"
-#include "metadata/mdp_data.h"
-#include "model/tmd_data.h"
-#include "model/txw_data.h"
+#include "model/history.h"
 #include "review/qcs_sections.h"
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/menus.h"
@@ -21,32 +16,20 @@
 namespace quillan {
 namespace {
 
-/// What a command can change, transients aside, as references.
-auto Small_State() {
-  return std::tie(hTemSurvey, hAvgKept, hTxw, NTxw, NTxwError, sAvgFile, hSession, MdJob, MdSurvey, MdUnit, MdGrid,
-                  MdLine, MdStn, MdKvr, MdGps, MdTx, MdRx, MdChn);
-}
-
-template <class... Value>
-std::tuple<Value...> Values_of(std::tuple<Value&...> hState) {
-  return hState;
-}
-
-/// The data before a command.
-class StoreCopy {
+/// The way back to the data before a command, which the history knows. It holds the memory that going back takes.
+class WayBack {
  public:
-  StoreCopy() : hTrnBefore(hTrn.begin(), hTrn.begin() + NTrn), hState(Values_of(Small_State())) {}
+  WayBack() : hSessionBefore(hSession), hRoom(std::make_unique<char[]>(History_Put_Back_Room())) {}
 
-  /// Takes no memory: there may be none.
   void Put_Back() {
-    NTrn = static_cast<I4>(hTrnBefore.size());
-    std::ranges::copy(hTrnBefore, hTrn.begin());
-    Small_State() = std::move(hState);
+    hRoom.reset();
+    History_Put_Back();
+    hSession = std::move(hSessionBefore);
   }
 
  private:
-  std::vector<Transient> hTrnBefore;
-  decltype(Values_of(Small_State())) hState;
+  Session hSessionBefore;
+  std::unique_ptr<char[]> hRoom;
 };
 
 void Report_No_Memory(Unfinished iUnfinished) {
@@ -67,9 +50,9 @@ void Report_No_Memory(Unfinished iUnfinished) {
 }  // namespace
 
 I4 Run_Whole(I4 (*Carry_Out)(), Unfinished iUnfinished) {
-  std::unique_ptr<StoreCopy> hBefore;
+  std::unique_ptr<WayBack> hBefore;
   try {
-    if (iUnfinished == Unfinished::PutBack) hBefore = std::make_unique<StoreCopy>();
+    if (iUnfinished == Unfinished::PutBack) hBefore = std::make_unique<WayBack>();
     return Carry_Out();
   } catch (const std::bad_alloc&) {
     if (hBefore) hBefore->Put_Back();

@@ -4,16 +4,15 @@
 #include <cmath>
 
 #include "base/array.h"
+#include "files/column_file.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "foundations/str_parse.h"
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
-#include "foundations/user.h"
 #include "model/station_scale.h"
 #include "model/txw_data.h"
-#include "platform/file_names.h"
 
 namespace quillan {
 
@@ -34,10 +33,7 @@ constexpr AliasRow CTxwAlias[] = {
     {"TXID",      "LOOP"},
 };
 
-constexpr R8 dValueMax = 1.0E12;     // no coordinate of the earth is larger
-constexpr R8 dStnSpacings = 10.0;    // within so many spacings two rows belong to one loop
-constexpr std::size_t NLineMin = 3;  // shorter lines are passed over
-constexpr const char* sDropped = "Spurious data will be dropped.";
+constexpr R8 dStnSpacings = 10.0;  // within so many spacings two rows belong to one loop
 
 ColumnMap Columns_without_Labels() {
   ColumnMap hColumn;
@@ -57,42 +53,15 @@ struct TxwImport {
   I4 NErrLimit = 0;     // rows with a value beyond the limit
 };
 
-void Report(L4 bAuto, const ErrorLines& sError) {
-  if (bAuto) {
-    LogErr_File(sError);
-  } else {
-    LogErr(sError);
-  }
-}
-
 /// The file that is to be read. False when there is none.
 bool Locate(std::string& sTxwFile, L4 bAuto) {
-  LogText("");
-  LogText("Searching for file");
-  LogText(sTxwFile);
-  sTxwFile = IOsFindCompanion(sTxwFile);
-  if (IOsFileExists(sTxwFile)) return true;
-  if (bAuto) {
-    LogText("Did not find txw file");
-    LogText(sTxwFile);
-  } else {
-    const std::string sChosen =
-        hUser.Choose_File("Select optional txw file or select Cancel|*.txw|", "Select optional Tx wire endpoints file");
-    if (!sChosen.empty()) {
-      sTxwFile = sChosen;
-      return true;
-    }
-  }
-  LogText("Txw file import canceled.");
-  return false;
-}
-
-bool Is_Comment(char c) {
-  return std::string_view("$\\/!\"").find(c) != std::string_view::npos;
-}
-
-bool Is_Label(char c) {
-  return c >= 'A' && c <= 'z';
+  return Find_Optional_File(sTxwFile, bAuto,
+                            {
+                                .sMissing = {"Did not find txw file", sTxwFile},
+                                .sFilter = "Select optional txw file or select Cancel|*.txw|",
+                                .sTitle = "Select optional Tx wire endpoints file",
+                                .sCanceled = "Txw file import canceled."
+  });
 }
 
 /// "LOOP, EAST": the required labels without a column.
@@ -113,17 +82,13 @@ void Take_Labels(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
   const std::string sMissing = Missing_Labels(hImport.hColumn);
   hImport.bValidLabels = sMissing.empty();
   if (!hImport.bValidLabels) {
-    Report(hImport.bAuto, {"Txw_Read.ERROR missing data column label(s) on record " + Str_Write_I4(iRecord).str(),
-                           "Missing: " + sMissing});
+    LogErr_or_File(hImport.bAuto,
+                   {"Txw_Read.ERROR missing data column label(s) on record " + Str_Write_I4(iRecord).str(),
+                    "Missing: " + sMissing});
     return;
   }
   LogText("Have found correct column labels, now reading numerical data.");
-  LogText(sDropped);
-}
-
-/// " on line1.txw line 12"
-std::string Where(const TxwImport& hImport, I4 iRecord) {
-  return " on " + std::string(hImport.sFileName) + " line " + Str_Write_I4(iRecord).str();
+  LogText(sSpuriousDropped);
 }
 
 /// Value of variable J (from 1) of the row; an optional one without a value is 0. False when the row cannot be used.
@@ -135,18 +100,16 @@ bool Read_Value(const TxwImport& hImport, I4 iRecord, std::string_view sRecord, 
   if (IOERR == 0 || (IOERR < 0 && J > NRequired)) return true;
   // What cannot be read was reported by the field reader, unless it was the quiet one.
   if (IOERR < 0 || hImport.bAuto) {
-    LogErr_File({"ERROR: no " + std::string(sTxwWord[iVariable]) + Where(hImport, iRecord), sDropped});
+    LogErr_File(No_Value(sTxwWord[iVariable], hImport.sFileName, iRecord));
   }
   return false;
 }
 
 bool Is_Within_Limit(TxwImport& hImport, I4 iRecord, I4 J, R8 dValue) {
-  if (std::abs(dValue) <= dValueMax) return true;
-  const ErrorLines sError = {"ERROR: |" + std::string(sTxwWord[static_cast<std::size_t>(J - 1)]) + "|=|" +
-                                 Str_Write_R8(dValue, "(ES12.4)").str() + "| > 1.0E12" + Where(hImport, iRecord),
-                             sDropped};
+  if (std::abs(dValue) <= dColumnValueMax) return true;
   // One box tells the user; a thousand such rows would be a thousand boxes.
-  Report(hImport.bAuto || ++hImport.NErrLimit > 1, sError);
+  LogErr_or_File(hImport.bAuto || ++hImport.NErrLimit > 1,
+                 Beyond_Limit(sTxwWord[static_cast<std::size_t>(J - 1)], dValue, hImport.sFileName, iRecord));
   return false;
 }
 
@@ -181,25 +144,24 @@ void Take_Row(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
 }
 
 void Take_Record(TxwImport& hImport, I4 iRecord, std::string_view sRecord) {
-  if (Trimmed(sRecord).size() < NLineMin) return;
-  sRecord = Left_Adjusted(Trimmed(sRecord));
-  if (Is_Comment(sRecord.front())) return;
-  if (Is_Label(sRecord.front())) {
-    Take_Labels(hImport, iRecord, sRecord);
-  } else if (hImport.bValidLabels) {
-    Take_Row(hImport, iRecord, sRecord);
+  switch (Kind_of_Column_Record(sRecord)) {
+    case ColumnRecord::Labels: Take_Labels(hImport, iRecord, sRecord); break;
+    case ColumnRecord::Row:
+      if (hImport.bValidLabels) Take_Row(hImport, iRecord, sRecord);
+      break;
+    case ColumnRecord::Ignored: break;
   }
 }
 
 void Take_Records(TxwImport& hImport, RecordReader& in) {
   while (!hImport.bTooMany && in.Next()) Take_Record(hImport, in.iRecord(), in.Record());
   if (in.Has_Failed()) {
-    Report(hImport.bAuto,
-           {"ERROR while reading file near line " + Str_Write_I4(in.iRecord()).str(), std::string(hImport.sFileName)});
+    LogErr_or_File(hImport.bAuto, {"ERROR while reading file near line " + Str_Write_I4(in.iRecord()).str(),
+                                   std::string(hImport.sFileName)});
   }
   if (hImport.bTooMany) {
-    Report(hImport.bAuto, {"WARNING: more than " + Str_Write_I4(MTxwLoop).str() + " Tx loops in",
-                           std::string(hImport.sFileName), "Further loops will be dropped."});
+    LogErr_or_File(hImport.bAuto, {"WARNING: more than " + Str_Write_I4(MTxwLoop).str() + " Tx loops in",
+                                   std::string(hImport.sFileName), "Further loops will be dropped."});
   }
 }
 
@@ -210,7 +172,7 @@ I4 Txw_Read(std::string& sTxwFile, L4 bAuto) {
   if (!Locate(sTxwFile, bAuto)) return 1;
   RecordReader in(sTxwFile, MTxwRecord);
   if (!in.Is_Open()) {
-    Report(bAuto, {"Txw_Read.ERROR: unable to open", sTxwFile, in.Reason()});
+    LogErr_or_File(bAuto, {"Txw_Read.ERROR: unable to open", sTxwFile, in.Reason()});
     return 1;
   }
 
@@ -222,8 +184,8 @@ I4 Txw_Read(std::string& sTxwFile, L4 bAuto) {
   hImport.bAuto = bAuto;
   Take_Records(hImport, in);
   if (NTxw == 0) {
-    Report(bAuto, {"ERROR: No valid Tx loop wire endpoint coordinates recovered from", sTxwFile,
-                   "Expecting space or comma separated columns of Tx.ID,easting,northing,[elevation],[depth]"});
+    LogErr_or_File(bAuto, {"ERROR: No valid Tx loop wire endpoint coordinates recovered from", sTxwFile,
+                           "Expecting space or comma separated columns of Tx.ID,easting,northing,[elevation],[depth]"});
     return 1;
   }
   LogText("Reading Tx wire endpoint data.");

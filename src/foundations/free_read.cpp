@@ -102,6 +102,44 @@ Outcome Read_Odd_Real(std::string_view sToken, Real& x) {
   return Read_Plain_Real(std::string_view(sPlain), x);
 }
 
+/// Whole numbers and powers of ten that a real holds exactly: their quotient is then the nearest real.
+template <class Real>
+struct Exact;
+template <>
+struct Exact<R4> {
+  static constexpr I8 iMost = 1 << 24;
+  static constexpr R4 fPower[] = {1E0f, 1E1f, 1E2f, 1E3f, 1E4f, 1E5f, 1E6f, 1E7f, 1E8f, 1E9f, 1E10f};
+};
+template <>
+struct Exact<R8> {
+  static constexpr I8 iMost = I8{1} << 53;
+  static constexpr R8 fPower[] = {1E0, 1E1, 1E2, 1E3, 1E4, 1E5, 1E6, 1E7, 1E8, 1E9, 1E10};
+};
+
+template <class Real>
+bool Read_Short_Decimal(std::string_view sText, Real& x) {
+  constexpr std::size_t MCharacter = 17;  // an I8 holds as many digits
+  constexpr std::ptrdiff_t MDecimal = std::ssize(Exact<Real>::fPower) - 1;
+  if (sText.empty() || sText.size() > MCharacter) return false;
+  const char* p = sText.data();
+  const char* const pEnd = p + sText.size();
+  const bool bNegative = *p == '-';
+  const char* const pFirst = bNegative ? ++p : p;
+  I8 iDigits = 0;
+  while (p < pEnd && Is_Digit(*p)) iDigits = 10 * iDigits + (*p++ - '0');
+  std::ptrdiff_t NDecimal = 0;
+  if (p < pEnd && *p == '.') {
+    const char* const pPoint = p++;
+    while (p < pEnd && Is_Digit(*p)) iDigits = 10 * iDigits + (*p++ - '0');
+    NDecimal = p - pPoint - 1;
+    if (p - pFirst == 1) return false;  // a point alone
+  }
+  if (p < pEnd || p == pFirst || NDecimal > MDecimal || iDigits > Exact<Real>::iMost) return false;
+  const Real fRead = static_cast<Real>(iDigits) / Exact<Real>::fPower[NDecimal];
+  x = bNegative ? -fRead : fRead;
+  return true;
+}
+
 template <class Real>
 Outcome Read_Real(std::string_view sText, Real& x) {
   sText = Without_Leading_Blanks(sText);
@@ -123,6 +161,14 @@ Outcome Read_Real(std::string_view sText, Real& x) {
 }
 
 }  // namespace
+
+bool Read_Decimal(std::string_view sText, R4& fValue) {
+  return Read_Short_Decimal(sText, fValue);
+}
+
+bool Read_Decimal(std::string_view sText, R8& dValue) {
+  return Read_Short_Decimal(sText, dValue);
+}
 
 Outcome List_Read(std::string_view sText, I4& iValue) {
   return Read_Integer(sText, iValue);

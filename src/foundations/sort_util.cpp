@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "foundations/digit_sort.h"
+
 namespace quillan {
 
 namespace {
@@ -62,7 +64,7 @@ I4 SelectK_R4(I4 K, I4 N, std::span<R4> XA) {
   const auto XUsed = XA.first(Held_Count(N, XA));
   if (K < 1 || static_cast<std::size_t>(K) > XUsed.size()) return 1;
   std::nth_element(XUsed.begin(), XUsed.begin() + K - 1, XUsed.end(),
-                   [](R4 a, R4 b) { return std::weak_order(a, b) < 0; });
+                   [](R4 a, R4 b) { return Ordered_Bits(a) < Ordered_Bits(b); });
   return 0;
 }
 

@@ -41,6 +41,7 @@ struct Token {
 Token Token_at(std::string_view sRecord, std::size_t iBeg) {
   Token hToken;
   std::size_t iEnd = iBeg;
+  while (iEnd < sRecord.size() && !Is_in(bEndsToken, sRecord[iEnd])) ++iEnd;
   for (; iEnd < sRecord.size(); ++iEnd) {
     const char c = sRecord[iEnd];
     if (!Is_in(bEndsToken, c)) continue;
@@ -102,10 +103,6 @@ FieldList::FieldList(I4 MFld, I4 NFieldWidth)
 void FieldList::Clear() {
   sField.clear();
   sOwned.clear();
-}
-
-void FieldList::Add(std::string_view sText) {
-  sField.push_back(Trimmed(Cut_Text(sText, NWidth)));
 }
 
 void FieldList::Add_Unquoted(std::string_view sText, bool bTabs) {

@@ -32,7 +32,7 @@ class FieldList {
   void Clear();
   bool Is_Full() const { return NFld() >= MField; }
   /// Adds a field: trailing blanks go, and it is cut to the list's width.
-  void Add(std::string_view sText);
+  void Add(std::string_view sText) { sField.push_back(Trimmed(Cut_Text(sText, NWidth))); }
   /// Adds a field whose quotes (and tabs, where bTabs) become blanks and whose leading blanks go. It is cut first.
   void Add_Unquoted(std::string_view sText, bool bTabs);
   /// Keeps a text as long as the fields, for fields that are no part of the record as it stands.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <type_traits>
 
 #include "base/text.h"
 #include "foundations/log_file.h"
@@ -37,6 +38,9 @@ bool Is_Missing_Number(std::string_view sField) {
 
 template <class Number>
 I4 Take_Number(std::string_view sField, std::size_t NSeen, Number xDefault, Number& xValue) {
+  if constexpr (std::is_floating_point_v<Number>) {
+    if (Read_Decimal(sField, xValue)) return 0;
+  }
   xValue = xDefault;
   if (Is_Missing_Number(sField)) return -1;
   return Free_Read(sField.substr(0, NSeen), xValue) ? 0 : 1;

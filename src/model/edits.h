@@ -24,6 +24,12 @@ inline void Edit_Value(I4 j, I4 I, WindowValues Transient::*hValue, R4 fValue) {
   (hTrn(j).*hValue)(I) = fValue;
 }
 
+/// Gives the receiver of transient j another position and attitude.
+inline void Edit_Position(I4 j, const Array1<R8, 3>& dRxXYZ, const Array1<R4, 3>& fRxHPR) {
+  hTrn(j).dRxXYZ = dRxXYZ;
+  hTrn(j).fRxHPR = fRxHPR;
+}
+
 /// Reverses the polarity of transient j: fuVmag, fBmag and their ranges. Missing values stay missing.
 void Edit_Polarity(I4 j);
 

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <ctime>
+#include <optional>
 #include <string>
 
 #include "platform/arguments.h"
@@ -14,27 +15,33 @@ Date Day_of(const std::tm& hTime) {
   return {hTime.tm_year + 1900, hTime.tm_mon + 1, hTime.tm_mday};
 }
 
-/// The day that a reproducible run is to have; false where none is asked for.
-bool Fixed_Date(Date& hDate) {
+/// The moment that a reproducible run is to have; nothing where none is asked for.
+std::optional<std::time_t> Fixed_Time() {
   const std::string sSeconds = IOsVariable("SOURCE_DATE_EPOCH");
   I8 NSeconds = 0;
   const char* sEnd = sSeconds.data() + sSeconds.size();
   const auto hRead = std::from_chars(sSeconds.data(), sEnd, NSeconds);
-  if (sSeconds.empty() || hRead.ec != std::errc{} || hRead.ptr != sEnd) return false;
+  if (sSeconds.empty() || hRead.ec != std::errc{} || hRead.ptr != sEnd) return std::nullopt;
   const std::time_t hSeconds = NSeconds;
-  const std::tm* hTime = std::gmtime(&hSeconds);
-  if (hTime == nullptr) return false;
-  hDate = Day_of(*hTime);
-  return true;
+  if (std::gmtime(&hSeconds) == nullptr) return std::nullopt;
+  return hSeconds;
 }
 
 }  // namespace
 
 Date IOsDate() {
-  Date hDate{};
-  if (Fixed_Date(hDate)) return hDate;
-  const std::time_t hNow = std::time(nullptr);
-  return Day_of(*std::localtime(&hNow));
+  return IOsMoment(IOsTime()).hDate;
+}
+
+I8 IOsTime() {
+  return Fixed_Time().value_or(std::time(nullptr));
+}
+
+Moment IOsMoment(I8 iTime) {
+  const std::time_t hSeconds = iTime;
+  const std::tm* hTime = Fixed_Time() ? std::gmtime(&hSeconds) : std::localtime(&hSeconds);
+  if (hTime == nullptr) return {};
+  return {Day_of(*hTime), hTime->tm_hour, hTime->tm_min, hTime->tm_sec};
 }
 
 }  // namespace quillan

@@ -15,6 +15,13 @@ bool IOsFileExists(std::string_view sPath) {
   return fs::exists(hStatus) && !fs::is_directory(hStatus);
 }
 
+std::string IOsFullPath(std::string_view sPath) {
+  std::error_code hProblem;
+  const fs::path hPath{std::string(sPath)};
+  const fs::path hFull = fs::weakly_canonical(fs::absolute(hPath, hProblem), hProblem);
+  return hProblem || hFull.empty() ? std::string(sPath) : hFull.string();
+}
+
 namespace {
 
 bool Differs_in_Case_Only(std::string_view s1, std::string_view s2) {

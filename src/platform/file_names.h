@@ -19,6 +19,9 @@ inline constexpr std::string_view sLineEnd = "\n";
 /// Whether there is a file of that name. A folder is none.
 bool IOsFileExists(std::string_view sPath);
 
+/// The one path that a file has whatever it was called by: from the root on, links resolved.
+std::string IOsFullPath(std::string_view sPath);
+
 /// The path of a companion file. The name as given if it exists, else the first in byte order of the names in its
 /// folder that differ from it in case only, else the name as given.
 std::string IOsFindCompanion(std::string_view sPath);

@@ -13,4 +13,11 @@ std::string IOsDirName();
 /// build, or under the prefix that the program is installed in, wherever that was moved to. Blank where there is none.
 std::string Shared_File(std::string_view sName);
 
+/// Where a program keeps what outlives its runs and is no file of the user's: $XDG_STATE_HOME, else ~/.local/state.
+/// Blank where neither is known.
+std::string IOsStateDir();
+
+/// Makes a folder, and those that it stands in. False: it could not be made.
+bool IOsMakeDir(std::string_view sFolder);
+
 }  // namespace quillan

@@ -15,6 +15,8 @@ InputFile::InputFile(std::string_view sPath) {
   if (iHandle < 0) return;
   const HandleStatus hStatus = Sys_Status(iHandle);
   iMode = hStatus.iMode;
+  NByte = hStatus.NByte;
+  iTime = hStatus.iTime;
   if (hStatus.bRegular) return;
   iOSError = hStatus.bFolder ? EISDIR : EINVAL;
   Sys_Close(std::exchange(iHandle, -1));

@@ -25,6 +25,9 @@ class InputFile {
   bool Is_Missing() const;
   /// Permissions.
   I4 Mode() const { return iMode; }
+  /// Bytes, and nsec since 1970 of the last change, when it was opened.
+  I8 Size() const { return NByte; }
+  I8 Time() const { return iTime; }
 
   /// Bytes read, 0 at the end of the file, -1 after an error.
   [[nodiscard]] I8 Read(char* sBytes, std::size_t NBytes);
@@ -32,6 +35,7 @@ class InputFile {
  private:
   int iHandle = -1;  // -1: not open
   I4 iMode = 0;
+  I8 NByte = 0, iTime = 0;
   I4 iOSError = 0;
 };
 

@@ -1,7 +1,10 @@
 #include "platform/system_calls.h"
 
 #include <fcntl.h>
-#ifndef _WIN32
+#ifdef _WIN32
+#include <io.h>
+#include <share.h>
+#else
 #include <sys/file.h>
 #endif
 #include <sys/stat.h>
@@ -41,6 +44,7 @@ std::string Sys_Reason(I4 iOSError) {
 namespace {
 
 constexpr std::size_t MOnce = 1 << 30;  // bytes that one call takes
+constexpr I8 NsecPerSec = 1'000'000'000;
 
 }  // namespace
 
@@ -57,6 +61,13 @@ int Sys_Open_New(const std::string& sPath, I4 iMode) {
   return ::_open(sPath.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, iMode & _S_IWRITE);
 }
 
+int Sys_Open_Alone(const std::string& sPath, I4 iMode) {
+  constexpr int iToUse = _O_RDWR | _O_CREAT | _O_BINARY | _O_NOINHERIT;
+  const int iHandle = ::_sopen(sPath.c_str(), iToUse, _SH_DENYRW, iMode & (_S_IREAD | _S_IWRITE));
+  if (iHandle < 0 && errno == EACCES && ::_access(sPath.c_str(), 0) == 0) errno = EWOULDBLOCK;
+  return iHandle;
+}
+
 int Sys_Duplicate(int) {
   return -1;  // a file that is open twice could not be renamed
 }
@@ -68,7 +79,8 @@ void Sys_Remove_Left_Over(const std::string& sPath) {
 HandleStatus Sys_Status(int iHandle) {
   struct _stat64 h {};
   if (::_fstat64(iHandle, &h) != 0) return {};
-  return {(h.st_mode & _S_IFMT) == _S_IFREG, (h.st_mode & _S_IFMT) == _S_IFDIR, h.st_mode & 0777};
+  return {(h.st_mode & _S_IFMT) == _S_IFREG, (h.st_mode & _S_IFMT) == _S_IFDIR, h.st_mode & 0777, h.st_size,
+          h.st_mtime * NsecPerSec};
 }
 
 I8 Sys_Read(int iHandle, char* sBytes, std::size_t NBytes) {
@@ -77,6 +89,10 @@ I8 Sys_Read(int iHandle, char* sBytes, std::size_t NBytes) {
 
 I8 Sys_Write(int iHandle, const char* sBytes, std::size_t NBytes) {
   return ::_write(iHandle, sBytes, static_cast<unsigned>(std::min(NBytes, MOnce)));
+}
+
+bool Sys_Cut(int iHandle, I8 NByte) {
+  return ::_chsize_s(iHandle, NByte) == 0 && ::_lseeki64(iHandle, NByte, SEEK_SET) == NByte;
 }
 
 bool Sys_Flush(int iHandle) {
@@ -132,6 +148,24 @@ int Sys_Open_New(const std::string& sPath, I4 iMode) {
   return -1;
 }
 
+int Sys_Open_Alone(const std::string& sPath, I4 iMode) {
+  constexpr int iToUse = O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW;
+  constexpr I4 MTry = 10;  // times that another process may remove the file between the two calls
+  for (I4 N = 0; N < MTry; ++N) {
+    const int iHandle = ::open(sPath.c_str(), iToUse, static_cast<mode_t>(iMode));
+    if (iHandle < 0) return -1;
+    struct stat h {};
+    const bool bAlone = Is_Locked(iHandle);
+    if (bAlone && ::fstat(iHandle, &h) == 0 && h.st_nlink > 0) return iHandle;
+    const int iProblem = errno;
+    ::close(iHandle);
+    errno = iProblem;
+    if (!bAlone) return -1;
+  }
+  errno = EWOULDBLOCK;
+  return -1;
+}
+
 int Sys_Duplicate(int iHandle) {
   return ::fcntl(iHandle, F_DUPFD_CLOEXEC, 0);
 }
@@ -143,10 +177,23 @@ void Sys_Remove_Left_Over(const std::string& sPath) {
   ::close(iHandle);
 }
 
+namespace {
+
+I8 Changed_at(const struct stat& h) {
+  constexpr I8 NsecPerSec = 1'000'000'000;
+#ifdef __APPLE__
+  return h.st_mtimespec.tv_sec * NsecPerSec + h.st_mtimespec.tv_nsec;
+#else
+  return h.st_mtim.tv_sec * NsecPerSec + h.st_mtim.tv_nsec;
+#endif
+}
+
+}  // namespace
+
 HandleStatus Sys_Status(int iHandle) {
   struct stat h {};
   if (::fstat(iHandle, &h) != 0) return {};
-  return {S_ISREG(h.st_mode), S_ISDIR(h.st_mode), static_cast<I4>(h.st_mode & 0777U)};
+  return {S_ISREG(h.st_mode), S_ISDIR(h.st_mode), static_cast<I4>(h.st_mode & 0777U), h.st_size, Changed_at(h)};
 }
 
 I8 Sys_Read(int iHandle, char* sBytes, std::size_t NBytes) {
@@ -155,6 +202,10 @@ I8 Sys_Read(int iHandle, char* sBytes, std::size_t NBytes) {
 
 I8 Sys_Write(int iHandle, const char* sBytes, std::size_t NBytes) {
   return Uninterrupted([&] { return ::write(iHandle, sBytes, NBytes); });
+}
+
+bool Sys_Cut(int iHandle, I8 NByte) {
+  return Uninterrupted([&] { return ::ftruncate(iHandle, NByte); }) == 0 && ::lseek(iHandle, NByte, SEEK_SET) == NByte;
 }
 
 bool Sys_Flush(int iHandle) {

@@ -18,6 +18,9 @@ int Sys_Open_New(const std::string& sPath, I4 iMode);
 /// Removes a file that Sys_Open_New made in a process that runs no more. One that is open stays, and so does one on a
 /// file system that cannot tell.
 void Sys_Remove_Left_Over(const std::string& sPath);
+/// A handle for reading and writing a file that no other process has open in this way, else EWOULDBLOCK. The file is
+/// made with iMode where it is not there yet. A link is not followed.
+int Sys_Open_Alone(const std::string& sPath, I4 iMode);
 /// A second handle of an open file; -1 where the system gives none.
 int Sys_Duplicate(int iHandle);
 bool Sys_Close(int iHandle);
@@ -27,12 +30,16 @@ struct HandleStatus {
   bool bRegular = false;
   bool bFolder = false;
   I4 iMode = 0;  // permissions
+  I8 NByte = 0;  // size
+  I8 iTime = 0;  // nsec since 1970 of the last change, as exact as the system knows it
 };
 HandleStatus Sys_Status(int iHandle);
 /// Bytes read, 0 at the end of the file.
 I8 Sys_Read(int iHandle, char* sBytes, std::size_t NBytes);
 /// Bytes written, fewer than NBytes where the disk has room for no more.
 I8 Sys_Write(int iHandle, const char* sBytes, std::size_t NBytes);
+/// Leaves the first NByte bytes of a file; what is written next follows them.
+bool Sys_Cut(int iHandle, I8 NByte);
 /// Brings what was written to the disk. File systems that cannot flush count as done: no more can be had there.
 bool Sys_Flush(int iHandle);
 

@@ -134,6 +134,31 @@ void Draw_Data() {
   IGrColour("BLACK");
 }
 
+void Draw_Plot(const TitleRoom& hTitleRoom) {
+  Decay_Clear();
+  if (hCurve.NPobs < 1) return IPgForget();  // no units of an earlier curve
+  Decay_Frame({hCurve.hRange, hCurve.sTitle.trimmed(), hCurve.sYLabel, hCurve.hYTick}, hTitleRoom);
+  Draw_Data();
+  IGrFlush();
+}
+
+// ---- gestures
+
+/// The point in view nearest to a click, of those that Is_Meant; 0 where none lies within fRGrMax.
+template <class Question>
+I4 Nearest_Point(const GrPoint& hClick, R4 fRGrMax, Question Is_Meant) {
+  I4 INearest = 0;
+  for (I4 I = 1; I <= hCurve.NPobs; ++I) {
+    if (!In_View(I) || !Is_Meant(I)) continue;
+    const GrPoint h = Gr_Point(I);
+    const R4 fDistance = std::hypot(h.fX - hClick.fX, h.fY - hClick.fY);
+    if (fDistance > fRGrMax || (fDistance == fRGrMax && INearest != 0)) continue;
+    fRGrMax = fDistance;
+    INearest = I;
+  }
+  return INearest;
+}
+
 }  // namespace
 
 void QCC_Plot_Initialize(I4 j, I4 iPlotType) {
@@ -156,29 +181,23 @@ void QCC_Plot_Initialize(I4 j, I4 iPlotType) {
 }
 
 void QCC_Plot_Trns(const TitleRoom& hTitleRoom) {
-  Decay_Clear();
-  if (hCurve.NPobs < 1) return IPgForget();  // no units of an earlier curve
-  Decay_Frame({hCurve.hRange, hCurve.sTitle.trimmed(), hCurve.sYLabel, hCurve.hYTick}, hTitleRoom);
-  Draw_Data();
-  IGrFlush();
+  Draw_Plot(hTitleRoom);
   InqWintError("QCC_Plot_Trns");
 }
 
+I4 QCC_Plot_File(std::string_view sFile, const PictureKind& hKind, std::string_view sSmallPrint) {
+  return Plot_into_File(
+      hKind, sFile, [] { Draw_Plot({}); }, sSmallPrint);
+}
+
+I4 QCC_Nearest_Point(const GrPoint& hClick, R4 fRGrMax) {
+  return Nearest_Point(hClick, fRGrMax, [](I4) { return true; });
+}
+
 L4 QCC_SkipPoint(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax) {
-  I4 INearest = 0;
-  L4 bFound = false;
-  for (I4 I = 1; I <= hCurve.NPobs; ++I) {
-    if (!In_View(I)) continue;
-    const GrPoint h = Gr_Point(I);
-    const R4 fDistance = std::hypot(h.fX - hClick.fX, h.fY - hClick.fY);
-    if (fDistance > fRGrMax || (fDistance == fRGrMax && INearest != 0)) continue;
-    bFound = true;
-    if (hCurve.Is_Skipped(I) == bSetSkip) continue;
-    fRGrMax = fDistance;
-    INearest = I;
-  }
-  if (INearest != 0) Edit_Window_Flag(hCurve.iTrn, hCurve.ITWofIPlt(INearest), bSetSkip);
-  return bFound;
+  const I4 I = Nearest_Point(hClick, fRGrMax, [&](I4 K) { return hCurve.Is_Skipped(K) != bSetSkip; });
+  if (I != 0) Edit_Window_Flag(hCurve.iTrn, hCurve.ITWofIPlt(I), bSetSkip);
+  return I != 0 || QCC_Nearest_Point(hClick, fRGrMax) != 0;
 }
 
 L4 QCC_SkipBox(L4 bSetSkip, const GrBox& hBox) {

@@ -17,6 +17,7 @@
 #include "review/plot/plot_range.h"
 #include "review/plot/plot_title.h"
 #include "review/plot/ticks.h"
+#include "review/plot_file.h"
 
 namespace quillan {
 
@@ -53,6 +54,13 @@ void QCC_Plot_Initialize(I4 j, I4 iPlotType);
 
 /// Draws the curve and leaves its plot units in force. Without a point the window is blank, and there are none.
 void QCC_Plot_Trns(const TitleRoom& hTitleRoom = {});
+
+/// The same picture in a file (plot_file.h). Returns 0; 1 the file could not be written, which is reported.
+[[nodiscard]] I4 QCC_Plot_File(std::string_view sFile, const PictureKind& hKind, std::string_view sSmallPrint);
+
+/// The point in view nearest to a click, within fRGrMax of it in graphics units, of equally near ones the earliest; 0
+/// where there is none.
+[[nodiscard]] I4 QCC_Nearest_Point(const GrPoint& hClick, R4 fRGrMax);
 
 /// The flag of the point nearest to a click, of those in view whose flag would change and that lie within fRGrMax, all
 /// in graphics units: set or cleared in its time window. Of points equally near the earliest. Returns whether there is

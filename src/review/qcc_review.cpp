@@ -1,17 +1,19 @@
 #include "review/qcc_review.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "foundations/log_file.h"
 #include "foundations/str_write.h"
 #include "model/edits.h"
+#include "review/flag_many.h"
 #include "review/plot/gestures.h"
 #include "review/plot/mode_hint.h"
 #include "review/plot/plot_mouse.h"
 #include "review/plot/plot_title.h"
+#include "review/qcc_export.h"
 #include "review/qcc_plot.h"
+#include "review/review_export.h"
 #include "review/tool_window.h"
 #include "toolkit/dialog/dialog.h"
 #include "toolkit/window/window.h"
@@ -19,8 +21,7 @@
 namespace quillan {
 namespace {
 
-constexpr R4 fReach = 0.5f;    // graphics units, how near to a point a click must be
-constexpr R4 fBoxArea = 0.1f;  // graphics units squared; a smaller drag was meant as a click
+constexpr R4 fReach = 0.5f;  // graphics units, how near to a point a click must be
 
 /// What is on show; the plot type is iCurvePlotType.
 struct CurveView : ReviewView {
@@ -115,6 +116,13 @@ void Zoom_All(CurveView& h) {
   h.bRedraw = true;
 }
 
+/// The picture was drawn into the file with its own plot units.
+void Export(CurveView& h) {
+  if (hCurve.NPobs < 1) return WindowOutStatusBar(2, "There is no curve to export.");
+  Review_Export({QCC_Export_Stem(sAvgFile), QCC_Export_Subject(), QCC_Plot_File, QCC_Write_CSV});
+  h.bRedraw = true;
+}
+
 // clang-format off
 constexpr Gesture<CurveView> hGesture[] = {
     // button         key        procedure
@@ -126,26 +134,34 @@ constexpr Gesture<CurveView> hGesture[] = {
     {0,               'P',       Previous    },
     {0,               iKeyUp,    Previous    },
     {0,               iKeyLeft,  Previous    },
-    {iBtnSkipAll,     0,         Skip_All    },
-    {iBtnClearAll,    0,         Clear_All   },
+    {iBtnSkipAll,     0,         Skip_All,     {}, "Skip All"},
+    {iBtnClearAll,    0,         Clear_All,    {}, "Clear All"},
     {iBtnZoomIn,      0,         Zoom_In     },
     {iBtnZoomAll,     0,         Zoom_All    },
     {iBtnViewSection, 0,         View_Section},
+    {iCmdExport,      iKeyCtrlE, Export      },
     {iBtnSaveData,    0,         Save_Data   },
     {iBtnExitReview,  'X',       Exit_Review },
     {0,               iKeyEsc,   Exit_Review },
 };
 // clang-format on
 
+/// The window of the point nearest to a click, and all later ones.
+void Flag_Later(const GrPoint& hClick, L4 bSetSkip) {
+  const I4 I = QCC_Nearest_Point(hClick, fReach);
+  Say_Flagged(bSetSkip, I == 0 ? 0 : Flag_Later_Windows(bSetSkip, hCurve.iTrn, hCurve.ITWofIPlt(I)));
+}
+
 /// A drag flags a box of points; one too small for a box, as of an unsteady hand, the point nearest to its press.
 void Flag_Points(CurveView& h, const Message& hPress, L4 bSetSkip) {
   const MouseBox hMouse = IGr_SelectMouseBox(hPress);
   if (hMouse.iError != 0) return;
-  const GrBox& hBox = hMouse.hBox;
-  const bool bBox = std::abs(hBox.fX2 - hBox.fX1) * std::abs(hBox.fY2 - hBox.fY1) >= fBoxArea;
-  const L4 bFound = bBox ? QCC_SkipBox(bSetSkip, hBox) : QCC_SkipPoint(bSetSkip, {hPress.GX, hPress.GY}, fReach);
-  if (!bFound) Say_No_Point();
   h.bRedraw = true;
+  const bool bBox = Is_Box(hMouse.hBox);
+  const GrPoint hClick{hPress.GX, hPress.GY};
+  if (!bBox && hPress.bCtrl) return Flag_Later(hClick, bSetSkip);
+  const L4 bFound = bBox ? QCC_SkipBox(bSetSkip, hMouse.hBox) : QCC_SkipPoint(bSetSkip, hClick, fReach);
+  if (!bFound) Say_No_Point();
 }
 
 void On_Press(CurveView& h, const Message& hPress) {
@@ -170,6 +186,17 @@ void On_Close(CurveView&) {
   Stop_Program();
 }
 
+TransientRange Shown(const CurveView& h) {
+  return {h.iTrn, h.iTrn};
+}
+
+/// Flags alone leave the curve where it was, zoom included.
+void Go_To(CurveView& h, const TakenBack& hBack) {
+  h.iTrn = hBack.iTrn;
+  if (!hBack.bOnlyFlags) h.iTrn0 = 0;
+  if (hBack.bRegrouped) h.iFlag = iFlagCurve;  // the tool window counts anew
+}
+
 }  // namespace
 
 void QCC_Review_Initialize() {
@@ -181,7 +208,7 @@ ReviewEnd QCC_Review(I4 iTrn) {
   CurveView hView;
   hView.iTrn = std::clamp(iTrn, 1, NTrn);
   const ToolWindow hTool(iDlgReviewCurve, iTrkCurve, iLblCurveCount, NTrn, Tool_Trackbar_Step(NTrn));
-  Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
+  Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close, true, Shown, Go_To});
   return {hView.iFlag, 0, hView.iTrn};
 }
 

@@ -6,12 +6,11 @@
 #include <vector>
 
 #include "foundations/file_util.h"
-#include "foundations/log_file.h"
 #include "foundations/str_write.h"
-#include "foundations/text_file.h"
 #include "metadata/enm_data.h"
 #include "model/tmd_data.h"
 #include "review/qcs_sections.h"
+#include "review/table_file.h"
 
 namespace quillan {
 namespace {
@@ -25,30 +24,7 @@ const Transient& First_Transient(I4 iSection) {
   return hTrn(hSection(iSection).iTrnBeg);
 }
 
-void Begin_Export(std::string_view sWhat, std::string_view sFile) {
-  LogText("");
-  LogText(sWhat);
-  LogText(sFile);
-}
-
-/// Puts the file in its place and says so, or why not. Returns 0; 1 it is not there.
-I4 End_Export(TextWriter& out, std::string_view sFile, std::string_view sDone) {
-  out.Commit();
-  if (out.Has_Failed()) {
-    LogErr({"ERROR while trying to write ", std::string(sFile), out.Reason(),
-            "The export is not written; choose it again."});
-    return 1;
-  }
-  LogText(std::string(sFile).append(sDone));
-  return 0;
-}
-
 // ---- table
-
-void Put_Field(TextWriter& out, std::string_view sField) {
-  out.Put(sField);
-  out.Put(",");
-}
 
 /// The centre time in a unit that keeps it short: "100usec", "2.5msec", "1.5sec".
 std::string Time_with_Unit(R4 fMsec) {
@@ -151,24 +127,24 @@ std::string QCS_Export_Path(std::string_view sDataFile, I4 iSection, I4 iPlotTyp
 I4 QCS_Section_Write_CSV(std::string_view sCsvFile, I4 iSection, I4 iPlotType) {
   if (QCS_Check_Section("QCS_Section_Write_CSV", iSection, iPlotType) != 0) return 1;
   if (QCS_Section_Write_MDE(std::string(File_Stem(sCsvFile)) + ".mde", iSection, iPlotType) != 0) return 1;
-  Begin_Export("Exporting TEM profile-plot data to", sCsvFile);
+  Begin_Table("Exporting TEM profile-plot data to", sCsvFile);
   TextWriter out(sCsvFile);
   Write_Header(First_Transient(iSection), out);
   for (I4 j = hSection(iSection).iTrnBeg; j <= hSection(iSection).iTrnEnd; ++j) {
     Write_Transient(hTrn(j), iPlotType, out);
   }
-  return End_Export(out, sCsvFile, " data export is complete.");
+  return End_Table(out, sCsvFile, " data export is complete.");
 }
 
 I4 QCS_Section_Write_MDE(std::string_view sMdeFile, I4 iSection, I4 iPlotType) {
   if (QCS_Check_Section("QCS_Section_Write_MDE", iSection, iPlotType) != 0) return 1;
-  Begin_Export("Exporting TEM profile-plot annotation and plot-control to", sMdeFile);
+  Begin_Table("Exporting TEM profile-plot annotation and plot-control to", sMdeFile);
   TextWriter out(sMdeFile);
   Write_Records(Titles(), out);
   Write_Records(Line_and_Columns(hSection(iSection)), out);
   Write_Records(Panels(First_Transient(iSection).NTW), out);
   out.Line("$Auto=No");
-  return End_Export(out, sMdeFile, " plot-control export is complete.");
+  return End_Table(out, sMdeFile, " plot-control export is complete.");
 }
 
 }  // namespace quillan

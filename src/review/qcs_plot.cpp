@@ -2,17 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
 
-#include "foundations/file_util.h"
-#include "foundations/log_file.h"
 #include "foundations/str_write.h"
 #include "metadata/enm_data.h"
 #include "model/tmd_data.h"
 #include "review/plot/text_size.h"
 #include "review/plot/ticks.h"
 #include "toolkit/draw/draw.h"
-#include "toolkit/draw/hardcopy.h"
 #include "toolkit/draw/last_error.h"
 #include "toolkit/draw/plot_axes.h"
 
@@ -193,45 +189,10 @@ void Draw_Profiles(const PlotRange& hRange) {
   IPgClipRectangle("G");
 }
 
-// ---- files
-
-struct Picture {
-  HardCopyDriver iDriver;
-  I4 NWidth, NHeight;
-  std::string_view sTag;  // in reports
-};
-constexpr Picture hPng{HardCopyDriver::Png, 3780, 2803, "TS_Plot_Profile_PNG"};  // pixels, 24 by 17.8 cm, 400 an inch
-constexpr Picture hWmf{HardCopyDriver::Metafile, 2880, 2136, "TS_Plot_Profile_WMF"};  // at 120 units a centimetre
-
 void Draw_Section(I4 iSection, I4 iPlotType, const PlotRange& hRange, const TitleRoom& hRoom) {
   Set_Plot_Units(iSection, hRange);
   Draw_Profiles(hRange);
   Draw_Axes(iSection, iPlotType, hRange, hRoom);
-}
-
-/// Draws into a file; without the memory for it the earlier file stays.
-HardCopyStatus Plotted(const Picture& hPicture, std::string_view sFile, I4 iSection, I4 iPlotType,
-                       const PlotRange& hRange) {
-  const GraphicsKeeper keeper;
-  IGrHardCopySelect(hPicture.iDriver);
-  IGrHardCopySize(hPicture.NWidth, hPicture.NHeight);
-  try {
-    IGrHardCopy(sFile);
-    Draw_Section(iSection, iPlotType, hRange, {});
-    return IGrHardCopyEnd();
-  } catch (const std::bad_alloc&) {
-    IGrHardCopyDrop();
-    return {1, "draw", "Not enough memory"};
-  }
-}
-
-I4 Plot_into_File(const Picture& hPicture, std::string_view sFile, I4 iSection, I4 iPlotType, const PlotRange& hRange) {
-  if (QCS_Check_Section("QCS_Section_Plot", iSection, iPlotType) != 0) return 1;
-  const HardCopyStatus h = Plotted(hPicture, sFile, iSection, iPlotType, hRange);
-  if (h.iError == 0) return 0;
-  LogErr({"Graphics ERROR: from " + std::string(hPicture.sTag).append(" ").append(h.sStep),
-          "writing file " + std::string(sFile), h.sReason, "The plot is not exported."});
-  return 1;
 }
 
 }  // namespace
@@ -243,12 +204,19 @@ I4 QCS_Section_Plot(I4 iSection, I4 iPlotType, const PlotRange& hRange, const Ti
   return 0;
 }
 
+I4 QCS_Section_Plot_File(std::string_view sFile, const PictureKind& hKind, const SectionPlot& h,
+                         std::string_view sSmallPrint) {
+  if (QCS_Check_Section("QCS_Section_Plot", h.iSection, h.iPlotType) != 0) return 1;
+  return Plot_into_File(
+      hKind, sFile, [&h] { Draw_Section(h.iSection, h.iPlotType, h.hRange, {}); }, sSmallPrint);
+}
+
 I4 QCS_Section_Plot_PNG(std::string_view sPltFile, I4 iSection, I4 iPlotType, const PlotRange& hRange) {
-  return Plot_into_File(hPng, sPltFile, iSection, iPlotType, hRange);
+  return QCS_Section_Plot_File(sPltFile, hPngKind, {iSection, iPlotType, hRange});
 }
 
 I4 QCS_Section_Plot_WMF(std::string_view sPltFile, I4 iSection, I4 iPlotType, const PlotRange& hRange) {
-  return Plot_into_File(hWmf, sPltFile, iSection, iPlotType, hRange);
+  return QCS_Section_Plot_File(sPltFile, hWmfKind, {iSection, iPlotType, hRange});
 }
 
 std::string QCS_Section_Title(I4 iSection) {

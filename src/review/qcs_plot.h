@@ -11,6 +11,7 @@
 
 #include "base/types.h"
 #include "review/plot/plot_title.h"
+#include "review/plot_file.h"
 #include "review/qcs_sections.h"
 
 namespace quillan {
@@ -19,8 +20,15 @@ namespace quillan {
 /// there is no such section or plot type, which is reported; nothing is drawn then.
 [[nodiscard]] I4 QCS_Section_Plot(I4 iSection, I4 iPlotType, const PlotRange& hRange, const TitleRoom& hTitleRoom = {});
 
-/// The same picture in a file, 3780 by 2803 pixels or 2880 by 2136 units. Returns 0; 1 nothing was drawn or the file
-/// could not be written, which is reported once, with the reason; an earlier file then stays.
+struct SectionPlot {
+  I4 iSection, iPlotType;
+  const PlotRange& hRange;
+};
+/// The same picture in a file (plot_file.h). Returns 0; 1 nothing was drawn or the file could not be written, which is
+/// reported once, with the reason; an earlier file then stays.
+[[nodiscard]] I4 QCS_Section_Plot_File(std::string_view sFile, const PictureKind& hKind, const SectionPlot& hPlot,
+                                       std::string_view sSmallPrint = {});
+/// The same without small print: 3780 by 2803 pixels or 2880 by 2136 units.
 [[nodiscard]] I4 QCS_Section_Plot_PNG(std::string_view sPltFile, I4 iSection, I4 iPlotType, const PlotRange& hRange);
 [[nodiscard]] I4 QCS_Section_Plot_WMF(std::string_view sPltFile, I4 iSection, I4 iPlotType, const PlotRange& hRange);
 

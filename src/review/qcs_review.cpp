@@ -8,6 +8,7 @@
 #include "foundations/str_write.h"
 #include "model/edits.h"
 #include "platform/file_names.h"
+#include "review/flag_many.h"
 #include "review/plot/gestures.h"
 #include "review/plot/mode_hint.h"
 #include "review/plot/plot_mouse.h"
@@ -15,6 +16,7 @@
 #include "review/qcs_export.h"
 #include "review/qcs_plot.h"
 #include "review/qcs_sections.h"
+#include "review/review_export.h"
 #include "review/tool_window.h"
 #include "toolkit/dialog/dialog.h"
 #include "toolkit/draw/draw.h"
@@ -209,9 +211,7 @@ Export Begin_Table(const SectionView& hView) {
 /// Says in the status bar what became of an export. The window is drawn again: plot units are those of a picture until
 /// then, and a table leaves it blank.
 void End_Export(SectionView& hView, const Export& h, I4 iError) {
-  const std::string_view sEarlier = h.bReplaces ? "; an earlier file was replaced." : "; no file was replaced.";
-  WindowOutStatusBar(
-      2, iError == 0 ? "Written: " + h.sNames + std::string(sEarlier) : h.sNames + " could not be written.");
+  Say_Exported(h.sNames, h.bReplaces, iError);
   hView.bRedraw = true;
 }
 
@@ -231,6 +231,25 @@ void Export_Csv(SectionView& hView) {
   End_Export(hView, h, QCS_Section_Write_CSV(h.sFile, hView.iSection, hView.iPlotType));
 }
 
+/// What is exported, in words.
+std::string Export_Subject(const SectionView& h) {
+  return "Section " + Str_Write_I4(h.iSection).str() + "/" + Str_Write_I4(NSection).str() + ", " +
+         Section_Type(hTrn(hSection(h.iSection).iTrnBeg).iRxCmp, h.iPlotType);
+}
+
+/// By a name of the user's own.
+void Export_Any(SectionView& h) {
+  const auto Write_Picture = [&h](std::string_view sFile, const PictureKind& hKind, std::string_view sSmallPrint) {
+    return QCS_Section_Plot_File(sFile, hKind, {h.iSection, h.iPlotType, h.hRange}, sSmallPrint);
+  };
+  const auto Write_Table = [&h](std::string_view sFile) {
+    WindowClear();
+    return QCS_Section_Write_CSV(sFile, h.iSection, h.iPlotType);
+  };
+  Review_Export({Export_Path(h, ""), Export_Subject(h), Write_Picture, Write_Table, true});
+  h.bRedraw = true;
+}
+
 void Leave_to_Save(SectionView& hView) {
   hView.iFlag = iFlagSave;
 }
@@ -247,9 +266,9 @@ constexpr Gesture<SectionView> hGesture[] = {
     {iBtnZoomAll,       0,         Zoom_All,      {0, iCmdZoomAll,       "Zoom All",
         "Return to default plot extent.", ""}},
     {iBtnFlipTransient, 0,         Flip_Stations, {0, iCmdFlipTransient, "Flip Transient",
-        "Reverse transient polarity.", ""}},
+        "Reverse transient polarity.", ""}, "Flip Transient"},
     {iBtnFlipAll,       0,         Flip_All,      {0, iCmdFlipAll,       "Flip All",
-        "Reverse polarity of all transients.", ""}},
+        "Reverse polarity of all transients.", ""}, "Flip All"},
     {iBtnViewCurve,     0,         View_Curve,    {0, iCmdViewCurve,     "View Curve",
         "Show TEM transient plot.", ""}},
     {0,                 0,         nullptr,       {0, 0,                 "Export Plot", "", ""}},
@@ -259,8 +278,13 @@ constexpr Gesture<SectionView> hGesture[] = {
         "Export profile plot to portable network graphics (PNG) file.", ""}},
     {0,                 0,         Export_Csv,    {1, iCmdExportCsv,     "Export profile data to CSV",
         "Export profile data to a CSV file", ""}},
+    {0,                 0,         Export_Any,    {1, iCmdExport,        "Export...",
+        "Export the plot or its data to a file of any name: SVG, PDF, PNG, WMF or CSV", "Ctrl+E"}},
     {iBtnSaveData,      0,         Leave_to_Save, {0, iCmdSaveData,      "Save Data",
         "Save data in updated avg file or other data file formats.", "Ctrl+S"}},
+    {0,                 0,         nullptr,       {0, 0,                 "History", "", ""}},
+    {0,                 0,         nullptr,       {1, iCmdUndo,          "Undo", sUndoTip, sUndoKeys}},
+    {0,                 0,         nullptr,       {1, iCmdRedo,          "Redo", sRedoTip, sRedoKeys}},
     {iBtnExitReview,    0,         Leave,         {0, iCmdExit,          "Exit Review",
         "Exit data review without saving changes.", ""}},
     {0,                 'N',       Next},
@@ -272,14 +296,32 @@ constexpr Gesture<SectionView> hGesture[] = {
 };
 // clang-format on
 
-void On_Press(SectionView& hView, const Message& hPress) {
-  if (hPress.VALUE2 == iByWheel) return hPress.VALUE1 == iMouseForward ? Next(hView) : Previous(hView);
-  if (hPress.VALUE1 != iMouseLeft && hPress.VALUE1 != iMouseRight) return;
+/// A click flags the point nearest to it, with Shift its window at all stations, with Ctrl all later windows of the
+/// sounding too.
+void Flag_at(SectionView& hView, const Message& hPress, L4 bSkip) {
   const PickedPoint hPicked = Point_at(hView, {hPress.GX, hPress.GY}, fReachFlag);
   hView.iTrn = hPicked.iTrn;
   if (hPicked.iTrn == 0) return Say_No_Point();
-  Edit_Window_Flag(hPicked.iTrn, hPicked.iTwc, hPress.VALUE1 == iMouseLeft);
   hView.bRedraw = true;
+  if (hPress.bShift) return Say_Flagged(bSkip, QCS_Flag_Window(bSkip, hView.iSection, hPicked.iTwc));
+  if (hPress.bCtrl) return Say_Flagged(bSkip, Flag_Later_Windows(bSkip, hPicked.iTrn, hPicked.iTwc));
+  Edit_Window_Flag(hPicked.iTrn, hPicked.iTwc, bSkip);
+}
+
+/// A drag with Shift flags the points in a box; one too small for a box is a click.
+void Flag_Box(SectionView& hView, const Message& hPress, L4 bSkip) {
+  const MouseBox h = IGr_SelectMouseBox(hPress);
+  if (h.iError != 0) return;
+  if (!Is_Box(h.hBox)) return Flag_at(hView, hPress, bSkip);
+  Say_Flagged(bSkip, QCS_Flag_Box(bSkip, h.hBox, hView.hRange));
+  hView.bRedraw = true;
+}
+
+void On_Press(SectionView& hView, const Message& hPress) {
+  if (hPress.VALUE2 == iByWheel) return hPress.VALUE1 == iMouseForward ? Next(hView) : Previous(hView);
+  if (hPress.VALUE1 != iMouseLeft && hPress.VALUE1 != iMouseRight) return;
+  const L4 bSkip = hPress.VALUE1 == iMouseLeft;
+  return hPress.bShift ? Flag_Box(hView, hPress, bSkip) : Flag_at(hView, hPress, bSkip);
 }
 
 void On_Field(SectionView& hView, I4) {
@@ -289,6 +331,18 @@ void On_Field(SectionView& hView, I4) {
 void On_Close(SectionView& hView) {
   hView.iFlag = iFlagExit;
   hView.iError = iErrorClosed;
+}
+
+TransientRange Shown(const SectionView& hView) {
+  return {hSection(hView.iSection).iTrnBeg, hSection(hView.iSection).iTrnEnd};
+}
+
+/// Flags alone leave the section where it was, zoom included.
+void Go_To(SectionView& hView, const TakenBack& hBack) {
+  hView.iTrn = hBack.iTrn;
+  hView.iSection = std::clamp(hTrn(hBack.iTrn).iSection, 1, NSection);
+  if (!hBack.bOnlyFlags) hView.bInitialize = true;
+  if (hBack.bRegrouped) hView.iFlag = iFlagSection;  // the tool window counts anew
 }
 
 }  // namespace
@@ -302,7 +356,7 @@ ReviewEnd QCS_Review(I4 iTrn) {
   WMenu(iMenuSection);
   {
     const ToolWindow hTool(iDlgReviewSection, iTrkSection, iLblSectionCount, NSection, iSectionStep);
-    Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close});
+    Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close, true, Shown, Go_To});
   }
   WMenu(iNoMenu);
   return {hView.iFlag, hView.iError, hView.iTrn};

@@ -4,6 +4,10 @@
 //   N, Down, Right     next section; also the wheel towards the user
 //   P, Up, Left        previous one; also the wheel away from the user
 //   left, right click  set, clear the skip flag of the nearest point
+//   Shift with a click  the same of the point's window at all stations of the section
+//   Ctrl with a click  the same of the point's window and all later ones of the sounding
+//   Shift with a drag  the same of all points in the box
+//   Ctrl+Z, Ctrl+Y     take the last edit back, do it again; the section where it was is shown
 //
 // Everything else is in the menu bar, most of it also in the tool window 118.
 #pragma once

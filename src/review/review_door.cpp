@@ -6,6 +6,7 @@
 #include "review/qcc_review.h"
 #include "review/qcs_review.h"
 #include "review/qcs_sections.h"
+#include "review/review_export.h"
 #include "toolkit/draw/draw.h"
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/menus.h"
@@ -20,6 +21,7 @@ constexpr R4 fSingleSounding = 0.01f;  // stations that differ by no more are on
 
 void TEM_Review_Initialize() {
   hDoor = ReviewDoor{};
+  hExportChoice = ExportChoice{};
 }
 
 I4 TEM_First_Review() {

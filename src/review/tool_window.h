@@ -28,6 +28,7 @@ inline constexpr I4 iBtnFlipTransient = 1112;
 inline constexpr I4 iBtnFlipAll = 1113;
 inline constexpr I4 iBtnViewCurve = 1114;
 inline constexpr I4 iBtnViewSection = 1115;
+inline constexpr I4 iCmdExport = 41010;  // a menu command of the sections, a button of the curves
 
 /// A review's dialog on show, to the end of its scope: then it and its messages are gone and the plot is cleared.
 class ToolWindow {

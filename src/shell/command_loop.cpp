@@ -6,13 +6,16 @@
 #include <vector>
 
 #include "base/program.h"
+#include "commands/history_commands.h"
 #include "commands/open_file.h"
 #include "commands/open_survey.h"
+#include "commands/recovery.h"
 #include "commands/session.h"
 #include "commands/whole_command.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "metadata/mdp_data.h"
+#include "model/history.h"
 #include "model/tmd_data.h"
 #include "platform/arguments.h"
 #include "review/plot/colour_table.h"
@@ -47,11 +50,13 @@ void Open_Window() {
 
 void Initialize_All() {
   hUser = User_at_Window();
+  hReviewEdits = Edits_for_Reviews();
   hSession = {};
   (void)Log_Initialize(sPrgName);  // a log that cannot be removed is no reason to stop
   Last_Error_Initialize();
   TMD_Initialize();
   MDP_Initialize();
+  History_Begin();
   CFT_Initialize("cftable.clr");
   InqWintError();
 }
@@ -62,7 +67,9 @@ void Read_First_File() {
   (void)TEM_Read_Data(sAvgFile);  // a failure has been reported; the menu offers what is left
   hSession.sFileName = File_Name(sAvgFile);
   hSession.bUpdateAVG = false;
+  Begin_History();
   Show_No_Data();
+  Recovery_Begin();
 }
 
 // ---- loop
@@ -96,6 +103,8 @@ void Carry_Out(I4 iChoice) {
   if (h->bChangesData) hSession.bUpdateAVG = true;
   // A failure has been reported; the user chooses what comes next.
   (void)Run_Whole(h->Carry_Out, If_Unfinished(*h));
+  if (h->bChangesData) Keep_Edit(h->sText);
+  LogText_Renew_Picture();
 }
 
 /// Between commands there is nothing to put back: what could not be drawn is drawn with the next exposure.
@@ -119,7 +128,7 @@ Message Next_Message() {
         (void)Run_Whole(Open_Dropped_File, Unfinished::PutBack);  // as with a command
         break;
       case MessageType::Expose:
-      case MessageType::Resize: LogText_Update(); break;
+      case MessageType::Resize: LogText_Redraw(); break;
       case MessageType::Close: Stop_Program();  // without a question: the user has decided
       default: break;
     }

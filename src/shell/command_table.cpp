@@ -2,10 +2,12 @@
 
 #include "commands/auto_skip_command.h"
 #include "commands/average_repeats.h"
+#include "commands/history_commands.h"
 #include "commands/merge_data.h"
 #include "commands/moving_average_command.h"
 #include "commands/open_file.h"
 #include "commands/record_steps.h"
+#include "commands/read_stations.h"
 #include "commands/review_data.h"
 #include "commands/save_survey.h"
 #include "commands/survey_config.h"
@@ -34,7 +36,7 @@ constexpr Command hCommand[] = {
     {1, iCmdExit,           false, false,  Exit_Program,    "E&xit", "Ctrl+Q", "Exit program."},
     {0, iCmdSurveyConfig,   true,  true,   Edit_Cfg,        "Edit Survey Configuration", "",
                           "Edit survey configuration parameters."},
-    {0, iCmdReadStn,        true,  true,   nullptr,         "Read Stn File", "",
+    {0, iCmdReadStn,        true,  true,   Position_Receivers, "Read Stn File", "",
                           "Interpolate on stn file stn,east,north,elevation[,heading,pitch,roll]"},
     {0, iCmdMovingAverage,  true,  true,   Smooth_Survey,   "&Moving Average Filter", "",
                           "Smoth transients with moving average over time."},
@@ -45,6 +47,11 @@ constexpr Command hCommand[] = {
     {0, iCmdMerge,          true,  true,   MergeChn,        "Merge Data", "",
                           "Merge transient data flagged by fractional stn #s."},
     {0, iCmdReview,         true,  true,   Review_Data,     "&Review Data", "", "Review transients by sounding."},
+    {0, 0,                  false, false,  nullptr,         "&History", "", ""},
+    {1, iCmdUndo,           false, false,  Undo_Command,    "&Undo", sUndoKeys, sUndoTip},
+    {1, iCmdRedo,           false, false,  Redo_Command,    "&Redo", sRedoKeys, sRedoTip},
+    {1, iCmdEditList,       false, false,  Edit_List,       sListText, "",
+                          "What was done to the data; go to an earlier state; write the list to a file."},
     {0, iCmdExit,           false, false,  Exit_Program,    "E&xit", "", "Exit program."},
 };
 // clang-format on

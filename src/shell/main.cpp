@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/program.h"
+#include "commands/recovery.h"
 #include "foundations/log_file.h"
 #include "platform/safe_file.h"
 #include "shell/command_loop.h"
@@ -41,6 +42,12 @@ int Refuse(const std::string& sFault, int iStatus) {
   return iStatus;
 }
 
+/// A script does not depend on what earlier runs left, unless it is told to.
+std::string Journal_Folder(const Options& h) {
+  if (!h.sJournal.empty()) return h.sJournal;
+  return h.sScript.empty() ? Journal_Folder_of_User() : std::string();
+}
+
 /// Ends the start where the window could not be made: a window system that cannot start its thread waits for ever.
 void Need_Room_for_Window() {
   constexpr std::size_t MRoom = std::size_t{48} << 20U;  // bytes
@@ -56,10 +63,12 @@ int Run(Options& h) {
     h.hRemaining.push_back(nullptr);  // a command line ends in a null
     Script_Load(h.sScript);
     Record_Listen();
+    sJournalFolder = Journal_Folder(h);
     WInitialise(NRemaining, h.hRemaining.data());
     if (!h.sRecord.empty() && Record_Begin(h.sRecord) != 0) return Refuse("cannot write " + h.sRecord, 2);
     Run_Program();
   } catch (const ProgramStop&) {
+    Recovery_End();
     return Script_End();
   } catch (const std::bad_alloc&) {
     std::fputs("quillan: there is not enough memory.\n", stderr);

@@ -18,6 +18,8 @@ constexpr std::string_view sHelpText =
     "  --script STEPS.txt  play the steps of a file as the user's input; without a\n"
     "                      display this runs off-screen\n"
     "  --record STEPS.txt  write what the user does as the steps of such a file\n"
+    "  --journal FOLDER    where edits are kept until they are saved, in place of the\n"
+    "                      user's state folder; a script without it keeps none\n"
     "  --version           print version and build, and end\n"
     "  --help              print this help and end\n"
     "  --                  what follows is a file, whatever it begins with\n"
@@ -36,11 +38,12 @@ struct Option {
   std::string_view sMissing;  // what its value is
 };
 constexpr Option hOption[] = {
-    {"--help",    &Options::bHelp,    nullptr,           ""                  },
-    {"--version", &Options::bVersion, nullptr,           ""                  },
-    {"--example", &Options::bExample, nullptr,           ""                  },
-    {"--script",  nullptr,            &Options::sScript, "the name of a file"},
-    {"--record",  nullptr,            &Options::sRecord, "the name of a file"},
+    {"--help",    &Options::bHelp,    nullptr,            ""                    },
+    {"--version", &Options::bVersion, nullptr,            ""                    },
+    {"--example", &Options::bExample, nullptr,            ""                    },
+    {"--script",  nullptr,            &Options::sScript,  "the name of a file"  },
+    {"--record",  nullptr,            &Options::sRecord,  "the name of a file"  },
+    {"--journal", nullptr,            &Options::sJournal, "the name of a folder"},
 };
 
 // The window system takes these itself; each has a value.

@@ -7,6 +7,7 @@
 
 #include "commands/session.h"
 #include "metadata/mdp_data.h"
+#include "model/history.h"
 #include "support/reports.h"
 #include "support/survey_builder.h"
 
@@ -28,6 +29,7 @@ TEST(WholeCommand, WithoutMemoryTheDataAreAsTheyWere) {
   hTemSurvey.sJobName = "job";
   sAvgFile = "line.avg";
   hSession.bUpdateAVG = true;
+  History_Begin();
   LogText_Reset();
   EXPECT_EQ(Run_Whole(Run_Out_of_Memory, Unfinished::PutBack), 1);
   EXPECT_EQ(NTrn, 2);

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <charconv>
 #include <fstream>
+#include <random>
 #include <string>
 
 namespace quillan {
@@ -72,6 +74,37 @@ TEST(FreeRead, ATokenEndsWhereItsTextEnds) {
   R4 fValue = 0.0f;
   EXPECT_TRUE(Free_Read(sRecord.substr(0, 4), fValue));
   EXPECT_EQ(fValue, 12.5f) << "the characters after the view are another field's";
+}
+
+/// A decimal of few or many digits, its point anywhere.
+std::string Random_Decimal(std::mt19937& hRandom) {
+  std::string sText;
+  for (auto K = hRandom() % 17 + 1; K > 0; --K) sText += static_cast<char>('0' + hRandom() % 10);
+  if (hRandom() % 4 != 0) sText.insert(hRandom() % (sText.size() + 1), ".");
+  return hRandom() % 3 == 0 ? "-" + sText : sText;
+}
+
+template <class Real>
+void Expect_as_from_chars(const std::string& sText) {
+  Real fRead{0}, fExpected{0};
+  if (!Read_Decimal(sText, fRead)) return;
+  const auto hEnd = std::from_chars(sText.data(), sText.data() + sText.size(), fExpected);
+  EXPECT_EQ(hEnd.ptr, sText.data() + sText.size()) << sText;
+  EXPECT_EQ(Written(fRead), Written(fExpected)) << sText;
+}
+
+TEST(FreeRead, ShortDecimalsAreTheNearestNumbers) {
+  std::mt19937 hRandom(1);
+  for (I4 I = 0; I < 100000; ++I) {
+    const std::string sText = Random_Decimal(hRandom);
+    Expect_as_from_chars<R4>(sText);
+    Expect_as_from_chars<R8>(sText);
+  }
+  R8 dRead = 7.0;
+  for (const char* const sText : {"", "-", ".", "-.", "+1", "1e3", "1 ", " 1", "1,", "1.2.3", "*", "9007199254740993"})
+    EXPECT_FALSE(Read_Decimal(sText, dRead)) << sText;
+  EXPECT_EQ(dRead, 7.0);
+  for (const char* const sText : {"5176420.125", "-.5", "12.", "0"}) EXPECT_TRUE(Read_Decimal(sText, dRead)) << sText;
 }
 
 }  // namespace

@@ -92,6 +92,31 @@ TEST_F(LogWindow, KeepsTheUnitsOfWhoeverDraws) {
   EXPECT_EQ(WInfoGrReal(iUnitYMax), 7.0f);
 }
 
+I4 NDrawn = 0;  // calls of Draw_Something
+void Draw_Something() {
+  ++NDrawn;
+}
+
+TEST_F(LogWindow, APictureStandsInThePlaceOfTheLinesUntilTheNextOne) {
+  Open_Window("resize 500 400\nanswer ok\nresize 600 500\nanswer ok\n");
+  NDrawn = 0;
+  LogText("a line");
+  LogText_Redraw();
+  EXPECT_EQ(NDrawn, 0);
+  LogText_Show_Picture(Draw_Something);
+  EXPECT_EQ(NDrawn, 1);
+  LogText_Redraw();
+  LogText_Renew_Picture();
+  EXPECT_EQ(NDrawn, 3);
+  WMessageBox(BoxButtons::Ok, BoxIcon::Information, "waits", "");
+  EXPECT_EQ(NDrawn, 4) << "at its new size, while a box waits";
+  LogText("another line");
+  LogText_Redraw();
+  LogText_Renew_Picture();
+  WMessageBox(BoxButtons::Ok, BoxIcon::Information, "waits", "");
+  EXPECT_EQ(NDrawn, 4);
+}
+
 TEST_F(LogWindow, TheErrorBoxIsTheWayOutOfARun) {
   Open_Window(
       "expect \"no data OK goes on. Cancel ends the program; changes that are not saved are lost.\"\nanswer ok\nexpect "

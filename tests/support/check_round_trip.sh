@@ -24,8 +24,18 @@ play() {
   else
     arguments=($(cd "$session/input" && ls | grep -iE '\.(avg|xdb)$' | head -n 1))
   fi
-  (cd run && "$program" "${arguments[@]}" "$@" > output.txt) || return 1
+  if [ -x "$session/before" ]; then (cd run && "$session/before" "$program" > before.txt 2>&1); fi
+  status=0
+  (cd run && "$program" "${arguments[@]}" "$@" > output.txt) || status=1
+  end_before
+  [ $status = 0 ] || return 1
   mv run "$kept"
+}
+
+# What ran ahead of a session ends with it; its number and its pipes are not of the session.
+end_before() {
+  if [ -f run/running ]; then kill "$(cat run/running)" 2> /dev/null || true; fi
+  rm -f run/running run/here run/for_good
 }
 
 folder=$(mktemp -d)

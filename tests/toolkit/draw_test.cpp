@@ -9,6 +9,7 @@
 
 #include "support/played_session.h"
 #include "toolkit/draw/private_draw.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan {
 namespace {
@@ -365,6 +366,67 @@ TEST_F(Draw, PixelsAreMeasuredInUnitsThatMayFall) {
   EXPECT_EQ(Pixels_to_Units(QPointF(200.0, 75.0)), QPointF(50.0, -1.0));
   EXPECT_NEAR(IGrPixelSize().fX, 0.5f, 1e-6f);
   EXPECT_NEAR(IGrPixelSize().fY, 2.0f / 150.0f, 1e-6f);
+}
+
+TEST_F(Draw, FilledRectanglesThatShareAnEdgeLeaveNoGap) {
+  const QImage hImage = Drawn([] {
+    IGrClip(0.0f, 0.0f, 200.0f, 300.0f);
+    for (I4 I = 0; I < 37; ++I) {
+      const R4 fY = 20.0f + 7.03f * static_cast<R4>(I);
+      IGrFilledRectangle(180.4f, fY + 7.03f, 250.0f, fY);
+    }
+    IGrClipOff();
+  });
+  EXPECT_EQ(Drawn_Box(hImage), QRect(QPoint(180, 20), QPoint(199, 279))) << "as far as the clip goes";
+  EXPECT_NEAR(Ink(hImage), 20.0 * 260, 0.01) << "all of it";
+}
+
+TEST_F(Draw, ArrowsHaveAHeadAtTheEndOrAtBoth) {
+  const auto Shaft = [](const QImage& h, int iRow) { return qGray(h.pixel(200, iRow)) < 128; };
+  const auto Head = [](const QImage& h, int iTop) { return Ink(h.copy(190, iTop, 20, 12)); };
+  const QImage hOne = Drawn([] { IGrArrowJoin(200.0f, 50.0f, 200.0f, 250.0f, ArrowHeads::End); });
+  EXPECT_TRUE(Shaft(hOne, 60) && Shaft(hOne, 150) && Shaft(hOne, 240));
+  EXPECT_GT(Head(hOne, 49), 20.0) << "at the upper end";
+  EXPECT_LT(Head(hOne, 240), 14.0);
+  const QImage hBoth = Drawn([] { IGrArrowJoin(200.0f, 50.0f, 200.0f, 250.0f, ArrowHeads::Both); });
+  EXPECT_NEAR(Head(hBoth, 49), Head(hBoth, 240), 4.0);
+  for (const R4 fBad : {fNone, fFar * fFar}) {
+    EXPECT_EQ(Ink(Drawn([&] {
+                IGrArrowJoin(fBad, 50.0f, 200.0f, 250.0f, ArrowHeads::Both);
+                IGrFilledRectangle(fBad, 1.0f, 2.0f, 3.0f);
+              })),
+              0.0);
+  }
+  EXPECT_EQ(Ink(Drawn([] { IGrArrowJoin(5.0f, 5.0f, 5.0f, 5.0f, ArrowHeads::Both); })) < 2.0, true) << "without length";
+}
+
+TEST_F(Draw, AChildWindowLeavesTheMainOneAsItIs) {
+  IGrUnits(0.0f, 0.0f, 4.0f, 3.0f);
+  IGrColour("RED");
+  IGrSegment(1.0f, 1.0f, 3.0f, 2.0f);
+  const QImage hBefore = Backing_Image().copy();
+  const QWidget* hMainArea = Drawing_Area();
+  WindowOpenChild2(500, 350, "child");
+  EXPECT_NE(Drawing_Area(), hMainArea);
+  EXPECT_EQ(Drawing_Area()->width(), 500);
+  EXPECT_EQ(InfoGraphics(iUnitXMax), 1.0f) << "a state of its own";
+  WindowClear();
+  IGrSegment(0.0f, 0.0f, 1.0f, 1.0f);
+  EXPECT_GT(Ink(Backing_Image()), 100.0);
+  Main_Window()->resize(Main_Window()->width() + 100, Main_Window()->height());
+  WindowOpenChild2(500, 350, "another");
+  EXPECT_EQ(InfoError(), iErrBadArgument) << "one at a time";
+  WindowCloseChild();
+  WindowCloseChild();  // harmless
+  EXPECT_EQ(Drawing_Area(), hMainArea);
+  EXPECT_EQ(Backing_Image().size(), QSize(500, 300)) << "which has followed its window";
+  EXPECT_EQ(InfoGraphics(iUnitXMax), 4.0f);
+  Main_Window()->resize(Main_Window()->width() - 100, Main_Window()->height());
+  EXPECT_LT(std::abs(Ink(Backing_Image()) - Ink(hBefore)), 40.0) << "what was drawn is still there";
+  WindowOpenChild2(500, 350, "left open");
+  WindowClose();
+  Open();
+  EXPECT_EQ(Ink(Backing_Image()), 0.0);
 }
 
 TEST_F(Draw, WhatIsCollectedGoesWithTheWindow) {

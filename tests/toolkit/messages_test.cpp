@@ -13,14 +13,14 @@ namespace {
 TEST(Messages, KeysGiveTheirCharacterOrCode) {
   PlayedSession hSession(
       "key a\nkey B\nkey é\nkey Esc\nkey Enter\nkey Tab\nkey Up\nkey Down\nkey Right\nkey Left\n"
-      "key Ctrl+a\nkey Alt+b\n");
+      "key Ctrl+a\nkey Alt+b\nkey Ctrl+Z\nkey Ctrl+Y\nkey Ctrl+Shift+Z\n");
   std::vector<I4> iKeys;
   for (const Message& h : hSession.Rest()) {
     EXPECT_EQ(h.iType, MessageType::Key);
     iKeys.push_back(h.VALUE1);
   }
-  EXPECT_EQ(iKeys, (std::vector<I4>{'a', 'B', 0xE9, 27, 13, 9, 258, 259, 260, 261}))
-      << "a letter with Ctrl or Alt is no message";
+  EXPECT_EQ(iKeys, (std::vector<I4>{'a', 'B', 0xE9, 27, 13, 9, 258, 259, 260, 261, iKeyUndo, iKeyRedo, iKeyRedo}))
+      << "any other letter with Ctrl or Alt is no message";
 }
 
 TEST(Messages, ClicksHaveButtonAndPositionInUnitsAndPixels) {
@@ -184,6 +184,24 @@ TEST(Menus, KeysChooseTheEntriesOfTheBarOnShow) {
 }
 
 // Layers above are tested without a window: nothing may crash, hang, or pretend.
+TEST(Menus, AnEntryThatSaysWhatItWouldDoKeepsItsTextAndStateInEveryBar) {
+  constexpr I4 iCmdLive = 49001;
+  constexpr MenuRow hBar[] = {
+      {0, iCmdLive, "Back", "", "Ctrl+Z; Ctrl+Y"}
+  };
+  PlayedSession hSession("key Ctrl+Y\nkey Alt+B\nmenu 49001\n");
+  WMenuDefine(iTestMenu, hBar);
+  WMenuEntry(iCmdLive, "&Back " + As_Menu_Text("A&B"), true);
+  WMenu(iTestMenu);
+  EXPECT_EQ(hSession.Next().VALUE1, iCmdLive) << "the second of its keys";
+  EXPECT_EQ(hSession.Next().VALUE1, iCmdLive) << "its letter, and not the one after the & of the name";
+  WMenuEntry(iCmdLive, "Back", false);
+  WMenu(iTestMenu);
+  WMenuSetState(iCmdLive, 1);  // what applies elsewhere does not wake it
+  EXPECT_EQ(hSession.Next().iType, MessageType::Close);
+  EXPECT_NE(hSession.Errors().find("greyed"), std::string::npos);
+}
+
 TEST(Toolkit, WithoutAWindowEveryCallIsHarmless) {
   InfoError();
   EXPECT_EQ(WMessage().iType, MessageType::Close) << "a loop that waits for a message must end";
@@ -193,6 +211,7 @@ TEST(Toolkit, WithoutAWindowEveryCallIsHarmless) {
   EXPECT_EQ(WInfoWindow(iWindowDrawable) + WInfoWindow(iWindowWidth) + WInfoScreen(iScreenWidth), 0);
   const std::function<void()> hCall[] = {
       [] { WindowTitle("title"); },
+      [] { WindowModified(true); },
       [] { WindowOutStatusBar(2, "text"); },
       [] { WindowBusy(true); },
       [] { WCursorShape(iCursorPick); },
@@ -210,6 +229,49 @@ TEST(Toolkit, WithoutAWindowEveryCallIsHarmless) {
   WMessageEnable(MessageType::MouseMove, false);
   WindowBell();
   WindowClose();
+}
+
+TEST(Messages, OfAChildWindowSayWhereTheyComeFromAndGoWithIt) {
+  PlayedSession hSession("click 1 1\nkey a\nclose\nclose\nkey b\nkey c\n");
+  WindowOpenChild2(500, 350, "child");
+  IGrUnits(0.0f, 0.0f, 10.0f, 10.0f);
+  const Message hPress = hSession.Next();
+  EXPECT_EQ(hPress.iType, MessageType::MouseDown);
+  EXPECT_EQ(hPress.VALUE3, iInChild);
+  EXPECT_NEAR(hPress.GX, 1.0f, 0.05f);
+  EXPECT_EQ(hSession.Next().iType, MessageType::MouseUp);
+  EXPECT_EQ(hSession.Next().VALUE1, 'a');
+  const Message hClose = hSession.Next();
+  EXPECT_EQ(hClose.iType, MessageType::Close);
+  EXPECT_EQ(hClose.VALUE3, iInChild);
+  WMessagePutBack(hClose);
+  WMessagePutBack({.iType = MessageType::Key, .VALUE1 = 'z'});
+  WMessagePutBack({.iType = MessageType::Menu, .VALUE1 = 40005});
+  WindowCloseChild();
+  EXPECT_EQ(hSession.Next().iType, MessageType::Menu) << "what the main window was given stays";
+  const Message hMain = hSession.Next();
+  EXPECT_EQ(hMain.iType, MessageType::Close);
+  EXPECT_EQ(hMain.VALUE3, 0);
+  EXPECT_EQ(hSession.Next().VALUE1, 'b');
+}
+
+TEST(Messages, ATimerComesOnceUnlessItIsTakenBack) {
+  Open_Window(400, 300);
+  WMessageTimer(1, 7);
+  WMessageTimer(1, 8);
+  WMessageTimer(2, 9);
+  WMessageTimer(0, 8);
+  std::vector<I4> iTimer;
+  while (iTimer.empty() || iTimer.back() != 9) {
+    const Message h = WMessage();
+    if (h.iType == MessageType::Timer) iTimer.push_back(h.VALUE1);
+  }
+  EXPECT_EQ(iTimer, (std::vector<I4>{7, 9}));
+  WMessageTimer(0, 7);  // long gone
+  WMessageTimer(60000, 7);
+  WindowClose();
+  WMessageTimer(1, 7);
+  EXPECT_EQ(InfoError(), iErrNoWindow);
 }
 
 }  // namespace

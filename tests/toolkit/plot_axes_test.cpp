@@ -197,6 +197,45 @@ TEST(AxisTexts, NeitherCollideNorLeaveThePicture) {
   }
 }
 
+TEST(AxisTexts, CoordinatesAreWrittenInFull) {
+  PlayedSession hSession("");
+  const struct {
+    R8 dOrigin;
+    R4 fHalf;
+    const char* sTexts;
+  } hCases[] = {
+      {5176420.0,   60.0f,  "5176360 5176380 5176400 5176420 5176440 5176460 5176480"            },
+      {16983400.25, 0.6f,   "16983399.8 16983400.0 16983400.2 16983400.4 16983400.6 16983400.8"  },
+      {0.0,         2.0E6f, "-2000000 -1500000 -1000000 -500000 0 500000 1000000 1500000 2000000"},
+  };
+  for (const auto& c : hCases) {
+    R4 fWidest = 0.0f;
+    const std::vector<DrawnText> hText = Texts_of([&] {
+      Begin_Plot(Scaling::Linear, Scaling::Linear, 0.0f, 0.0f, 1.0f, 1.0f);
+      IPgCoordinates(c.dOrigin, c.dOrigin);
+      IPgUnits(-c.fHalf, -c.fHalf, c.fHalf, c.fHalf);
+      WGrTextFont(0.02f, 0.06f);
+      IPgYScaleLeft("IN");
+      IPgXScaleTop("I");
+      IPgYScaleRight("I");
+      fWidest = IPgYScaleWidth();
+      const GrPoint h = IPgNumbersToGrUnits(c.dOrigin + 0.5 * R8{c.fHalf}, c.dOrigin);
+      EXPECT_NEAR(h.fX, 7.0f, 1.0E-3f);
+      EXPECT_NEAR(IPgNumbersFromGrUnits(h.fX, h.fY).dX, c.dOrigin + 0.5 * R8{c.fHalf}, 1.0E-5 * R8{c.fHalf});
+    });
+    std::string sAll;
+    R8 dWidest = 0.0;
+    for (const DrawnText& h : hText) {
+      sAll += (sAll.empty() ? "" : " ") + h.sText;
+      dWidest = std::max(dWidest, h.dRight - h.dLeft);
+    }
+    EXPECT_EQ(sAll, c.sTexts);
+    EXPECT_NEAR(R8{fWidest} * 200.0, dWidest, 0.5);
+  }
+  Begin_Plot(Scaling::Linear, Scaling::Linear, 0.0f, 0.0f, 1.0f, 1.0f);
+  EXPECT_EQ(IPgNumbersToGrUnits(1.0, 0.0).fX, 9.0f) << "the next plot has plot units again";
+}
+
 TEST(AxisTexts, OfTheCallerStandRightAlignedAndWithoutTheirBlanks) {
   PlayedSession hSession("");
   const R4 fYTick[] = {0.0f, 0.01f, 0.5f, 1.0f};

@@ -13,10 +13,12 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSlider>
+#include <QTableWidget>
 #include <QWheelEvent>
 
 #include "support/files.h"
 #include "support/played_session.h"
+#include "toolkit/dialog/grid.h"
 #include "toolkit/dialog/private_dialog.h"
 #include "toolkit/draw/plot_axes.h"
 #include "toolkit/window/private_window.h"
@@ -71,14 +73,15 @@ class Recorded : public testing::Test {
     QKeyEvent hEvent(QEvent::KeyPress, iKey, iHeld, sText);
     QCoreApplication::sendEvent(QApplication::focusWidget(), &hEvent);
   }
-  static void Mouse(QEvent::Type iType, QPointF hPixel, Qt::MouseButton iButton = Qt::LeftButton) {
+  static void Mouse(QEvent::Type iType, QPointF hPixel, Qt::MouseButton iButton = Qt::LeftButton,
+                    Qt::KeyboardModifiers iHeld = {}) {
     QMouseEvent hEvent(iType, hPixel, Drawing_Area()->mapToGlobal(hPixel), iButton,
-                       iType == QEvent::MouseButtonRelease ? Qt::NoButton : iButton, Qt::NoModifier);
+                       iType == QEvent::MouseButtonRelease ? Qt::NoButton : iButton, iHeld);
     QCoreApplication::sendEvent(Drawing_Area(), &hEvent);
   }
-  static void Click(QPointF hPixel, Qt::MouseButton iButton = Qt::LeftButton) {
-    Mouse(QEvent::MouseButtonPress, hPixel, iButton);
-    Mouse(QEvent::MouseButtonRelease, hPixel, iButton);
+  static void Click(QPointF hPixel, Qt::MouseButton iButton = Qt::LeftButton, Qt::KeyboardModifiers iHeld = {}) {
+    Mouse(QEvent::MouseButtonPress, hPixel, iButton, iHeld);
+    Mouse(QEvent::MouseButtonRelease, hPixel, iButton, iHeld);
   }
   static void Turn(int iAngle) {
     const QPointF hPixel(450.0, 300.0);
@@ -129,10 +132,40 @@ TEST_F(Recorded, AClickInAPlotIsAPointInItsUnits) {
   const GrPoint h = IPgUnitsToGrUnits(2.5f, 100.0f);
   const QPointF hPixel = Units_to_Pixels(QPointF(R8{h.fX}, R8{h.fY}));
   Click(hPixel);
-  Click(hPixel, Qt::RightButton);
+  Click(hPixel, Qt::RightButton, Qt::ControlModifier);
   WCursorShape(iCursorCorner);  // a corner of a box is no point of the data
   Click(hPixel);
-  EXPECT_EQ(Steps(), "point 2.5 100\npoint 2.5 100 right\nclick 7.2 8.5\n");
+  EXPECT_EQ(Steps(), "point 2.5 100\npoint 2.5 100 right Ctrl\nclick 7.2 8.5\n");
+}
+
+TEST_F(Recorded, KeysThatAreHeldAsTheButtonGoesDownAreOfTheStep) {
+  Mouse(QEvent::MouseButtonPress, Units_to_Pixels(QPointF(12.0, 8.5)), Qt::RightButton, Qt::ShiftModifier);
+  Mouse(QEvent::MouseButtonRelease, Units_to_Pixels(QPointF(0.0, 0.0)), Qt::RightButton);
+  Click(Units_to_Pixels(QPointF(12.0, 8.5)), Qt::LeftButton, Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+  EXPECT_EQ(Steps(), "drag 12 8.5 0 0 right Shift\nclick 12 8.5 Shift Ctrl\n");
+}
+
+TEST_F(Recorded, APlaceOnAMapIsItsCoordinates) {
+  const R8 dEast = 482300.0, dNorth = 5176400.0;
+  IPgArea(0.1f, 0.1f, 0.9f, 0.9f);
+  IPgCoordinates(dEast, dNorth);
+  IPgUnits(0.0f, 0.0f, 240.0f, 170.0f);
+  const GrPoint h = IPgNumbersToGrUnits(dEast + 30.0, dNorth + 85.0);
+  Click(Units_to_Pixels(QPointF(R8{h.fX}, R8{h.fY})));
+  EXPECT_EQ(Steps(), "point 482330 5176485\n");
+}
+
+TEST_F(Recorded, AChildWindowHasItsOwnSize) {
+  Click(QPointF(0.0, 0.0));
+  EXPECT_EQ(Steps(), "click 0 17\n");
+  WindowOpenChild2(400, 300, "map");
+  Active_Window()->resize(360, 270);
+  Key(Qt::Key_A, "a");
+  Active_Window()->close();
+  Taken();
+  WindowCloseChild();
+  Key(Qt::Key_B, "b");
+  EXPECT_EQ(Steps(), "click 0 17\nresize 360 270\nkey a\nclose\nkey b\n");
 }
 
 TEST_F(Recorded, ABoxThatIsGivenUpIsNoStep) {
@@ -205,6 +238,18 @@ TEST_F(Recorded, AnEditIsAStepWhenItIsComplete) {
   EXPECT_EQ(
       Steps(),
       "set \"Noise Floor\" 5\nkey Enter\nkey Left\nset \"Noise Floor\" 6\nkey N\npress \"View Curve\"\nkey Left\n");
+}
+
+TEST_F(Recorded, OnlyTheUserChoosesARow) {
+  WDialogLoad(120);
+  WGridRows(1201, 3);
+  WGridPutString(1201, 1, std::vector<std::string>{"1", "2", "3"});
+  WGridSelectRow(1201, 3);
+  WDialogShow(0, 0, iShowTool);
+  EXPECT_EQ(Steps(), "") << "the program did";
+  Find<QTableWidget>(1201)->setCurrentCell(1, 3);
+  EXPECT_EQ(Steps(), "choose Edits 2\n");
+  WDialogUnload();
 }
 
 TEST_F(Recorded, AnswersAndFilesAreSteps) {

@@ -291,5 +291,22 @@ TEST_F(WindowEvents, AToolWindowStaysWhereTheUserPutsIt) {
   EXPECT_EQ(Tool().pos(), QPoint(40, 300));
 }
 
+TEST_F(WindowEvents, WorkThatWasPutOffIsDoneOnceInTheMiddleOfAWait) {
+  static I4 NDone;
+  NDone = 0;
+  const auto Carry_Out = [] {
+    ++NDone;
+    Push_Message({.iType = MessageType::Timer});
+  };
+  WAfter(300, Carry_Out);
+  WAfter(3600000, [] {});  // does not put off what waits already
+  EXPECT_EQ(WMessagePeek().iType, MessageType::None);
+  EXPECT_EQ(WMessage().iType, MessageType::Timer);
+  EXPECT_EQ(NDone, 1);
+  WAfter(0, Carry_Out);
+  WAfter(0, nullptr);
+  EXPECT_EQ(WMessagePeek().iType, MessageType::None);
+}
+
 }  // namespace
 }  // namespace quillan

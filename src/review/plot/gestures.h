@@ -2,7 +2,8 @@
 //
 // A review is a view (all that it knows, from ReviewView), a table with one row a gesture, and the procedures of
 // ReviewProcedures. A gesture may have a place in the menu bar, a button of the tool window, and a key; one that has
-// several keys has a row for each.
+// several keys has a row for each. One that changes data has a name for the list of edits, and is kept as one. Ctrl+Z
+// and Ctrl+Y (or Ctrl+Shift+Z) take edits back and do them again in a review that shows the store.
 #pragma once
 
 #include <cstddef>
@@ -10,6 +11,7 @@
 
 #include "base/types.h"
 #include "foundations/log_file.h"
+#include "review/plot/review_edits.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/messages.h"
 #include "toolkit/window/window.h"
@@ -30,6 +32,7 @@ struct Gesture {
   I4 iKey;                         // capital letter or code; 0: none
   void (*Carry_Out)(View& hView);  // null for the head of a drop-down menu
   MenuRow hMenu{};                 // its row in the menu bar; without a text it has none
+  std::string_view sEdit{};        // what the edit is called; blank: it changes no data
 };
 
 template <class View>
@@ -39,6 +42,11 @@ struct ReviewProcedures {
   void (*On_Field)(View& hView, I4 iField);              // of the tool window
   void (*On_Resize)();                                   // the main window has another size
   void (*On_Close)(View& hView);                         // the user wants it closed
+  bool bFlagsByMouse = false;                            // the left and right buttons set and clear flags
+  // What is on show, and the way to an edit that was taken back. Without them nothing is: the review works on what it
+  // has gathered from the store, which must stay as it is.
+  TransientRange (*Shown)(const View& hView) = nullptr;
+  void (*Go_To)(View& hView, const TakenBack& hBack) = nullptr;
 };
 
 /// Gives the menu bar the rows of a table.
@@ -62,8 +70,40 @@ void Carry_Out(View& hView, const Gesture<View> (&hTable)[N], const Message& hMe
   for (const Gesture<View>& h : hTable) {
     if (hMessage.VALUE1 == 0 || !Is_Meant(h)) continue;
     if (h.hMenu.iCommand != 0) LogErr_Begin_Command();
-    return h.Carry_Out(hView);
+    h.Carry_Out(hView);
+    if (!h.sEdit.empty()) hReviewEdits.Keep(h.sEdit);
+    return;
   }
+}
+
+/// Undo and redo, by the keys or by the menu of the review.
+inline bool Is_Step(const Message& h, I4 iKey, I4 iCommand) {
+  return (h.iType == MessageType::Key && h.VALUE1 == iKey) || (h.iType == MessageType::Menu && h.VALUE1 == iCommand);
+}
+
+template <class View>
+void Take_Back(View& hView, const ReviewProcedures<View>& hReview, TakenBack (*Step)(const TransientRange& hShown)) {
+  if (!hReview.Shown || !hReview.Go_To) return;
+  const TakenBack hBack = Step(hReview.Shown(hView));
+  if (!hBack.bDone) return;
+  hView.bRedraw = true;
+  hReview.Go_To(hView, hBack);
+}
+
+template <class View>
+void Press(View& hView, const ReviewProcedures<View>& hReview, const Message& hPress) {
+  if (hPress.VALUE3 != 0) return;
+  hReview.On_Press(hView, hPress);
+  const bool bFlags = hPress.VALUE1 == iMouseLeft || hPress.VALUE1 == iMouseRight;
+  if (hReview.bFlagsByMouse && bFlags) hReviewEdits.Keep("");
+}
+
+/// What a key, a menu entry or a button stands for.
+template <class View, std::size_t N>
+void Choose(View& hView, const Gesture<View> (&hTable)[N], const ReviewProcedures<View>& hReview, const Message& h) {
+  if (Is_Step(h, iKeyUndo, iCmdUndo)) return Take_Back(hView, hReview, hReviewEdits.Undo);
+  if (Is_Step(h, iKeyRedo, iCmdRedo)) return Take_Back(hView, hReview, hReviewEdits.Redo);
+  Carry_Out(hView, hTable, h);
 }
 
 /// What the status bar says of the last gesture goes away with the next.
@@ -83,10 +123,8 @@ void Review_Loop(View& hView, const Gesture<View> (&hTable)[N], const ReviewProc
     switch (hMessage.iType) {
       case MessageType::Key:
       case MessageType::Menu:
-      case MessageType::Button: Carry_Out(hView, hTable, hMessage); break;
-      case MessageType::MouseDown:
-        if (hMessage.VALUE3 == 0) hReview.On_Press(hView, hMessage);
-        break;
+      case MessageType::Button: Choose(hView, hTable, hReview, hMessage); break;
+      case MessageType::MouseDown: Press(hView, hReview, hMessage); break;
       case MessageType::Field: hReview.On_Field(hView, hMessage.VALUE1); break;
       case MessageType::Resize: hReview.On_Resize(); [[fallthrough]];
       case MessageType::Expose: hView.bRedraw = true; break;

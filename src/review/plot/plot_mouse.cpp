@@ -12,6 +12,8 @@ constexpr R4 fPlacedPixels = 8.0f;  // size of a box before its first corner is 
 constexpr R4 fBegunPixels = 4.0f;   // and of one that begins at a corner
 constexpr I4 MClickPixels = 4;      // a release farther from its press ends a drag
 
+constexpr R4 fLeastBox = 0.1f;  // graphics units squared
+
 /// What the user does while a mouse routine waits.
 enum class MouseAct { Press, Release, Move, Leave };
 
@@ -149,6 +151,10 @@ MouseBox Finished(MouseBox h) {
 }
 
 }  // namespace
+
+L4 Is_Box(const GrBox& h) {
+  return std::abs(h.fX2 - h.fX1) * std::abs(h.fY2 - h.fY1) >= fLeastBox;
+}
 
 MousePoint IGr_GetMousePoint(I4 iMouseCursor) {
   MouseRoutine hMouse(iMouseCursor);

@@ -22,6 +22,9 @@ struct MouseBox {
   I4 iError = 0;  // 0; 1 Esc, or no box
 };
 
+/// Whether a drag was meant as a box: one of less than 0.1 graphics units squared is a click of an unsteady hand.
+[[nodiscard]] L4 Is_Box(const GrBox& hBox);
+
 /// Waits for one click. iMouseCursor: shape of the pointer meanwhile.
 [[nodiscard]] MousePoint IGr_GetMousePoint(I4 iMouseCursor);
 

@@ -213,6 +213,9 @@ QWidget* New_Grid(QWidget* hParent) {
                          QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
   QObject::connect(hGrid, &QTableWidget::cellChanged, hGrid,
                    [hGrid](I4 iRow, I4 iColumn) { Report_Change(*hGrid, iRow + 1, iColumn + 1); });
+  QObject::connect(hGrid, &QTableWidget::currentCellChanged, hGrid, [hGrid](I4 iRow) {
+    if (iRow >= 0 && hGrid->selectionBehavior() == QAbstractItemView::SelectRows) hDialogListener.Row(*hGrid, iRow + 1);
+  });
   return hGrid;
 }
 
@@ -233,7 +236,10 @@ bool Grid_Is_Edited(QWidget* hGrid) {
 }  // namespace toolkit
 
 void WGridRows(I4 iGrid, I4 NRow) {
-  if (GridTable* hGrid = Find_Grid(iGrid)) hGrid->setRowCount(std::max(NRow, 0));
+  GridTable* hGrid = Find_Grid(iGrid);
+  if (!hGrid) return;
+  const QSignalBlocker hQuiet(hGrid);
+  hGrid->setRowCount(std::max(NRow, 0));
 }
 
 void WGridLabelRows(I4 iGrid, std::span<const std::string> sLabel) {
@@ -264,6 +270,20 @@ void WGridRangeReal(I4 iGrid, I4 iColumn, R8 dLow, R8 dHigh) {
   rule.dLow = dLow;
   rule.dHigh = dHigh;
   Set_Tip(hGrid, Find_Field(iGrid)->sTip + Range_Words(rule));
+}
+
+void WGridSelectRow(I4 iGrid, I4 iRow) {
+  GridTable* hGrid = Find_Grid(iGrid);
+  if (!hGrid) return;
+  if (iRow > hGrid->rowCount()) return Set_Error(iErrBadArgument);
+  const QSignalBlocker hQuiet(hGrid);
+  hGrid->setCurrentCell(iRow - 1, 0);
+  if (iRow >= 1) hGrid->scrollToItem(hGrid->item(iRow - 1, 0));
+}
+
+I4 WGridSelectedRow(I4 iGrid) {
+  const GridTable* hGrid = Find_Grid(iGrid);
+  return hGrid ? hGrid->currentRow() + 1 : 0;
 }
 
 void WGridPutString(I4 iGrid, I4 iColumn, std::span<const std::string> sText) {

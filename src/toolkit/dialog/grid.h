@@ -37,6 +37,10 @@ inline constexpr I4 iCellUnused = 2;  // the user cannot change it; it is greyed
 /// The states of the cells of a column, from the first row on.
 void WGridStateColumn(I4 iGrid, I4 iColumn, std::span<const I4> iState);
 
+/// A table whose rows are chosen as a whole: which one is, from 1; 0: none.
+void WGridSelectRow(I4 iGrid, I4 iRow);
+[[nodiscard]] I4 WGridSelectedRow(I4 iGrid);
+
 /// The cells of a column from the first row on; nothing where one is empty or bad.
 [[nodiscard]] std::vector<std::optional<R4>> WGridGetReal(I4 iGrid, I4 iColumn);
 /// The entries chosen, counted from 1; 0 where none is.

@@ -115,6 +115,7 @@ struct DialogListener {
   void (*Button)(I4 iButton) = [](I4) {};
   void (*Edit)(const Field& hField) = [](const Field&) {};                                            // complete
   void (*Cell)(const QTableWidget& hGrid, I4 iRow, I4 iColumn) = [](const QTableWidget&, I4, I4) {};  // from 1
+  void (*Row)(const QTableWidget& hGrid, I4 iRow) = [](const QTableWidget&, I4) {};  // chosen as a whole
 };
 inline DialogListener hDialogListener;
 

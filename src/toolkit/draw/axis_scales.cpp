@@ -50,6 +50,20 @@ std::string Tick_Text(R8 dValue) {
   return std::string(Without_Zeros(sWritten.substr(0, iExponent), 1)).append("E").append(sWritten, iExponent + 1);
 }
 
+/// Decimals that tell multiples of a step apart.
+I4 Decimals_of(R8 dStep) {
+  constexpr R8 dRounding = 1.0E-9;
+  return std::max(static_cast<I4>(std::ceil(-std::log10(dStep) - dRounding)), 0);
+}
+
+/// A coordinate in full: "5176420", "482310.5".
+std::string Coordinate_Text(R8 dValue, I4 NDecimal) {
+  char sOut[512];
+  const R8 dNoMinusZero = dValue + 0.0;
+  const auto hEnd = std::to_chars(sOut, sOut + sizeof sOut, dNoMinusZero, std::chars_format::fixed, NDecimal);
+  return {sOut, hEnd.ptr};
+}
+
 bool Is_Decade(R8 dValue) {
   constexpr R8 dRounding = 1.0E-9;
   const R8 dLog = std::log10(dValue);
@@ -107,14 +121,28 @@ void Give_Room(std::vector<DrawnTick>& hTick, const Direction& hAlong, Take bTak
   }
 }
 
-std::vector<DrawnTick> Laid_Out(const Direction& hAlong, I4 MMajor) {
-  const bool bLog = hAlong.hAxis.iScaling == Scaling::Logarithmic;
-  const PlotRange& h = hAlong.hAxis.hRange;
-  std::vector<DrawnTick> hDrawn;
-  for (const Tick& hTick : bLog ? Logarithmic_Ticks(h.dLow, h.dHigh, MMajor) : Linear_Ticks(h.dLow, h.dHigh, MMajor)) {
-    const std::string sText = hTick.bMajor ? Tick_Text(hTick.dValue) : "";
-    hDrawn.push_back({hAlong.hAxis.To_Gr(hTick.dValue), hTick.bMajor, sText, bLog && Is_Decade(hTick.dValue)});
+/// The ticks of an axis with their texts, at their places along it.
+std::vector<DrawnTick> Ticks_of(const Axis& hAxis, I4 MMajor) {
+  const bool bLog = hAxis.iScaling == Scaling::Logarithmic;
+  const R8 dLow = hAxis.hRange.dLow + hAxis.dOrigin, dHigh = hAxis.hRange.dHigh + hAxis.dOrigin;
+  const std::vector<Tick> hTick = bLog ? Logarithmic_Ticks(dLow, dHigh, MMajor) : Linear_Ticks(dLow, dHigh, MMajor);
+  std::vector<R8> dMajor;
+  for (const Tick& h : hTick) {
+    if (h.bMajor) dMajor.push_back(h.dValue);
   }
+  const I4 NDecimal = hAxis.bCoordinates && dMajor.size() > 1 ? Decimals_of(dMajor[1] - dMajor[0]) : 0;
+  std::vector<DrawnTick> hDrawn;
+  for (const Tick& h : hTick) {
+    const std::string sText = !h.bMajor            ? ""
+                              : hAxis.bCoordinates ? Coordinate_Text(h.dValue, NDecimal)
+                                                   : Tick_Text(h.dValue);
+    hDrawn.push_back({hAxis.To_Gr(h.dValue - hAxis.dOrigin), h.bMajor, sText, bLog && Is_Decade(h.dValue)});
+  }
+  return hDrawn;
+}
+
+std::vector<DrawnTick> Laid_Out(const Direction& hAlong, I4 MMajor) {
+  std::vector<DrawnTick> hDrawn = Ticks_of(hAlong.hAxis, MMajor);
   Give_Room(hDrawn, hAlong, [](const DrawnTick& hTick) { return hTick.bFirst; });
   Give_Room(hDrawn, hAlong, [](const DrawnTick&) { return true; });
   return hDrawn;
@@ -181,6 +209,12 @@ void Draw_Scale(const Direction& hAlong, R4 fEdge, std::string_view sStyle) {
   Draw_Ticks(hTick, hAlong, fEdge, -fReach);
 }
 
+void Draw_Far_Ticks(const Direction& hAlong, R4 fEdge, std::string_view sStyle) {
+  std::vector<DrawnTick> hTick = Axis_Ticks(hAlong);
+  Drop_Crowded_Minor_Ticks(hTick, hAlong.Pixel());
+  Draw_Ticks(hTick, hAlong, fEdge, hAlong.Reach(sStyle));
+}
+
 }  // namespace
 
 void IPgXScale(std::string_view sStyle) {
@@ -189,6 +223,22 @@ void IPgXScale(std::string_view sStyle) {
 
 void IPgYScaleLeft(std::string_view sStyle) {
   Draw_Scale(Along_Y(), hPlot.X.fGrLow, sStyle);
+}
+
+void IPgXScaleTop(std::string_view sStyle) {
+  Draw_Far_Ticks(Along_X(), hPlot.Y.fGrHigh, sStyle);
+}
+
+void IPgYScaleRight(std::string_view sStyle) {
+  Draw_Far_Ticks(Along_Y(), hPlot.X.fGrHigh, sStyle);
+}
+
+R4 IPgYScaleWidth() {
+  R4 fWidest = 0.0f;
+  for (const DrawnTick& h : Axis_Ticks(Along_Y())) {
+    if (h.bRoom) fWidest = std::max(fWidest, WGrTextLength(h.sText));
+  }
+  return fWidest;
 }
 
 void IPgYUserScale(std::span<const R4> fYTick, std::span<const std::string> sYTick, std::string_view sStyle) {

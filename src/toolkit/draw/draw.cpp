@@ -21,6 +21,9 @@ constexpr R8 dSlack = 0.01;  // pixels: what 32-bit units lose at the edge of a 
 constexpr QRectF hNowhere(-1.0e9, -1.0e9, 0.0, 0.0);
 constexpr R8 dDash = 5.0;  // pixels of line width
 constexpr R8 dGap = 4.0;
+constexpr R8 dHeadPart = 0.25;    // of an arrow's length
+constexpr R8 dLongestHead = 9.0;  // pixels of line width
+constexpr R8 dHeadTurn = 25.0;    // degrees between an arrow and the strokes of its head
 
 struct NamedColour {
   std::string_view sName;
@@ -43,9 +46,10 @@ QRectF toolkit::Whole_Picture() {
 void toolkit::Place_Area() {
   const GraphicsState& h = hDraw.hState;
   const QRectF hPicture = Whole_Picture();
+  const R8 dHeight = hPicture.height() - hDraw.hCanvas.dFoot;
   AreaPlace& hPlace = hDraw.hPlace;
-  hPlace.hArea = {h.hArea.dXLow * hPicture.width(), (1.0 - h.hArea.dYHigh) * hPicture.height(),
-                  h.hArea.dXSpan() * hPicture.width(), h.hArea.dYSpan() * hPicture.height()};
+  hPlace.hArea = {h.hArea.dXLow * hPicture.width(), (1.0 - h.hArea.dYHigh) * dHeight,
+                  h.hArea.dXSpan() * hPicture.width(), h.hArea.dYSpan() * dHeight};
   hPlace.dPixelX = hPlace.hArea.width() / h.hUnit.dXSpan();
   hPlace.dPixelY = hPlace.hArea.height() / h.hUnit.dYSpan();
   hPlace.hVisible = hPlace.hArea.normalized().intersected(hPicture);
@@ -154,10 +158,8 @@ void Overlay(bool bRectangle, QLineF hEnds) {
   if (Clip_Line(hEnds, hPicture)) Toggle_Overlay({bRectangle, hEnds.p1(), hEnds.p2()});
 }
 
-/// Collects a segment between two points in units.
-void Segment(QPointF hFrom, QPointF hTo) {
-  if (!Drawable()) return;
-  QLineF hLine(To_Picture(hFrom), To_Picture(hTo));
+/// Collects a line of the picture.
+void Collect(QLineF hLine) {
   if (hDraw.hState.bOverlay) return Overlay(false, hLine);
   if (!Clip_Line(hLine, hDraw.hPlace.hVisible)) return;
   Collected& h = hDraw.hCollected;
@@ -167,6 +169,11 @@ void Segment(QPointF hFrom, QPointF hTo) {
   h.iType = hDraw.hState.iType;
   h.hLine.push_back(hLine);
   Mark_Changed();
+}
+
+/// Collects a segment between two points in units.
+void Segment(QPointF hFrom, QPointF hTo) {
+  if (Drawable()) Collect({To_Picture(hFrom), To_Picture(hTo)});
 }
 
 }  // namespace
@@ -194,6 +201,41 @@ void IGrRectangle(R4 fX1, R4 fY1, R4 fX2, R4 fY2) {
   };
   if (hDraw.hState.bOverlay) return Overlay(true, {To_Picture(hCorner[0]), To_Picture(hCorner[2])});
   for (int I = 0; I < 4; ++I) Segment(hCorner[I], hCorner[(I + 1) % 4]);
+}
+
+void IGrFilledRectangle(R4 fX1, R4 fY1, R4 fX2, R4 fY2) {
+  BackEnd* hBackEnd = Drawable();
+  const QRectF hBox = QRectF(To_Picture({R8{fX1}, R8{fY1}}), To_Picture({R8{fX2}, R8{fY2}})).normalized();
+  const QRectF hSeen = hBox.intersected(hDraw.hPlace.hVisible);
+  if (!hBackEnd || !std::isfinite(hBox.width() + hBox.height()) || hSeen.isEmpty()) return;
+  Draw_Collected();
+  hBackEnd->Fill(hSeen, hDraw.hState.iColour);
+  Mark_Changed();
+}
+
+namespace {
+
+/// The head at the first end of a line of the picture.
+void Collect_Head(const QLineF& hShaft) {
+  const R8 dLength = std::min(dHeadPart * hShaft.length(), dLongestHead * hDraw.hCanvas.dPixel);
+  if (!(dLength > 0.0)) return;
+  for (const R8 dTurn : {-dHeadTurn, dHeadTurn}) {
+    QLineF hStroke = hShaft;
+    hStroke.setAngle(hShaft.angle() + dTurn);
+    hStroke.setLength(dLength);
+    Collect(hStroke);
+  }
+}
+
+}  // namespace
+
+void IGrArrowJoin(R4 fX1, R4 fY1, R4 fX2, R4 fY2, ArrowHeads iHeads) {
+  if (!Drawable()) return;
+  const QLineF hShaft(To_Picture({R8{fX1}, R8{fY1}}), To_Picture({R8{fX2}, R8{fY2}}));
+  if (!std::isfinite(hShaft.length())) return;
+  Collect(hShaft);
+  Collect_Head({hShaft.p2(), hShaft.p1()});
+  if (iHeads == ArrowHeads::Both) Collect_Head(hShaft);
 }
 
 namespace {

@@ -69,6 +69,12 @@ void IGrLineTo(R4 fX, R4 fY);
 void IGrSegment(R4 fX1, R4 fY1, R4 fX2, R4 fY2);
 /// The outline of a rectangle.
 void IGrRectangle(R4 fX1, R4 fY1, R4 fX2, R4 fY2);
+/// A rectangle filled with the colour in force. Two of them that share an edge leave no gap.
+void IGrFilledRectangle(R4 fX1, R4 fY1, R4 fX2, R4 fY2);
+
+enum class ArrowHeads : I4 { End, Both };
+/// A segment with a head at its second end or at both. Heads of short arrows are smaller.
+void IGrArrowJoin(R4 fX1, R4 fY1, R4 fX2, R4 fY2, ArrowHeads iHeads);
 
 inline constexpr I4 iMarkerDisc = 14;  // a filled disc of half the character height
 /// A marker, left out when its centre is clipped away.

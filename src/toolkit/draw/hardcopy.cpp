@@ -3,9 +3,11 @@
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
+#include <algorithm>
 #include <new>
 #include <optional>
 
+#include "foundations/file_util.h"
 #include "platform/safe_file.h"
 #include "toolkit/draw/last_error.h"
 #include "toolkit/draw/private_state.h"
@@ -20,24 +22,31 @@ constexpr I4 MPictureSize = 32000;  // so that markers at the edge have coordina
 constexpr R8 dScreenDots = 96.0;    // pixels of line width an inch
 constexpr R8 dPngDots = 400.0;
 constexpr R8 dMetafileUnits = 304.8;  // an inch: 120 a centimetre
+constexpr I4 NPageUnits = 254;        // an inch: 100 a centimetre
 constexpr R8 dInch = 0.0254;          // m
 constexpr R8 dMinEm = 1.0;            // in a metafile, which can be enlarged at will
 constexpr std::string_view sNoMemory = "Not enough memory";
 
 /// A picture that is being drawn, and the file that it goes to. Without memory for its pixels nothing is drawn.
 struct OpenHardcopy {
-  explicit OpenHardcopy(std::string_view sPath) : hFile(sPath) {}
+  explicit OpenHardcopy(std::string_view sPath) : hFile(sPath), sTitle(File_Name(sPath)) {}
   SafeFile hFile;
+  std::string sTitle;
   QImage hImage;
   std::unique_ptr<BackEnd> hPainter;
   std::optional<Metafile> hMetafile;
+  std::unique_ptr<PageFile> hPage;
 };
 
-// Module state. IGrHardCopySelect and IGrHardCopySize choose the next hardcopy, IGrHardCopy opens it.
+// Module state. IGrHardCopySelect, IGrHardCopySize and IGrHardCopyFoot choose the next hardcopy, IGrHardCopy opens it.
 struct Hardcopy {
   HardCopyDriver iDriver = HardCopyDriver::Png;
   I4 NWidth = 3780, NHeight = 2803;
+  I4 NFoot = 0;
   std::unique_ptr<OpenHardcopy> hOpen;
+
+  I4 NWhole() const { return NHeight + NFoot; }
+  QSizeF Size() const { return QSizeF(NWidth, NWhole()); }
 };
 Hardcopy hHardcopy;
 
@@ -48,24 +57,40 @@ R8 Png_Min_Em() {
 }
 
 Canvas Open_Png(OpenHardcopy& h) {
-  h.hImage = QImage(hHardcopy.NWidth, hHardcopy.NHeight, QImage::Format_RGB32);
+  h.hImage = QImage(hHardcopy.NWidth, hHardcopy.NWhole(), QImage::Format_RGB32);
   h.hImage.setDotsPerMeterX(qRound(dPngDots / dInch));
   h.hImage.setDotsPerMeterY(qRound(dPngDots / dInch));
   h.hImage.fill(Qt::white);
   const R8 dPixel = dPngDots / dScreenDots;
   h.hPainter = New_Painter(h.hImage, dPixel);
-  return {h.hPainter.get(), QSizeF(hHardcopy.NWidth, hHardcopy.NHeight), dPixel, Png_Min_Em()};
+  return {h.hPainter.get(), hHardcopy.Size(), dPixel, Png_Min_Em()};
 }
 
 Canvas Open_Metafile(OpenHardcopy& h) {
-  h.hMetafile.emplace(hHardcopy.NWidth, hHardcopy.NHeight, Nint(dMetafileUnits));
-  const QSizeF hSize(hHardcopy.NWidth, hHardcopy.NHeight);
-  return {&*h.hMetafile, hSize, dMetafileUnits / dScreenDots, dMinEm};
+  h.hMetafile.emplace(hHardcopy.NWidth, hHardcopy.NWhole(), Nint(dMetafileUnits));
+  return {&*h.hMetafile, hHardcopy.Size(), dMetafileUnits / dScreenDots, dMinEm};
 }
 
+template <auto New_Page>
+Canvas Open_Page(OpenHardcopy& h) {
+  h.hPage = New_Page({hHardcopy.Size(), NPageUnits, h.sTitle});
+  return {h.hPage.get(), hHardcopy.Size(), NPageUnits / dScreenDots, dMinEm};
+}
+
+constexpr struct {
+  HardCopyDriver iDriver;
+  Canvas (*Open)(OpenHardcopy& h);
+} hDriverRow[] = {
+    {HardCopyDriver::Png,      Open_Png               },
+    {HardCopyDriver::Metafile, Open_Metafile          },
+    {HardCopyDriver::Svg,      Open_Page<New_Svg_Page>},
+    {HardCopyDriver::Pdf,      Open_Page<New_Pdf_Page>},
+};
+
 /// The whole file; blank when it could not be made.
-std::string File_Bytes(const OpenHardcopy& h) {
+std::string File_Bytes(OpenHardcopy& h) {
   if (h.hMetafile) return h.hMetafile->Bytes();
+  if (h.hPage) return h.hPage->Bytes();
   QBuffer hBytes;
   if (h.hImage.isNull() || !hBytes.open(QIODevice::WriteOnly) || !h.hImage.save(&hBytes, "PNG")) return {};
   return hBytes.data().toStdString();
@@ -96,13 +121,20 @@ void IGrHardCopySize(I4 NWidth, I4 NHeight) {
   hHardcopy.NHeight = NHeight;
 }
 
+void IGrHardCopyFoot(I4 NHeight) {
+  if (NHeight < 0 || NHeight > MPictureSize - hHardcopy.NHeight) return Set_Error(iErrBadArgument);
+  hHardcopy.NFoot = NHeight;
+}
+
 void IGrHardCopy(std::string_view sPath) {
   if (hHardcopy.hOpen) return Set_Error(iErrBadArgument);
   if (!QGuiApplication::instance()) return Set_Error(iErrNoWindow);  // there are no fonts
   InqWintError("IGrHardCopy");                                       // an error from before is not the picture's
   hHardcopy.hOpen = std::make_unique<OpenHardcopy>(sPath);
-  OpenHardcopy& h = *hHardcopy.hOpen;
-  Enter_Picture(hHardcopy.iDriver == HardCopyDriver::Png ? Open_Png(h) : Open_Metafile(h));
+  const auto* hRow = std::ranges::find_if(hDriverRow, [](const auto& h) { return h.iDriver == hHardcopy.iDriver; });
+  Canvas hCanvas = hRow->Open(*hHardcopy.hOpen);
+  hCanvas.dFoot = hHardcopy.NFoot;
+  Enter_Picture(hCanvas);
 }
 
 HardCopyStatus IGrHardCopyEnd() {

@@ -1,8 +1,8 @@
 // hardcopy.h: pictures in files: while a hardcopy is open, all drawing goes to it.
 //
-// Two drivers: a placeable Windows metafile of vector records (metafile.cpp), and PNG. The picture has the shape of the
-// window it stands for: areas, units and text sizes are fractions of it. A file takes the place of an earlier one only
-// when it is complete (SafeFile).
+// A placeable Windows metafile of vector records (metafile.cpp), SVG and PDF with true lines and letters
+// (page_file.cpp), and PNG. The picture has the shape of the window it stands for: areas, units and text sizes are
+// fractions of it. A file takes the place of an earlier one only when it is complete (SafeFile).
 #pragma once
 
 #include <string>
@@ -12,12 +12,16 @@
 
 namespace quillan {
 
-enum class HardCopyDriver : I4 { Png = 6, Metafile = 11 };
+enum class HardCopyDriver : I4 { Png = 6, Metafile = 11, Svg = 12, Pdf = 13 };
 
 /// Chooses the driver of the next hardcopy.
 void IGrHardCopySelect(HardCopyDriver iDriver);
-/// Size of the next hardcopy: pixels for PNG (at 400 dots an inch), device units for a metafile (120 a centimetre).
+/// Size of the next hardcopy: pixels for PNG (at 400 dots an inch), device units for a metafile (120 a centimetre) and
+/// for SVG and PDF (100 a centimetre).
 void IGrHardCopySize(I4 NWidth, I4 NHeight);
+/// Adds a strip of that height below the next hardcopy; 0: none. Areas are fractions of what is above it, so that it
+/// is the area from -NHeight / height to 0.
+void IGrHardCopyFoot(I4 NHeight);
 
 /// Opens a hardcopy. Where it cannot be opened, IGrHardCopyEnd says so; what is drawn until then goes nowhere.
 void IGrHardCopy(std::string_view sPath);

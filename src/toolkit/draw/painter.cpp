@@ -83,7 +83,10 @@ void Painter::Fill(const QRectF& hRectangle, QRgb iNew) {
   Flush();
   const R8 dRatio = hImage.devicePixelRatio();
   const QRectF hPixels(hRectangle.topLeft() * dRatio, hRectangle.bottomRight() * dRatio);
-  const QRect hBox = hPixels.toRect().intersected(hImage.rect());
+  // Each edge by itself: rectangles that share one leave no gap.
+  const QRect hWhole(QPoint(qRound(hPixels.left()), qRound(hPixels.top())),
+                     QPoint(qRound(hPixels.right()) - 1, qRound(hPixels.bottom()) - 1));
+  const QRect hBox = hWhole.intersected(hImage.rect());
   for (int iRow = hBox.top(); iRow <= hBox.bottom(); ++iRow)
     std::fill_n(reinterpret_cast<QRgb*>(hImage.scanLine(iRow)) + hBox.left(), hBox.width(), iNew);
 }

@@ -56,6 +56,16 @@ void IPgArea(R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax) {
 void IPgScaling(Scaling iX, Scaling iY) {
   hPlot.X.iScaling = iX;
   hPlot.Y.iScaling = iY;
+  hPlot.X.bCoordinates = hPlot.Y.bCoordinates = false;
+  hPlot.X.dOrigin = hPlot.Y.dOrigin = 0.0;
+}
+
+void IPgCoordinates(R8 dX0, R8 dY0) {
+  if (!std::isfinite(dX0) || !std::isfinite(dY0)) return Set_Error(iErrBadArgument);
+  hPlot.X.iScaling = hPlot.Y.iScaling = Scaling::Linear;
+  hPlot.X.bCoordinates = hPlot.Y.bCoordinates = true;
+  hPlot.X.dOrigin = dX0;
+  hPlot.Y.dOrigin = dY0;
 }
 
 void IPgUnits(R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax) {
@@ -107,6 +117,14 @@ GrPoint IPgUnitsToGrUnits(R4 fXPg, R4 fYPg) {
 
 GrPoint IPgUnitsFromGrUnits(R4 fXGr, R4 fYGr) {
   return {hPlot.X.From_Gr(fXGr), hPlot.Y.From_Gr(fYGr)};
+}
+
+GrPoint IPgNumbersToGrUnits(R8 dX, R8 dY) {
+  return {hPlot.X.To_Gr(dX - hPlot.X.dOrigin), hPlot.Y.To_Gr(dY - hPlot.Y.dOrigin)};
+}
+
+AxisNumbers IPgNumbersFromGrUnits(R4 fXGr, R4 fYGr) {
+  return {hPlot.X.dOrigin + R8{hPlot.X.From_Gr(fXGr)}, hPlot.Y.dOrigin + R8{hPlot.Y.From_Gr(fYGr)}};
 }
 
 R4 InfoPgReal(I4 iSelect) {

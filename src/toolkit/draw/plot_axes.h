@@ -24,6 +24,10 @@ enum class Scaling : I4 { Linear, Logarithmic };
 /// The plot's part of the graphics area, as fractions of it from its lower left corner.
 void IPgArea(R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax);
 void IPgScaling(Scaling iX, Scaling iY);
+/// In the place of IPgScaling: two linear axes of map coordinates, easting and northing. Plot units count from an
+/// origin, so that 32 bits hold every metre of a map far from the equator; the numbers along the axes are the
+/// coordinates themselves, in full.
+void IPgCoordinates(R8 dX0, R8 dY0);
 /// The range in plot units; call after IPgScaling.
 void IPgUnits(R4 fXMin, R4 fYMin, R4 fXMax, R4 fYMax);
 
@@ -44,6 +48,11 @@ void IPgYLabelLeft(std::string_view sLabel, R4 fPlace);
 /// ticks outward, I ticks inward, N numbers.
 void IPgXScale(std::string_view sStyle);
 void IPgYScaleLeft(std::string_view sStyle);
+/// The same ticks along the opposite edge, without numbers.
+void IPgXScaleTop(std::string_view sStyle);
+void IPgYScaleRight(std::string_view sStyle);
+/// Width in graphics units of the widest number that the Y axis has, with the font in force.
+[[nodiscard]] R4 IPgYScaleWidth();
 /// Ticks of the Y axis on the left at positions given by the caller, with their texts. The letter I draws the ticks
 /// inward, T outward. A text that would collide with the one before it is left out; its tick stays.
 void IPgYUserScale(std::span<const R4> fYTick, std::span<const std::string> sYTick, std::string_view sStyle);
@@ -57,6 +66,13 @@ void IPgDisc(R4 fX, R4 fY, R4 fPixels);
 /// Between plot units and graphics units. On a logarithmic axis a value at or below 0 gives not-a-number.
 [[nodiscard]] GrPoint IPgUnitsToGrUnits(R4 fXPg, R4 fYPg);
 [[nodiscard]] GrPoint IPgUnitsFromGrUnits(R4 fXGr, R4 fYGr);
+
+/// A place by the numbers that the axes show: plot units, or coordinates where the axes have them.
+struct AxisNumbers {
+  R8 dX = 0.0, dY = 0.0;
+};
+[[nodiscard]] GrPoint IPgNumbersToGrUnits(R8 dX, R8 dY);
+[[nodiscard]] AxisNumbers IPgNumbersFromGrUnits(R4 fXGr, R4 fYGr);
 
 // Selectors of InfoPgReal.
 inline constexpr I4 iPlotXMin = 5;

@@ -42,6 +42,11 @@ void Use_Drawing_Area(QWidget* hArea);
 QImage& Backing_Image();
 void Resize_Backing_Image();
 void Drop_Backing_Image();
+/// Another widget takes the place of the drawing area until Leave_Child_Area: with its own image, state and font. The
+/// image below it keeps what is drawn.
+void Enter_Child_Area(QWidget* hArea);
+void Leave_Child_Area();
+const QImage& Image_Below();
 /// A position in the drawing area: pixels from its upper left corner to the graphics units in force, and back.
 QPointF Pixels_to_Units(QPointF hPixel);
 QPointF Units_to_Pixels(QPointF hUnit);
@@ -82,6 +87,20 @@ class BackEnd {
 /// Paints into an image of format RGB32 (painter.cpp). The image may be replaced by another, but must not go before
 /// the back end. dPixel: width in pixels of the picture of the lines that are drawn on pixel centres.
 std::unique_ptr<BackEnd> New_Painter(QImage& hImage, R8 dPixel);
+
+/// A page that ends up as a file of its own (page_file.cpp).
+class PageFile : public BackEnd {
+ public:
+  /// Ends the page: the whole file, blank when it could not be made.
+  virtual std::string Bytes() = 0;
+};
+struct PageSize {
+  QSizeF hUnits;  // of the picture
+  I4 NUnitsAnInch;
+  std::string sTitle;  // of the document
+};
+std::unique_ptr<PageFile> New_Svg_Page(const PageSize& hSize);
+std::unique_ptr<PageFile> New_Pdf_Page(const PageSize& hSize);
 
 /// Records of a placeable metafile (metafile.cpp): the coordinates of the picture are those of the file.
 class Metafile : public BackEnd {
@@ -147,6 +166,7 @@ struct Canvas {
   R8 dPixel = 1.0;              // pixels of the picture that make a pixel of line width
   R8 dMinEm = 1.0;              // the smallest letters, in pixels of the picture
   bool bScreen = false;
+  R8 dFoot = 0.0;  // pixels at the lower edge that lie below the drawing area
 };
 /// Lets all drawing go into another picture until Leave_Picture, which gives the screen and its graphics state back.
 void Enter_Picture(const Canvas& hPicture);

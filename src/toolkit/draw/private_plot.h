@@ -25,6 +25,8 @@ struct Axis {
   static constexpr R8 dFarthest = 1.0E37;  // graphics units: what lies beyond is held to it
 
   Scaling iScaling = Scaling::Linear;
+  bool bCoordinates = false;             // its numbers are map coordinates, written in full
+  R8 dOrigin = 0.0;                      // number at plot unit 0
   R4 fAreaLow = 0.0f, fAreaHigh = 1.0f;  // part of the graphics area
   PlotRange hRange;                      // plot units
   R4 fGrLow = 0.0f, fGrHigh = 1.0f;      // graphics units of the ends of the range

@@ -1,5 +1,7 @@
 // The backing image of the drawing area, and the change to another picture and back.
 #include <QPainter>
+#include <optional>
+#include <utility>
 
 #include "toolkit/draw/hardcopy.h"
 #include "toolkit/draw/private_state.h"
@@ -9,6 +11,10 @@ namespace quillan {
 using namespace toolkit;
 
 namespace {
+
+// The drawing of the main window while a child window has its place. Enter_Child_Area fills it, Leave_Child_Area
+// empties it. Its painter is at work in hDraw alone, where its image then is again.
+std::optional<Drawing> hBelow;
 
 void Use_Canvas(const Canvas& hCanvas) {
   hDraw.hCanvas = hCanvas;
@@ -61,7 +67,26 @@ void toolkit::Resize_Backing_Image() {
 void toolkit::Drop_Backing_Image() {
   IGrHardCopyDrop();
   Clear_Overlay();
+  hBelow.reset();
   hDraw = {};
+}
+
+void toolkit::Enter_Child_Area(QWidget* hArea) {
+  IGrFlush();
+  hBelow = std::move(hDraw);
+  hDraw = {};
+  Use_Drawing_Area(hArea);
+}
+
+void toolkit::Leave_Child_Area() {
+  if (!hBelow) return;
+  hDraw = std::move(*hBelow);
+  hBelow.reset();
+  if (hDraw.hScreen) Resize_Backing_Image();
+}
+
+const QImage& toolkit::Image_Below() {
+  return hBelow ? hBelow->hImage : hDraw.hImage;
 }
 
 QPointF toolkit::Pixels_to_Units(QPointF hPixel) {

@@ -35,15 +35,15 @@ Field* Field_Meant(const std::string& sWord, const std::string& sKind, bool (*bF
 
 /// The control that the first argument names, if it is of that kind and can be used; else null and the reason.
 template <class Control>
-Control* Usable(Arguments sArgument, const char* sKind, std::string& sReason) {
+Control* Usable(Arguments sArgument, const char* sKind, std::string& sReason, bool (*bFits)(QWidget*) = Is_a<Control>) {
   const std::string sName = std::string(sKind) + ' ' + sArgument[0];
-  const Field* hField = Field_Meant(sArgument[0], sKind, Is_a<Control>, sReason);
-  auto* hControl = hField ? qobject_cast<Control*>(hField->hWidget) : nullptr;
-  if (hField && !hControl)
+  const Field* hField = Field_Meant(sArgument[0], sKind, bFits, sReason);
+  if (!hField) return nullptr;
+  if (!bFits(hField->hWidget))
     sReason = "the dialog has no " + sName;
-  else if (hControl && !hControl->isEnabled())
+  else if (!hField->hWidget->isEnabled())
     sReason = sName + " is greyed";
-  return sReason.empty() ? hControl : nullptr;
+  return sReason.empty() ? qobject_cast<Control*>(hField->hWidget) : nullptr;
 }
 
 void Press_Key(QWidget* hWidget, int iKey, const QString& sText) {
@@ -82,6 +82,15 @@ std::string Switch(Arguments sArgument, const char* sKind, bool bOn) {
   if (!hButton) return sReason;
   Take_Focus(hButton);
   if (hButton->isChecked() != bOn) hButton->click();
+  return "";
+}
+
+std::string Choose_Row(QTableWidget* hGrid, const std::string& sRow) {
+  const auto [iRow, sReason] = Number_Meant(sRow, Named_Rows(*hGrid), "the table has no", "row");
+  if (!sReason.empty()) return sReason;
+  if (iRow < 1 || iRow > hGrid->rowCount()) return "the table has " + std::to_string(hGrid->rowCount()) + " rows";
+  Take_Focus(hGrid);
+  hGrid->setCurrentCell(iRow - 1, 0);
   return "";
 }
 
@@ -184,8 +193,10 @@ std::string Play_Radio(Arguments sArgument) {
 
 std::string Play_Choose(Arguments sArgument) {
   std::string sReason;
-  auto* hDropDown = Usable<QComboBox>(sArgument, "drop-down", sReason);
-  return hDropDown ? Choose_Entry(hDropDown, sArgument[1]) : sReason;
+  auto* hList = Usable<QWidget>(sArgument, "drop-down or list", sReason, Is_Chosen_From);
+  if (!hList) return sReason;
+  if (auto* hGrid = qobject_cast<QTableWidget*>(hList)) return Choose_Row(hGrid, sArgument[1]);
+  return Choose_Entry(qobject_cast<QComboBox*>(hList), sArgument[1]);
 }
 
 std::string Play_Slide(Arguments sArgument) {

@@ -92,13 +92,13 @@ QWidget* Key_Target() {
 /// Ctrl+S and the like choose their entry, Alt and a marked letter choose or open theirs, as the window system does
 /// before a key reaches the focus.
 bool Takes_Shortcut(const KeyStroke& hKey) {
-  if (!Main_Window() || Waits_First() || !hKey.iModifiers) return false;
+  if (!Main_Window() || Child_Window() || Waits_First() || !hKey.iModifiers) return false;
   const QKeySequence hSequence(QKeyCombination(hKey.iModifiers, static_cast<Qt::Key>(hKey.iKey)));
   QMenuBar* hBar = Main_Window()->menuBar();
   const auto hEntries = hBar->findChildren<QAction*>();
   for (QAction* hEntry : hEntries) {
     const bool bMarked = hBar->actions().contains(hEntry) && QKeySequence::mnemonic(hEntry->text()) == hSequence;
-    if (!hEntry->isEnabled() || (hEntry->shortcut() != hSequence && !bMarked)) continue;
+    if (!hEntry->isEnabled() || (!hEntry->shortcuts().contains(hSequence) && !bMarked)) continue;
     if (hEntry->menu())
       hBar->setActiveAction(hEntry);
     else
@@ -157,13 +157,31 @@ constexpr ButtonName hButtonName[] = {
     {"forward", Qt::ForwardButton}
 };
 
-/// The button that argument iArgument names; left without one; none for a word that names none.
-Qt::MouseButton Button(Arguments sArgument, std::size_t iArgument) {
-  if (sArgument.size() <= iArgument) return Qt::LeftButton;
-  for (const auto& hRow : hButtonName) {
-    if (sArgument[iArgument] == hRow.sName) return hRow.iButton;
+/// The words after the places of a mouse step.
+struct Hand {
+  Qt::MouseButton iButton = Qt::LeftButton;
+  Qt::KeyboardModifiers iHeld;  // keys
+};
+
+/// The row of a name; null where there is none.
+const auto* Row_of(const auto& hTable, std::string_view sName) {
+  const auto* hFound = std::ranges::find_if(hTable, [&](const auto& h) { return h.sName == sName; });
+  return hFound == std::end(hTable) ? nullptr : hFound;
+}
+
+/// Buttons and keys in any order; a word that names neither leaves no button.
+Hand Hand_of(Arguments sWord) {
+  Hand h;
+  for (const std::string& s : sWord) {
+    const auto* hButton = Row_of(hButtonName, s);
+    const auto* hKey = Row_of(hModifierName, s + "+");
+    if (hKey)
+      h.iHeld |= hKey->iModifier;
+    else
+      h.iButton = hButton ? hButton->iButton : Qt::NoButton;
+    if (h.iButton == Qt::NoButton) break;
   }
-  return Qt::NoButton;
+  return h;
 }
 
 QPointF Pixel(const std::string& sX, const std::string& sY) {
@@ -174,17 +192,23 @@ bool Is_in_Area(QPointF hPixel) {
   return QRectF(Drawing_Area()->rect()).contains(hPixel);
 }
 
-void Send_Mouse(QEvent::Type iType, QPointF hPixel, Qt::MouseButton iButton, Qt::MouseButtons iHeld) {
-  QMouseEvent hEvent(iType, hPixel, Drawing_Area()->mapToGlobal(hPixel), iButton, iHeld, Qt::NoModifier);
+struct MouseAct {
+  QEvent::Type iType;
+  Qt::MouseButton iButton;    // that acts
+  Qt::MouseButtons iPressed;  // that are down
+};
+
+void Send_Mouse(const MouseAct& h, QPointF hPixel, Qt::KeyboardModifiers iHeld) {
+  QMouseEvent hEvent(h.iType, hPixel, Drawing_Area()->mapToGlobal(hPixel), h.iButton, h.iPressed, iHeld);
   QCoreApplication::sendEvent(Drawing_Area(), &hEvent);
 }
 
-std::string Click_at(QPointF hPixel, Qt::MouseButton iButton) {
-  if (iButton == Qt::NoButton) return "the button is left, right, middle, back or forward";
+std::string Click_at(QPointF hPixel, const Hand& h) {
+  if (h.iButton == Qt::NoButton) return "the button is left, right, middle, back or forward";
   if (!Is_in_Area(hPixel)) return "the position lies outside the drawing area";
-  Send_Mouse(QEvent::MouseMove, hPixel, Qt::NoButton, Qt::NoButton);
-  Send_Mouse(QEvent::MouseButtonPress, hPixel, iButton, iButton);
-  Send_Mouse(QEvent::MouseButtonRelease, hPixel, iButton, Qt::NoButton);
+  Send_Mouse({QEvent::MouseMove, Qt::NoButton, Qt::NoButton}, hPixel, h.iHeld);
+  Send_Mouse({QEvent::MouseButtonPress, h.iButton, h.iButton}, hPixel, h.iHeld);
+  Send_Mouse({QEvent::MouseButtonRelease, h.iButton, Qt::NoButton}, hPixel, h.iHeld);
   return "";
 }
 
@@ -195,6 +219,14 @@ std::string_view Button_Name(Qt::MouseButton iButton) {
   return hRow == std::end(hButtonName) ? "" : hRow->sName;
 }
 
+std::string Hand_Words(const QMouseEvent& hPress) {
+  const bool bPlain = hPress.button() == Qt::LeftButton;
+  std::string sWords = bPlain ? "" : ' ' + std::string(Button_Name(hPress.button()));
+  if (hPress.modifiers() & Qt::ShiftModifier) sWords += " Shift";
+  if (hPress.modifiers() & Qt::ControlModifier) sWords += " Ctrl";
+  return sWords;
+}
+
 QPointF Step_Pixel(QPointF hUnit) {
   constexpr R8 dWhole = 1.0E-3;  // pixels
   const auto Snapped = [](R8 d) { return std::abs(d - std::round(d)) < dWhole ? std::round(d) : d; };
@@ -203,30 +235,49 @@ QPointF Step_Pixel(QPointF hUnit) {
 }
 
 std::string Play_Click(Arguments sArgument) {
-  return Click_at(Pixel(sArgument[0], sArgument[1]), Button(sArgument, 2));
+  return Click_at(Pixel(sArgument[0], sArgument[1]), Hand_of(sArgument.subspan(2)));
 }
 
 std::string Play_Drag(Arguments sArgument) {
   const QPointF hFrom = Pixel(sArgument[0], sArgument[1]);
   const QPointF hTo = Pixel(sArgument[2], sArgument[3]);
-  const Qt::MouseButton iButton = Button(sArgument, 4);
-  if (iButton != Qt::LeftButton && iButton != Qt::RightButton) return "the button is left or right";
+  const Hand h = Hand_of(sArgument.subspan(4));
+  if (h.iButton != Qt::LeftButton && h.iButton != Qt::RightButton) return "the button is left or right";
   if (!Is_in_Area(hFrom) || !Is_in_Area(hTo)) return "the position lies outside the drawing area";
-  Send_Mouse(QEvent::MouseMove, hFrom, Qt::NoButton, Qt::NoButton);
-  Send_Mouse(QEvent::MouseButtonPress, hFrom, iButton, iButton);
+  Send_Mouse({QEvent::MouseMove, Qt::NoButton, Qt::NoButton}, hFrom, h.iHeld);
+  Send_Mouse({QEvent::MouseButtonPress, h.iButton, h.iButton}, hFrom, h.iHeld);
   for (int I = 1; I <= NDragMoves; ++I) {
-    Send_Mouse(QEvent::MouseMove, hFrom + (hTo - hFrom) * I / NDragMoves, Qt::NoButton, iButton);
+    Send_Mouse({QEvent::MouseMove, Qt::NoButton, h.iButton}, hFrom + (hTo - hFrom) * I / NDragMoves, h.iHeld);
   }
-  Send_Mouse(QEvent::MouseButtonRelease, hTo, iButton, Qt::NoButton);
+  Send_Mouse({QEvent::MouseButtonRelease, h.iButton, Qt::NoButton}, hTo, h.iHeld);
   return "";
 }
 
+namespace {
+
+constexpr std::string_view sNoAxes = "there are no plot axes";
+
+/// The pixel of the numbers that the axes show.
+QPointF Plot_Pixel(Arguments sArgument) {
+  const GrPoint h = IPgNumbersToGrUnits(Number(sArgument[0]), Number(sArgument[1]));
+  return Step_Pixel(QPointF(R8{h.fX}, R8{h.fY}));
+}
+
+}  // namespace
+
 std::string Play_Point(Arguments sArgument) {
-  if (!IPg_Is_Plotting()) return "there are no plot axes";
-  const Qt::MouseButton iButton = Button(sArgument, 2);
-  if (iButton != Qt::LeftButton && iButton != Qt::RightButton) return "the button is left or right";
-  const GrPoint h = IPgUnitsToGrUnits(static_cast<R4>(Number(sArgument[0])), static_cast<R4>(Number(sArgument[1])));
-  return Click_at(Step_Pixel(QPointF(R8{h.fX}, R8{h.fY})), iButton);
+  if (!IPg_Is_Plotting()) return std::string(sNoAxes);
+  const Hand hHand = Hand_of(sArgument.subspan(2));
+  if (hHand.iButton != Qt::LeftButton && hHand.iButton != Qt::RightButton) return "the button is left or right";
+  return Click_at(Plot_Pixel(sArgument), hHand);
+}
+
+std::string Play_Hover(Arguments sArgument) {
+  if (!IPg_Is_Plotting()) return std::string(sNoAxes);
+  const QPointF hPixel = Plot_Pixel(sArgument);
+  if (!Is_in_Area(hPixel)) return "the position lies outside the drawing area";
+  Send_Mouse({QEvent::MouseMove, Qt::NoButton, Qt::NoButton}, hPixel, Qt::NoModifier);
+  return "";
 }
 
 std::string Play_Wheel(Arguments sArgument) {

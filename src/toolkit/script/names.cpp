@@ -113,15 +113,21 @@ bool Is_Line(QWidget* hWidget) {
   return Line_Edit(hWidget) != nullptr;
 }
 
+bool Is_Chosen_From(QWidget* hWidget) {
+  const auto* hGrid = qobject_cast<QTableWidget*>(hWidget);
+  return Is_a<QComboBox>(hWidget) || (hGrid && hGrid->selectionBehavior() == QAbstractItemView::SelectRows);
+}
+
 std::vector<Named> Named_Commands() {
   std::vector<Named> hNamed;
   for (const QAction* hEntry : Menu_Entries()) {
     const I4 iCommand = hEntry->data().toInt();
+    const QString sName = hEntry->property("stepName").toString();
     const auto hKnown = std::ranges::find(hNamed, iCommand, &Named::iNumber);
     if (hKnown == hNamed.end())
-      hNamed.push_back({iCommand, {hEntry->text()}});
+      hNamed.push_back({iCommand, {sName}});
     else
-      hKnown->sName << hEntry->text();  // a command may stand in the bar twice
+      hKnown->sName << sName;  // a command may stand in the bar twice
   }
   return hNamed;
 }

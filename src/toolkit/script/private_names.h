@@ -44,6 +44,8 @@ bool Is_a(QWidget* hWidget) {
 }
 /// A field that text or a number is typed into.
 bool Is_Line(QWidget* hWidget);
+/// A drop-down, or a table whose rows are chosen as a whole.
+bool Is_Chosen_From(QWidget* hWidget);
 
 /// What the screen offers: the commands of the menu bar on show; the controls of the current dialog that bFits accepts;
 /// from 1, the entries of a drop-down, the rows and the columns of a table.

@@ -13,6 +13,7 @@
 
 class QKeyEvent;
 class QMessageBox;
+class QMouseEvent;
 
 namespace quillan::toolkit {
 
@@ -53,13 +54,16 @@ using Arguments = std::span<const std::string>;
 /// What Play_Key and the steps of the mouse call a key and a button; blank for what has no name.
 std::string Key_Name(const QKeyEvent& hKey);
 std::string_view Button_Name(Qt::MouseButton iButton);
+/// The words after the places of a mouse step, each with a blank before it: the button but for the left one, and the
+/// keys that were held as it went down.
+std::string Hand_Words(const QMouseEvent& hPress);
 /// The pixel that a step in graphics units means: a whole one, as mice report them, where its decimals come so near.
 QPointF Step_Pixel(QPointF hUnit);
 /// The way back (recorded_place.cpp): a pixel of the drawing area in graphics units, held to the area, with as many
 /// digits as it takes to meet it again; a click as a step, `point` where there is a plot, else, and where a corner of a
 /// box is set, `click`.
 std::string Place_Words(QPointF hPixel);
-std::string Click_Words(QPointF hPixel, Qt::MouseButton iButton);
+std::string Click_Words(const QMouseEvent& hPress);
 /// How Play_Answer gives the answer that was given to a box.
 std::string Answer_Words(const QMessageBox& hBox);
 
@@ -69,6 +73,7 @@ std::string Play_Key(Arguments sArgument);
 std::string Play_Click(Arguments sArgument);
 std::string Play_Drag(Arguments sArgument);
 std::string Play_Point(Arguments sArgument);
+std::string Play_Hover(Arguments sArgument);
 std::string Play_Wheel(Arguments sArgument);
 
 // The current dialog, boxes and the file dialog (dialog_steps.cpp).

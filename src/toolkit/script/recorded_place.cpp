@@ -1,4 +1,5 @@
 // Places in the drawing area as the words of a step.
+#include <QMouseEvent>
 #include <QWidget>
 #include <algorithm>
 #include <array>
@@ -42,13 +43,13 @@ GrPoint After_Step(R8 dX, R8 dY) {
   return As_Reported(Step_Pixel(QPointF(dX, dY)));
 }
 
-/// A place in plot units.
-std::string Point_Words(GrPoint hUnit, GrPoint hPlot) {
+/// A place by the numbers of the axes.
+std::string Point_Words(GrPoint hUnit, AxisNumbers hPlot) {
   const auto After_Point = [](R8 dX, R8 dY) {
-    const GrPoint h = IPgUnitsToGrUnits(static_cast<R4>(dX), static_cast<R4>(dY));
+    const GrPoint h = IPgNumbersToGrUnits(dX, dY);
     return After_Step(R8{h.fX}, R8{h.fY});
   };
-  const R8 dX0 = R8{hPlot.fX}, dY0 = R8{hPlot.fY};
+  const R8 dX0 = hPlot.dX, dY0 = hPlot.dY;
   const std::string sX = Shortest(dX0, hUnit.fX, [&](R8 dX) { return After_Point(dX, dY0).fX; });
   return sX + ' ' + Shortest(dY0, hUnit.fY, [&](R8 dY) { return After_Point(dX0, dY).fY; });
 }
@@ -70,14 +71,14 @@ std::string Place_Words(QPointF hPixel) {
   return sX + ' ' + Shortest(dY0, hUnit.fY, [&](R8 dY) { return After_Step(dX0, dY).fY; });
 }
 
-std::string Click_Words(QPointF hPixel, Qt::MouseButton iButton) {
-  const std::string sButton = iButton == Qt::LeftButton ? "" : " " + std::string(Button_Name(iButton));
-  const bool bPoints = (iButton == Qt::LeftButton || iButton == Qt::RightButton) && IPg_Is_Plotting();
-  const GrPoint hUnit = As_Reported(hPixel);
-  const GrPoint hPlot = bPoints ? IPgUnitsFromGrUnits(hUnit.fX, hUnit.fY) : GrPoint{};
-  const bool bHasPlace = std::isfinite(hPlot.fX) && std::isfinite(hPlot.fY);
-  if (bPoints && bHasPlace && !Sets_Corner()) return "point " + Point_Words(hUnit, hPlot) + sButton;
-  return "click " + Place_Words(hPixel) + sButton;
+std::string Click_Words(const QMouseEvent& hPress) {
+  const bool bPoints = (hPress.button() == Qt::LeftButton || hPress.button() == Qt::RightButton) && IPg_Is_Plotting();
+  const GrPoint hUnit = As_Reported(hPress.position());
+  const AxisNumbers hPlot = bPoints ? IPgNumbersFromGrUnits(hUnit.fX, hUnit.fY) : AxisNumbers{};
+  const bool bHasPlace = std::isfinite(hPlot.dX) && std::isfinite(hPlot.dY);
+  const bool bPoint = bPoints && bHasPlace && !Sets_Corner();
+  return (bPoint ? "point " + Point_Words(hUnit, hPlot) : "click " + Place_Words(hPress.position())) +
+         Hand_Words(hPress);
 }
 
 }  // namespace quillan::toolkit

@@ -4,8 +4,10 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
@@ -35,6 +37,7 @@ struct HeldButton {
   Qt::MouseButton iButton = Qt::NoButton;  // none: all buttons are up
   QPointF hPixel;
   std::string sPlace;              // where the drag would begin
+  std::string sHand;               // its words after the places
   std::vector<std::string> sStep;  // the click, and keys after it
 };
 
@@ -42,7 +45,9 @@ struct HeldButton {
 struct Recorder {
   std::vector<std::string> sStep;
   std::ofstream out;  // closed: no record is being written
-  QSize hWindow;      // as the steps so far leave it
+  QSize hWindow;      // of the main window, as the steps so far leave it
+  QPointer<QMainWindow> hChild;
+  QSize hChildSize;  // the same of that child window
   HeldButton hHeld;
   std::string sSlide;     // a trackbar on its way: only where the program sees it is a step
   bool bInField = false;  // a script that has come here would have the keyboard in a field of a tool window
@@ -63,11 +68,19 @@ void Add_Line(const std::string& sLine) {
   Write_Line(sLine);
 }
 
+/// The size of the window that the user works in, as the steps so far leave it.
+QSize& Known_Size() {
+  if (!Child_Window()) return hRecorder.hWindow;
+  if (hRecorder.hChild != Child_Window()) hRecorder.hChildSize = {};
+  hRecorder.hChild = Child_Window();
+  return hRecorder.hChildSize;
+}
+
 void Add_Step(const std::string& sStep) {
-  const QSize hWindow = Main_Window() ? Main_Window()->size() : hRecorder.hWindow;
-  if (hWindow != hRecorder.hWindow)
-    Add_Line("resize " + std::to_string(hWindow.width()) + ' ' + std::to_string(hWindow.height()));
-  hRecorder.hWindow = hWindow;
+  QSize& hKnown = Known_Size();
+  const QSize hWindow = Active_Window() ? Active_Window()->size() : hKnown;
+  if (hWindow != hKnown) Add_Line("resize " + std::to_string(hWindow.width()) + ' ' + std::to_string(hWindow.height()));
+  hKnown = hWindow;
   Add_Line(sStep);
 }
 
@@ -123,7 +136,7 @@ void On_Press(const QMouseEvent& hPress) {
   End_Held();
   hRecorder.bInField = false;
   const QPointF hPixel = hPress.position();
-  hRecorder.hHeld = {hPress.button(), hPixel, Place_Words(hPixel), {Click_Words(hPixel, hPress.button())}};
+  hRecorder.hHeld = {hPress.button(), hPixel, Place_Words(hPixel), Hand_Words(hPress), {Click_Words(hPress)}};
 }
 
 void On_Release(const QMouseEvent& hRelease) {
@@ -131,8 +144,7 @@ void On_Release(const QMouseEvent& hRelease) {
   if (hHeld.iButton == Qt::NoButton || hHeld.iButton != hRelease.button()) return;
   const bool bDrags = hHeld.iButton == Qt::LeftButton || hHeld.iButton == Qt::RightButton;
   if (bDrags && hHeld.sStep.size() == 1 && hRelease.position() != hHeld.hPixel)
-    hHeld.sStep = {"drag " + hHeld.sPlace + ' ' + Place_Words(hRelease.position()) +
-                   (hHeld.iButton == Qt::RightButton ? " right" : "")};
+    hHeld.sStep = {"drag " + hHeld.sPlace + ' ' + Place_Words(hRelease.position()) + hHeld.sHand};
   End_Held();
 }
 
@@ -206,7 +218,7 @@ void On_Edit(const Field& hField) {
   } else if (Is_a<QRadioButton>(hField.hWidget)) {
     if (sValue == "on") Take_Down("radio " + Control_Word(hField.iField, Is_a<QRadioButton>));
   } else if (const auto* hDropDown = qobject_cast<const QComboBox*>(hField.hWidget)) {
-    Take_Down_at_Plot("choose " + Control_Word(hField.iField, Is_a<QComboBox>) + ' ' + Entry_Word(*hDropDown));
+    Take_Down_at_Plot("choose " + Control_Word(hField.iField, Is_Chosen_From) + ' ' + Entry_Word(*hDropDown));
   } else if (Is_a<QSlider>(hField.hWidget)) {
     Move_Trackbar("slide " + Control_Word(hField.iField, Is_a<QSlider>) + ' ', sValue);
   }
@@ -226,13 +238,18 @@ void On_Cell(const QTableWidget& hGrid, I4 iRow, I4 iColumn) {
                     Cell_Value(hGrid, iRow, iColumn));
 }
 
+void On_Row(const QTableWidget& hGrid, I4 iRow) {
+  Take_Down_at_Plot("choose " + Control_Word(hGrid.objectName().mid(1).toInt(), Is_Chosen_From) + ' ' +
+                    Script_Word(Word_for(iRow, Named_Rows(hGrid))));
+}
+
 }  // namespace
 
 void Record_Listen() {
   hRecorder = {};
   hWindowListener = {On_Menu,  On_Key,   On_Press, On_Release, On_Box_Given_Up,
                      On_Taken, On_Close, On_Drop,  On_Answer,  On_File};
-  hDialogListener = {On_Button, On_Edit, On_Cell};
+  hDialogListener = {On_Button, On_Edit, On_Cell, On_Row};
 }
 
 bool Record_Would_Destroy(std::string_view sPath) {

@@ -27,9 +27,11 @@ QStringList Shown_Texts() {
   if (Open_Box()) sShown << Open_Box()->text() << Open_Box()->windowTitle();
   if (Open_File_Dialog()) sShown << Open_File_Dialog()->windowTitle();
   if (Current_Dialog()) sShown << Current_Dialog()->windowTitle();
-  if (Main_Window()) sShown << Main_Window()->windowTitle();
-  if (const auto* hBar = Main_Window() ? Main_Window()->findChild<QStatusBar*>() : nullptr) {
-    for (const QLabel* hPart : hBar->findChildren<QLabel*>()) sShown << hPart->text();
+  if (const QMainWindow* hWindow = Active_Window()) {
+    sShown << hWindow->windowTitle().replace("[*]", hWindow->isWindowModified() ? "*" : "");
+    const auto* hBar = hWindow->findChild<QStatusBar*>(QString(), Qt::FindDirectChildrenOnly);
+    const auto hParts = hBar ? hBar->findChildren<QLabel*>() : QList<QLabel*>();
+    for (const QLabel* hPart : hParts) sShown << hPart->text();
   }
   for (QString& sText : sShown) sText = As_Read(sText);
   return sShown;
@@ -47,13 +49,13 @@ std::string Play_Expect(Arguments sArgument) {
 }
 
 std::string Play_Close(Arguments) {
-  Main_Window()->close();
+  Active_Window()->close();
   return "";
 }
 
 std::string Play_Resize(Arguments sArgument) {
-  if (!Main_Window()) return "no window is open";
-  Main_Window()->resize(Whole(sArgument[0]), Whole(sArgument[1]));
+  if (!Active_Window()) return "no window is open";
+  Active_Window()->resize(Whole(sArgument[0]), Whole(sArgument[1]));
   return "";
 }
 

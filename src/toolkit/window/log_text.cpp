@@ -59,7 +59,12 @@ namespace {
 constexpr R4 fTenPoints = 0.3528f;       // cm, height of a letter
 constexpr R4 fDigitWidth = 5.0f / 9.0f;  // of the height: letters keep their shape in a window of any shape
 
-QSize hLaidOut;  // of the image that the text was last laid out for. LogText_Update fills it
+// What the drawing area shows while the main menu is there. LogText_Update and LogText_Show_Picture fill it.
+struct OnShow {
+  QSize hLaidOut;               // of the image, when it was last drawn
+  void (*Draw_Picture)() = {};  // null: the lines
+};
+OnShow hOnShow;
 
 /// Units of the drawing area: centimetres of a screen of the assumed width.
 struct TextArea {
@@ -93,12 +98,13 @@ void Draw_Text(const TextArea& hArea) {
 }  // namespace
 
 void LogText_Update() {
+  if (toolkit::Child_Window()) return;  // a later line shows these too
   if (WInfoWindow(iWindowDrawable) == 0 || WInfoWindow(iWindowWidth) <= 0 || WInfoWindow(iWindowHeight) <= 0) return;
   if (WInfoScreen(iScreenWidth) <= 0) return;
   const R4 fXMin = InfoGraphics(iUnitXMin), fYMin = InfoGraphics(iUnitYMin);
   const R4 fXMax = InfoGraphics(iUnitXMax), fYMax = InfoGraphics(iUnitYMax);
   const TextArea hArea = Text_Area();
-  hLaidOut = toolkit::Backing_Image().size();
+  hOnShow = {toolkit::Backing_Image().size()};
   IGrArea(0.0f, 0.0f, 1.0f, 1.0f);
   IGrUnits(0.0f, 0.0f, hArea.fXCMT, hArea.fYCMT);
   WindowClear();
@@ -106,10 +112,27 @@ void LogText_Update() {
   IGrUnits(fXMin, fYMin, fXMax, fYMax);  // the reviews use the whole area as well: only the units are theirs
 }
 
+void LogText_Show_Picture(void (*Draw)()) {
+  if (WInfoWindow(iWindowDrawable) == 0) return;
+  hOnShow = {toolkit::Backing_Image().size(), Draw};
+  Draw();
+}
+
+void LogText_Redraw() {
+  if (hOnShow.Draw_Picture)
+    LogText_Show_Picture(hOnShow.Draw_Picture);
+  else
+    LogText_Update();
+}
+
+void LogText_Renew_Picture() {
+  if (hOnShow.Draw_Picture) LogText_Redraw();
+}
+
 void LogText_Follow() {
-  if (hLaidOut.isEmpty() || !toolkit::Drawing_Area() || !toolkit::Main_Menu_Is_on_Show()) return;
-  if (toolkit::Backing_Image().size() == hLaidOut) return;
-  LogText_Update();
+  if (hOnShow.hLaidOut.isEmpty() || !toolkit::Drawing_Area() || !toolkit::Main_Menu_Is_on_Show()) return;
+  if (toolkit::Child_Window() || toolkit::Backing_Image().size() == hOnShow.hLaidOut) return;
+  LogText_Redraw();
   IGrFlush();
 }
 
@@ -122,7 +145,7 @@ I4 Message_Check() {
       case MessageType::MouseDown: return iFlag;
       case MessageType::Expose:
       case MessageType::Resize:
-        LogText_Update();
+        LogText_Redraw();
         iFlag = 1;
         break;
       case MessageType::Close: Stop_Program();

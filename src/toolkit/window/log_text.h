@@ -15,6 +15,13 @@ inline constexpr R4 fXCMScreen = 28.0f;  // cm, width of the screen that the siz
 
 /// Draws the screen text again: the newest lines that fit; a line too long for the window goes on in a second.
 void LogText_Update();
+/// Shows a picture in the place of the lines until the next line comes. Draw draws it, now and whenever the window has
+/// another size; where it cannot any more, it shows the lines by LogText_Update.
+void LogText_Show_Picture(void (*Draw)());
+/// Draws again what the area shows: the lines, or the picture.
+void LogText_Redraw();
+/// Draws the picture again if there is one: what it shows may have changed.
+void LogText_Renew_Picture();
 /// The same where the text is on show, laid out for another size of the window: the program waits for an answer, and no
 /// loop sees the change.
 void LogText_Follow();

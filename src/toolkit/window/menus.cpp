@@ -27,6 +27,13 @@ MenuBar hMenuBar;
 
 std::map<I4, std::vector<MenuRow>> hDefined;  // rows by menu
 
+// Entries whose text changes, by command. WMenuEntry fills it.
+struct LiveEntry {
+  QString sText;
+  bool bUsable;
+};
+std::map<I4, LiveEntry> hLive;
+
 QString Text_of(std::string_view sText) {
   return QString::fromLatin1(sText.data(), static_cast<qsizetype>(sText.size()));
 }
@@ -45,7 +52,9 @@ void Add_Entry(QWidget& hParent, const MenuRow& hRow) {
   auto* hEntry = new QAction(Text_of(hRow.sText), &hParent);
   hEntry->setData(hRow.iCommand);
   hEntry->setStatusTip(Text_of(hRow.sTip));
-  if (!hRow.sKeys.empty()) hEntry->setShortcut(QKeySequence(Text_of(hRow.sKeys)));
+  hEntry->setShortcuts(QKeySequence::listFromString(Text_of(hRow.sKeys)));
+  if (const auto h = hLive.find(hRow.iCommand); h != hLive.end()) hEntry->setText(h->second.sText);
+  hEntry->setProperty("stepName", Text_of(hRow.sText));  // a script calls it so, whatever it would do at the moment
   hParent.addAction(hEntry);
   Watch_Entry(hEntry, hRow.iCommand);
 }
@@ -64,7 +73,8 @@ void Add_Rows(QMenuBar& hBar, std::span<const MenuRow> hRows) {
 }
 
 bool Is_Enabled(I4 iCommand) {
-  return hMenuBar.bUsable && !hMenuBar.iGreyed.contains(iCommand) &&
+  const auto h = hLive.find(iCommand);
+  return hMenuBar.bUsable && !hMenuBar.iGreyed.contains(iCommand) && (h == hLive.end() || h->second.bUsable) &&
          std::ranges::none_of(hDefined[hMenuBar.iMenu],
                               [&](const MenuRow& hRow) { return hRow.iCommand == iCommand && !hRow.bThere; });
 }
@@ -112,6 +122,10 @@ bool toolkit::Main_Menu_Is_Ready() {
   return Main_Menu_Is_on_Show() && hMenuBar.bUsable;
 }
 
+bool toolkit::Menu_Bar_Is_Usable() {
+  return hMenuBar.bUsable;
+}
+
 void WMenuDefine(I4 iMenu, std::span<const MenuRow> hRow) {
   hDefined[iMenu].assign(hRow.begin(), hRow.end());
 }
@@ -146,6 +160,16 @@ void WMenuSetCheck(I4 iCommand, bool bOn) {
     h->setCheckable(true);
     h->setChecked(bOn);
   }
+}
+
+void WMenuEntry(I4 iCommand, std::string_view sText, bool bUsable) {
+  hLive[iCommand] = {To_QString(sText), bUsable};
+  for (QAction* hEntry : Menu_Entries(iCommand)) hEntry->setText(To_QString(sText));
+  if (Main_Window()) Grey_Entries(*Main_Window()->menuBar());
+}
+
+std::string As_Menu_Text(std::string_view sText) {
+  return To_Bytes(To_QString(sText).replace('&', "&&"));
 }
 
 void WMenuBarState(I4 iState) {

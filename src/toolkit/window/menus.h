@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "base/types.h"
@@ -22,7 +23,7 @@ struct MenuRow {
   I4 iCommand;             // 0: the head of a drop-down menu
   std::string_view sText;  // & marks the mnemonic
   std::string_view sTip;   // shown in the wide part of the status bar while the pointer is over the entry
-  std::string_view sKeys;  // standard keys, such as "Ctrl+O"; blank: none
+  std::string_view sKeys;  // standard keys, such as "Ctrl+O" or "Ctrl+Shift+Z; Ctrl+Y"; blank: none
   bool bThere = true;      // false: the program does not have the command yet, the entry stays grey
 };
 
@@ -37,6 +38,11 @@ void WMenuSetState(I4 iCommand, I4 iState);
 
 /// Gives every entry of a command in the bar on show a tick or takes it away.
 void WMenuSetCheck(I4 iCommand, bool bOn);
+/// Gives a command that says what it would do another text, in every bar from now on, and greys it there or not. A text
+/// that is not from the program is put in by As_Menu_Text.
+void WMenuEntry(I4 iCommand, std::string_view sText, bool bUsable);
+/// Any text as it stands, without a mnemonic.
+std::string As_Menu_Text(std::string_view sText);
 
 /// Greys the whole bar (0) or gives each entry its own state back (1): for dialogs that leave the window usable.
 void WMenuBarState(I4 iState);

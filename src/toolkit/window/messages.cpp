@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDropEvent>
 #include <QEventLoop>
 #include <QFile>
@@ -11,12 +12,16 @@
 #include <QMouseEvent>
 #include <QStatusTipEvent>
 #include <QThread>
+#include <QTimer>
 #include <QUrl>
 #include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
 #include <deque>
+#include <map>
+#include <memory>
 #include <new>
+#include <utility>
 
 #include "toolkit/draw/draw.h"
 #include "toolkit/window/log_text.h"
@@ -33,8 +38,9 @@ struct MessageQueue {
   std::deque<Message> hWaiting;  // oldest first
   bool bMoves = false;           // whether MouseMove messages are wanted
   bool bFields = false;          // whether Field messages are wanted
-  I4 iWheelAngle = 0;            // turned, less than a step, up is positive
-  std::string sDropped;          // path of the last file dropped
+  std::map<I4, std::unique_ptr<QTimer>> hTimer;
+  I4 iWheelAngle = 0;    // turned, less than a step, up is positive
+  std::string sDropped;  // path of the last file dropped
 };
 MessageQueue hQueue;
 
@@ -80,11 +86,19 @@ constexpr struct {
     {Qt::Key_Right,  iKeyRight},
 };
 
+/// Keys that act with Ctrl where there is no menu to take them; 0 for others.
+I4 Ctrl_Key(const QKeyEvent& hEvent) {
+  if (hEvent.key() == Qt::Key_Z) return hEvent.modifiers() & Qt::ShiftModifier ? iKeyRedo : iKeyUndo;
+  if (hEvent.modifiers() & Qt::ShiftModifier) return 0;
+  return hEvent.key() == Qt::Key_Y ? iKeyRedo : hEvent.key() == Qt::Key_E ? iKeyCtrlE : 0;
+}
+
 /// The character or the code of a key; 0 for keys that mean nothing to the program.
 I4 Key_Code(const QKeyEvent& hEvent) {
   for (const auto& hRow : hNamedKey) {
     if (hEvent.key() == hRow.iQtKey) return hRow.iKey;
   }
+  if ((hEvent.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier) return Ctrl_Key(hEvent);
   if (hEvent.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return 0;
   const auto hCharacter = hEvent.text().toUcs4();
   return hCharacter.isEmpty() || !QChar::isPrint(hCharacter[0]) ? 0 : static_cast<I4>(hCharacter[0]);
@@ -108,12 +122,15 @@ Message At_Pixel(MessageType iType, QPointF hPixel) {
   hMessage.Y = qFloor(hPixel.y());
   hMessage.GX = static_cast<R4>(hUnit.x());
   hMessage.GY = static_cast<R4>(hUnit.y());
+  hMessage.VALUE3 = Child_Window() ? iInChild : 0;
   return hMessage;
 }
 
 void On_Mouse(MessageType iType, const QMouseEvent& hEvent) {
   Message hMessage = At_Pixel(iType, hEvent.position());
   hMessage.VALUE1 = Button_Number(hEvent.button());
+  hMessage.bShift = hEvent.modifiers().testFlag(Qt::ShiftModifier);
+  hMessage.bCtrl = hEvent.modifiers().testFlag(Qt::ControlModifier);
   if (hMessage.VALUE1 == 0 && iType != MessageType::MouseMove) return;
   if (iType == MessageType::MouseDown) {
     hDialogs.Focus_Plot();
@@ -148,11 +165,6 @@ void Push_Wheel(Message hMessage, I4 NStep) {
   for (I4 I = 1; I <= std::abs(NStep); ++I) Push_Message(hMessage);
 }
 
-void On_Size(MessageType iType) {
-  Resize_Backing_Image();
-  Push_Message({.iType = iType, .WPIX = Drawing_Area()->width(), .HPIX = Drawing_Area()->height()});
-}
-
 /// The data file that is dragged over the window, blank for anything else or while the program could not open it.
 QString Dragged_File(const QDropEvent& hEvent) {
   if (!Main_Menu_Is_Ready() || hDialogs.Top_Dialog() || Open_Box() || Open_File_Dialog()) return {};
@@ -177,7 +189,8 @@ class AreaWatch : public QObject {
   using QObject::QObject;
 
  protected:
-  bool eventFilter(QObject*, QEvent* hEvent) override {
+  bool eventFilter(QObject* hWatched, QEvent* hEvent) override {
+    if (hWatched != Drawing_Area()) return false;  // a child window lies over it
     switch (hEvent->type()) {
       case QEvent::KeyPress: return Key_to_Plot(*static_cast<QKeyEvent*>(hEvent));
       case QEvent::MouseButtonPress:
@@ -187,8 +200,8 @@ class AreaWatch : public QObject {
       case QEvent::MouseButtonRelease: On_Mouse(MessageType::MouseUp, *static_cast<QMouseEvent*>(hEvent)); return true;
       case QEvent::MouseMove: On_Mouse(MessageType::MouseMove, *static_cast<QMouseEvent*>(hEvent)); return true;
       case QEvent::Wheel: Wheel_to_Plot(*static_cast<QWheelEvent*>(hEvent)); return true;
-      case QEvent::Resize: On_Size(MessageType::Resize); return false;
-      case QEvent::Show: On_Size(MessageType::Expose); return false;
+      case QEvent::Resize: Follow_Size(MessageType::Resize); return false;
+      case QEvent::Show: Follow_Size(MessageType::Expose); return false;
       default: return false;
     }
   }
@@ -199,12 +212,12 @@ class WindowWatch : public QObject {
   using QObject::QObject;
 
  protected:
-  bool eventFilter(QObject*, QEvent* hEvent) override {
+  bool eventFilter(QObject* hWatched, QEvent* hEvent) override {
     switch (hEvent->type()) {
       case QEvent::Close:
         hEvent->ignore();  // the program decides
         hWindowListener.Close();
-        Push_Message({.iType = MessageType::Close});
+        Push_Message({.iType = MessageType::Close, .VALUE3 = hWatched == Child_Window() ? iInChild : 0});
         return true;
       case QEvent::StatusTip: Show_Hint(static_cast<QStatusTipEvent*>(hEvent)->tip()); return true;
       case QEvent::DragEnter:
@@ -214,6 +227,17 @@ class WindowWatch : public QObject {
     }
   }
 };
+
+// What WAfter was given.
+struct Later {
+  void (*Carry_Out)() = nullptr;
+  QDeadlineTimer hWhen;
+};
+Later hLater;
+
+void Do_What_Is_Due() {
+  if (hLater.Carry_Out && hLater.hWhen.hasExpired()) std::exchange(hLater.Carry_Out, nullptr)();
+}
 
 constexpr int MSettle = 1000;        // rounds of events before a step is played in any case
 constexpr int NMsecOnScreen = 2000;  // for a window system to show the window
@@ -227,7 +251,7 @@ void Settle() {
 
 /// A window system shows a window in its own time, and only then do sizes and focus hold.
 void Await_Window() {
-  const QWindow* hWindow = Main_Window() ? Main_Window()->windowHandle() : nullptr;
+  const QWindow* hWindow = Active_Window() ? Active_Window()->windowHandle() : nullptr;
   for (int I = 0; hWindow && hWindow->isVisible() && !hWindow->isExposed() && I < NMsecOnScreen; ++I) {
     QCoreApplication::processEvents();
     QThread::msleep(1);
@@ -273,6 +297,7 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
   if (!QCoreApplication::instance()) return;
   if (Drawing_Area()) IGrFlush();
   Suspend_Busy(true);
+  Do_What_Is_Due();
   while (!bDone()) {
     if (hPlayStep) {
       Await_Window();
@@ -280,6 +305,7 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
     } else {
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
+    Do_What_Is_Due();
     if (!bDone()) {
       LogText_Follow();
       if (hPlayStep) hPlayStep();
@@ -296,6 +322,24 @@ void toolkit::Wait_Until(const std::function<bool()>& bDone) {
 
 void toolkit::Drop_Messages() {
   hQueue = {};
+}
+
+void toolkit::Drop_Child_Messages() {
+  std::erase_if(hQueue.hWaiting, [](const Message& h) {
+    switch (h.iType) {
+      case MessageType::Menu:
+      case MessageType::Button:
+      case MessageType::Field:
+      case MessageType::FileDropped: return false;
+      case MessageType::Close: return h.VALUE3 == iInChild;
+      default: return true;
+    }
+  });
+}
+
+void toolkit::Follow_Size(MessageType iType) {
+  Resize_Backing_Image();
+  Push_Message({.iType = iType, .WPIX = Drawing_Area()->width(), .HPIX = Drawing_Area()->height()});
 }
 
 void toolkit::Watch_Window(QMainWindow* hWindow, QWidget* hArea) {
@@ -321,9 +365,19 @@ Message WMessage() {
 }
 
 Message WMessagePeek() {
+  Do_What_Is_Due();
   if (Drawing_Area()) IGrFlush();
   if (QCoreApplication::instance()) QCoreApplication::processEvents();
   return Take_Message();
+}
+
+void WAfter(I4 NMsec, void (*Carry_Out)()) {
+  if (Carry_Out && hLater.Carry_Out) return;
+  hLater = {Carry_Out, QDeadlineTimer(NMsec)};
+  if (!Carry_Out || !QCoreApplication::instance()) return;
+  // The event alone wakes the wait up; the work is not done inside it. Ahead of its time it would wake it for nothing.
+  constexpr I4 NMsecLater = 5;
+  QTimer::singleShot(NMsec + NMsecLater, Qt::PreciseTimer, QCoreApplication::instance(), [] {});
 }
 
 void WMessagePutBack(const Message& hMessage) {
@@ -339,6 +393,19 @@ void WMessageEnable(MessageType iType, bool bOn) {
     case MessageType::Field: hQueue.bFields = bOn; break;
     default: Set_Error(iErrBadArgument);
   }
+}
+
+void WMessageTimer(I4 NMsec, I4 iTimer) {
+  hQueue.hTimer.erase(iTimer);
+  std::erase_if(hQueue.hWaiting,
+                [iTimer](const Message& h) { return h.iType == MessageType::Timer && h.VALUE1 == iTimer; });
+  if (NMsec <= 0) return;
+  if (!Main_Window()) return Set_Error(iErrNoWindow);
+  auto& hTimer = hQueue.hTimer[iTimer] = std::make_unique<QTimer>();
+  hTimer->setSingleShot(true);
+  QObject::connect(hTimer.get(), &QTimer::timeout,
+                   [iTimer] { Push_Message({.iType = MessageType::Timer, .VALUE1 = iTimer}); });
+  hTimer->start(NMsec);
 }
 
 std::string WDroppedFile() {

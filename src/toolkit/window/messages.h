@@ -18,12 +18,12 @@ enum class MessageType : I4 {
   Key = 1,           // VALUE1: the character or a key code below
   Menu = 2,          // VALUE1: the command
   Button = 3,        // VALUE1: the control
-  MouseDown = 4,     // VALUE1: the mouse button; VALUE3: 0 in the main window; GX, GY; X, Y
+  MouseDown = 4,     // VALUE1: the mouse button; VALUE3: 0 in the main window, iInChild; GX, GY; X, Y
   MouseUp = 5,       // as MouseDown
   MouseMove = 6,     // GX, GY; only when enabled
   Expose = 7,        // the window must be drawn again
   Resize = 8,        // the window has another size
-  Close = 9,         // the user wants the window closed
+  Close = 9,         // the user wants the window closed; VALUE3: 0 the main window, iInChild
   Field = 10,        // VALUE1: a control whose edit is complete; only when enabled
   FileDropped = 12,  // a data file was dropped on the main window; WDroppedFile gives its path
   Timer = 13,        // VALUE1: the timer's number
@@ -33,10 +33,13 @@ enum class MessageType : I4 {
 inline constexpr I4 iKeyEsc = 27;
 inline constexpr I4 iKeyEnter = 13;
 inline constexpr I4 iKeyTab = 9;
+inline constexpr I4 iKeyUndo = 26;  // Ctrl+Z
+inline constexpr I4 iKeyRedo = 25;  // Ctrl+Y, Ctrl+Shift+Z
 inline constexpr I4 iKeyUp = 258;
 inline constexpr I4 iKeyDown = 259;
 inline constexpr I4 iKeyRight = 260;
 inline constexpr I4 iKeyLeft = 261;
+inline constexpr I4 iKeyCtrlE = 5;  // where the menu bar does not have it
 
 // Mouse buttons of the messages, and the wheel, which comes as a press of the extra buttons with VALUE2 = 1.
 inline constexpr I4 iMouseLeft = 1;
@@ -46,11 +49,14 @@ inline constexpr I4 iMouseBack = 4;
 inline constexpr I4 iMouseForward = 5;
 inline constexpr I4 iByWheel = 1;
 
+inline constexpr I4 iInChild = 1;  // VALUE3 of messages of the child window
+
 struct Message {
   MessageType iType = MessageType::None;
   I4 VALUE1 = 0, VALUE2 = 0, VALUE3 = 0;  // by type, see MessageType
   I4 X = 0, Y = 0;                        // pixels in the drawing area, from its upper left corner
   R4 GX = 0.0f, GY = 0.0f;                // the same position in the graphics units in force
+  bool bShift = false, bCtrl = false;     // keys that are held while the mouse acts
   I4 WPIX = 0, HPIX = 0;                  // pixels of the drawing area, when it has another size
 };
 
@@ -60,12 +66,21 @@ struct Message {
 /// Takes the next message if one waits, else gives one of type None at once. Lets the window repaint.
 [[nodiscard]] Message WMessagePeek();
 
+/// Calls a procedure once, when NMsec have passed, while the program waits for the user in any window or looks whether
+/// there is a message: for work that can wait, but not long, and is nothing that the user sees. A call before that
+/// changes nothing; null: no call any more.
+void WAfter(I4 NMsec, void (*Carry_Out)());
+
 /// Puts a message back before all others: the next WMessage gives it again. For a routine that waits inside another
 /// loop and meets what only that loop can answer, a close request above all.
 void WMessagePutBack(const Message& hMessage);
 
 /// Turns MouseMove or Field messages on or off; both are off at the start.
 void WMessageEnable(MessageType iType, bool bOn);
+
+/// Puts one Timer message into the queue after NMsec milliseconds. 0: the timer is not wanted any more, nor its
+/// message.
+void WMessageTimer(I4 NMsec, I4 iTimer);
 
 /// Where a rubber-band box was released, in graphics units.
 struct InputBox {

@@ -63,7 +63,10 @@ inline void (*hPlayStep)() = nullptr;
 /// The main window, null when none is open. WindowClose deletes it, the drawing area and then the application: whatever
 /// is shown has the main window as its parent, and is held by guarded pointers.
 QMainWindow* Main_Window();
-/// The dialog on top, else the main window: what a box belongs to.
+/// The child window, null when none is open; and the one of the two that the user works in.
+QMainWindow* Child_Window();
+QMainWindow* Active_Window();
+/// The dialog on top, else that window: what a box belongs to.
 QWidget* Front_Window();
 /// Gives the keyboard to what is left on the screen when a dialog or a box is gone: not every window system does.
 void Hand_Back_Focus();
@@ -80,6 +83,10 @@ void Suspend_Busy(bool bSuspend);
 void Push_Message(Message hMessage);
 bool Is_Wanted(MessageType iType);
 void Drop_Messages();
+/// The same for what the user did in the child window; what concerns the main one stays.
+void Drop_Child_Messages();
+/// Takes over the size of the drawing area and lets the program know of it.
+void Follow_Size(MessageType iType);
 /// Runs the event loop until bDone gives true. While it waits, a playing script carries out its next step. Throws
 /// std::bad_alloc when memory ended in an event handler, as it would where the program itself asks for it.
 void Wait_Until(const std::function<bool()>& bDone);
@@ -99,6 +106,8 @@ std::vector<QAction*> Menu_Entries();
 std::vector<QAction*> Menu_Entries(I4 iCommand);
 bool Main_Menu_Is_on_Show();
 bool Main_Menu_Is_Ready();
+/// Whether the bar on show is not greyed as a whole.
+bool Menu_Bar_Is_Usable();
 
 // ---- Boxes (boxes.cpp)
 

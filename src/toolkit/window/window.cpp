@@ -51,6 +51,10 @@ class DrawingArea : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent*) override {
+    if (this != Drawing_Area()) {  // a child window is drawn into: what lies below stays as it is
+      QPainter(this).drawImage(QRectF(rect()), Image_Below());
+      return;
+    }
     // The window was moved to a screen with another scale factor: what is drawn must be drawn again, finer or coarser.
     if (Backing_Image().devicePixelRatio() != devicePixelRatioF()) {
       Resize_Backing_Image();
@@ -95,9 +99,12 @@ class Application : public QApplication {
 struct OpenWindow {
   QApplication* hApplication = nullptr;
   QPointer<QMainWindow> hMain;
-  QPointer<QLabel> hPart[3];  // of the status bar
-  QString sPart2;             // text of the wide part under a hint
-  int NBusy = 0;              // calls of WindowBusy that are not taken back
+  QPointer<QMainWindow> hChild;
+  bool bBarUsable = true;      // of the menu bar, before the child was opened
+  QPointer<QLabel> hPart[3];   // of the status bar
+  QPointer<QLabel> hChildBar;  // the child's
+  QString sPart2;              // text of the wide part under a hint
+  int NBusy = 0;               // calls of WindowBusy that are not taken back
 };
 OpenWindow hOpen;
 
@@ -180,6 +187,7 @@ void Show_Main(I4 iXP, I4 iYP, I4 NXP, I4 NYP) {
 }
 
 void Close_Main() {
+  WindowCloseChild();
   delete hOpen.hMain;
   for (; hOpen.NBusy > 0; --hOpen.NBusy) QGuiApplication::restoreOverrideCursor();
   hOpen.sPart2.clear();
@@ -197,9 +205,17 @@ QMainWindow* toolkit::Main_Window() {
   return hOpen.hMain;
 }
 
+QMainWindow* toolkit::Child_Window() {
+  return hOpen.hChild;
+}
+
+QMainWindow* toolkit::Active_Window() {
+  return hOpen.hChild ? hOpen.hChild : hOpen.hMain;
+}
+
 QWidget* toolkit::Front_Window() {
   QWidget* hTop = hDialogs.Top_Dialog();
-  return hTop ? hTop : Main_Window();
+  return hTop && !hOpen.hChild ? hTop : Active_Window();
 }
 
 void toolkit::Hand_Back_Focus() {
@@ -242,6 +258,62 @@ void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTit
   hArea->setFocus();
 }
 
+namespace {
+
+constexpr QSize hLeastChild(480, 336);  // pixels: a smaller plot has no room for its texts
+
+void Give_Status_Bar(QMainWindow& hWindow) {
+  hOpen.hChildBar = new QLabel(hWindow.statusBar());
+  hOpen.hChildBar->setTextFormat(Qt::PlainText);
+  hOpen.hChildBar->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  hWindow.statusBar()->addWidget(hOpen.hChildBar, 1);
+}
+
+/// Shows the child over the middle of the main window, as far as the screen goes.
+void Show_Child(I4 NXP, I4 NYP) {
+  const QRect hScreen = hOpen.hMain->screen()->availableGeometry();
+  const QSize hSize = QSize(NXP, NYP).expandedTo(hLeastChild).boundedTo(hScreen.size());
+  const QPoint hCorner = hOpen.hMain->geometry().center() - QPoint(hSize.width(), hSize.height()) / 2;
+  const QPoint hLast = hScreen.bottomRight() - QPoint(hSize.width() - 1, hSize.height() - 1);
+  hOpen.hChild->setGeometry({
+      {std::clamp(hCorner.x(), hScreen.left(), hLast.x()), std::clamp(hCorner.y(), hScreen.top(), hLast.y())},
+      hSize
+  });
+  hOpen.hChild->show();
+  hOpen.hChild->activateWindow();
+  Drawing_Area()->setFocus();
+}
+
+}  // namespace
+
+void WindowOpenChild2(I4 NXP, I4 NYP, std::string_view sTitle) {
+  if (!hOpen.hMain) return Set_Error(iErrNoWindow);
+  if (hOpen.hChild) return Set_Error(iErrBadArgument);
+  hOpen.bBarUsable = Menu_Bar_Is_Usable();
+  WMenuBarState(0);
+  hOpen.hChild = new QMainWindow(hOpen.hMain);
+  hOpen.hChild->setWindowModality(Qt::WindowModal);
+  hOpen.hChild->setWindowTitle(To_QString(sTitle));
+  hOpen.hChild->setMinimumSize(hLeastChild);
+  Give_Status_Bar(*hOpen.hChild);
+  auto* hArea = new DrawingArea(hOpen.hChild);
+  Enter_Child_Area(hArea);
+  hOpen.hChild->setCentralWidget(hArea);
+  Watch_Window(hOpen.hChild, hArea);
+  hOpen.hChild->setAcceptDrops(false);
+  Show_Child(NXP, NYP);
+}
+
+void WindowCloseChild() {
+  if (!hOpen.hChild) return;
+  Leave_Child_Area();
+  delete hOpen.hChild;
+  Drop_Child_Messages();
+  WMenuBarState(hOpen.bBarUsable ? 1 : 0);
+  Follow_Size(MessageType::Resize);  // the main window may have another size by now
+  Hand_Back_Focus();
+}
+
 void WindowClose() {
   if (!hOpen.hApplication) return;
   Close_Main();
@@ -251,7 +323,15 @@ void WindowClose() {
 
 void WindowTitle(std::string_view sTitle) {
   if (!hOpen.hMain) return Set_Error(iErrNoWindow);
-  hOpen.hMain->setWindowTitle(To_QString(sTitle));
+  hOpen.hMain->setWindowTitle(To_QString(sTitle) + "[*]");  // where the window system puts its mark
+}
+
+void WindowModified(bool bModified) {
+  if (!hOpen.hMain) return Set_Error(iErrNoWindow);
+  hOpen.hMain->setWindowModified(bModified);
+  if (!hOpen.hPart[0]) return;
+  hOpen.hPart[0]->setText(bModified ? QString(QChar(0x25CF)) : QString());
+  hOpen.hPart[0]->setToolTip(bModified ? "The data differ from those of the file." : "");
 }
 
 void WindowStatusBarParts(I4 NWidth1) {
@@ -273,6 +353,7 @@ void WindowStatusBarParts(I4 NWidth1) {
 
 void WindowOutStatusBar(I4 iPart, std::string_view sText) {
   if (!hOpen.hMain) return Set_Error(iErrNoWindow);
+  if (hOpen.hChildBar && iPart == iStatusProgress) return hOpen.hChildBar->setText(To_QString(sText));
   if (iPart < 1 || iPart > 3 || !hOpen.hPart[0]) return Set_Error(iErrBadArgument);
   QLabel& hPart = *hOpen.hPart[iPart - 1];
   hPart.setText(To_QString(sText));
