@@ -158,14 +158,14 @@ TEST_F(Recorded, APlaceOnAMapIsItsCoordinates) {
 TEST_F(Recorded, AChildWindowHasItsOwnSize) {
   Click(QPointF(0.0, 0.0));
   EXPECT_EQ(Steps(), "click 0 17\n");
-  WindowOpenChild2(400, 300, "map");
-  Active_Window()->resize(360, 270);
+  WindowOpenChild2(700, 500, "map");
+  Active_Window()->resize(600, 450);
   Key(Qt::Key_A, "a");
   Active_Window()->close();
   Taken();
   WindowCloseChild();
   Key(Qt::Key_B, "b");
-  EXPECT_EQ(Steps(), "click 0 17\nresize 360 270\nkey a\nclose\nkey b\n");
+  EXPECT_EQ(Steps(), "click 0 17\nresize 600 450\nkey a\nclose\nkey b\n");
 }
 
 TEST_F(Recorded, ABoxThatIsGivenUpIsNoStep) {
