@@ -40,7 +40,7 @@ Bench Floor_Write, Bench_Write, Bench_Write_Z, Bench_Write_Disk, Bench_Sync;
 Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync, Bench_Write_AMR, Bench_Write_USF, Bench_Write_Sweeps;
 // review_bench.cpp
 Bench Floor_Section_Small, Bench_Section_Small, Floor_Section_Large, Bench_Section_Large, Floor_Nearest, Bench_Nearest,
-    Floor_Curve_Small, Bench_Curve_Small, Floor_Curve_Large, Bench_Curve_Large;
+    Bench_Read_Out, Floor_Curve_Small, Bench_Curve_Small, Floor_Curve_Large, Bench_Curve_Large;
 // history_bench.cpp
 Bench Floor_Click, Bench_Click, Bench_Many_Clicks, Floor_Auto_Skip, Bench_Auto_Skip, Bench_Rule, Bench_Keep_Rule,
     Bench_Undo, Bench_Click_Journal, Bench_Auto_Skip_Journal, Bench_Begin_Journal, Bench_Replay_Journal;

@@ -167,6 +167,26 @@ void Bench_Nearest(benchmark::State& state) {
   if (hPicked.iTrn == 0) state.SkipWithError("no point was found");
 }
 
+/// A move of the pointer over the section: the point near it, its ring, its name.
+void Bench_Read_Out(benchmark::State& state) {
+  if (!Show_Section(hSmall)) return state.SkipWithError("there is no section");
+  constexpr R4 fReach = 0.5f;
+  I4 NFound = 0;
+  R4 fXGr = 0.1f * fXCMU;
+  for (auto _ : state) {
+    fXGr = fXGr > 0.9f * fXCMU ? 0.1f * fXCMU : fXGr + 0.01f;
+    const PickedPoint h = QCS_Section_Point({fXGr, 0.5f * fYCMU}, 1, iTypeDecay, hShown, fReach);
+    const auto hAt = QCS_Point_in_Range(h, hShown);
+    if (!hAt) continue;
+    ++NFound;
+    const GrPoint hGr = IPgUnitsToGrUnits(hAt->fX, hAt->fY);
+    IGrRing(hGr.fX, hGr.fY);
+    WindowOutStatusBar(iStatusProgress, Point_Words(hTrn(h.iTrn), h.iTwc, iTypeDecay));
+  }
+  IGrRingOff();
+  if (NFound == 0) state.SkipWithError("no point was found");
+}
+
 void Floor_Curve_Small(benchmark::State& state) {
   Floor_Curve(state, hSmall);
 }

@@ -8,7 +8,9 @@
 #include "commands/session.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "model/tmd_data.h"
+#include "platform/arguments.h"
 #include "platform/file_names.h"
 #include "platform/folders.h"
 #include "toolkit/window/messages.h"
@@ -32,37 +34,72 @@ std::string Completed(std::string_view sName, std::string_view sFileExt) {
   return IOsDirName() + sSlash + sFile;
 }
 
-I4 Read_Chosen_File(const std::string& sFile) {
+I4 Read_Chosen_File(std::string sFile) {
   Recovery_Leave();
   sAvgFile = sFile;
   hSession.sFileName = File_Name(sAvgFile);
   WindowTitle("Quillan " + std::string(sVersion) + " updated " + std::string(sUpdate) + ", data from " +
               hSession.sFileName);
   const I4 iError = TEM_Read_Data(sAvgFile);
+  if (bWorkStopped) return iError;  // the data before are put back
   hSession.bUpdateAVG = false;
   Begin_History();
   Show_No_Data();
   Recovery_Begin();
+  if (NTrn >= 1) Recent_Add(sFile);
+  return iError;
+}
+
+I4 Read_Listed_File(const std::string& sFile) {
+  if (IOsFileExists(sFile)) return Read_Chosen_File(sFile);
+  LogErr({"ERROR: There is no file", sFile, "What is open stays open."});
+  return 1;
+}
+
+/// The file's name where it is there, else that of its first word, in full.
+std::string Named_File(std::string_view sCmdLine, std::string_view sFileExt) {
+  const std::string_view sName = IOsFileExists(sCmdLine) ? sCmdLine : First_Word(sCmdLine);
+  return sName.empty() ? std::string() : Completed(sName, sFileExt);
+}
+
+/// Beside the data that are open, else where the last file was.
+std::string Where_to_Look() {
+  return sAvgFile.empty() ? Recent_Folder() : sAvgFile;
+}
+
+I4 Step_to(I4 iStep) {
+  if (Saves_First()) return 0;
+  const I4 iOffered0 = hRecent.iOffered;
+  const std::string sFile = Step_Offered(iStep);
+  if (sFile.empty()) return 1;
+  const I4 iError = Read_Listed_File(sFile);
+  if (bWorkStopped) hRecent.iOffered = iOffered0;
   return iError;
 }
 
 }  // namespace
 
 std::string Get_File(std::string_view sCmdLine, std::string_view sFileExt) {
-  const std::string_view sName = IOsFileExists(sCmdLine) ? sCmdLine : First_Word(sCmdLine);
-  if (!sName.empty()) {
-    const std::string sFile = Completed(sName, sFileExt);
-    if (IOsFileExists(sFile)) return sFile;
-  }
-  const std::string sFile = WSelectFile2(sOpenFilter, iSelectOpen, "Open TEM *.avg or *.xdb file for input", "");
+  const std::string sNamed = Named_File(sCmdLine, sFileExt);
+  if (IOsFileExists(sNamed)) return sNamed;
+  const std::string sFile =
+      WSelectFile2(sOpenFilter, iSelectOpen, "Open TEM *.avg or *.xdb file for input", Recent_Folder());
   if (sFile.empty()) Stop_Program();
+  return sFile;
+}
+
+std::vector<std::string> Named_Files(std::string_view sFileExt) {
+  std::vector<std::string> sFile;
+  for (I4 I = 1; I <= IOsArguments(); ++I) {
+    if (std::string sNamed = Named_File(IOsArgument(I), sFileExt); !sNamed.empty()) sFile.push_back(std::move(sNamed));
+  }
   return sFile;
 }
 
 I4 Open_File() {
   if (Saves_First()) return 0;
   const std::string sFile =
-      WSelectFile2(sOpenFilter, iSelectOpen, "Select TEM *.avg or *.xdb file for input", sAvgFile);
+      WSelectFile2(sOpenFilter, iSelectOpen, "Select TEM *.avg or *.xdb file for input", Where_to_Look());
   if (!sFile.empty()) return Read_Chosen_File(sFile);
   Recovery_Leave();
   NTrn = 0;  // no file, no data: what the window shows is what is in the store
@@ -71,6 +108,18 @@ I4 Open_File() {
   Show_No_Data();
   Recovery_Begin();
   return 1;
+}
+
+I4 Open_Listed_File(const std::string& sFile) {
+  return Saves_First() ? 0 : Read_Listed_File(sFile);
+}
+
+I4 Open_Next_File() {
+  return Step_to(1);
+}
+
+I4 Open_Previous_File() {
+  return Step_to(-1);
 }
 
 I4 Open_Dropped_File() {

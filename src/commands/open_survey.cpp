@@ -8,6 +8,7 @@
 #include "files/mde_file.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "metadata/mdp_data.h"
 #include "model/derived.h"
 #include "model/stn_data.h"
@@ -33,7 +34,7 @@ void Forget_Last_Survey() {
 }
 
 I4 Abort_Read() {
-  LogErr({"Data entry from " + hSession.sFileName + " aborted."});
+  if (!bWorkStopped) LogErr({"Data entry from " + hSession.sFileName + " aborted."});
   NTrn = 0;
   return 1;
 }

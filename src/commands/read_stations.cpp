@@ -2,6 +2,7 @@
 
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "foundations/str_write.h"
 #include "model/tmd_data.h"
 #include "review/plan_view.h"
@@ -31,6 +32,7 @@ I4 TEM_RxStn_XYZHPR(std::string sStnFile) {
   LogText_Reset();
   if (Read_Stations(sStnFile) != 0) return 1;
   const I4 NFound = Stn_Positions(hTemSurvey.dLineNumber);
+  if (bWorkStopped) return 1;
   LogText("Stn file station,east,north,elevation,[heading,pitch,roll] interpolated to Rx.Stn positions");
   const I4 iError = TEM_Map_View_Plot(sStnFile);
   WindowOutStatusBar(iStatusProgress, Result(NFound, sStnFile));

@@ -8,6 +8,7 @@
 #include "commands/busy_with.h"
 #include "commands/history_commands.h"
 #include "commands/live_dialog.h"
+#include "commands/recent_files.h"
 #include "commands/recovery.h"
 #include "commands/session.h"
 #include "files/file_stamp.h"
@@ -15,6 +16,7 @@
 #include "files/save_report.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "foundations/str_write.h"
 #include "model/derived.h"
 #include "model/tmd_data.h"
@@ -26,6 +28,7 @@ namespace quillan {
 namespace {
 
 constexpr std::string_view sFlagsLost = "Skip flags are set. They will not be in the file.";
+constexpr std::string_view sNothingSaved = "The save was stopped. The files are as they were.";
 constexpr std::string_view sFlagsMarked = "skipped windows are marked";
 
 std::string Metadata_File(const std::string& sDataFile) {
@@ -92,6 +95,7 @@ I4 Write_Formats(const std::string& sDataFile, const OutputFormats& hFormats) {
     if (!hFormats[K] || h.Write == nullptr) continue;
     const std::string sFile = Output_Name(h, sDataFile);
     const I4 iError = h.Write(sFile);
+    if (iError != 0 && bWorkStopped) return iError;
     if (iError != 0 && !h.bEndsSave) continue;
     if (iError != 0) {
       if (hSaveState.sFailed.empty()) hSaveState.sFailed = File_Name(sFile);
@@ -113,6 +117,17 @@ I4 Update_Metadata(const std::string& sDataFile) {
 void Show_Outcome() {
   if (!hSaveState.sFailed.empty()) return WindowOutStatusBar(iStatusStanding, "NOT SAVED: " + hSaveState.sFailed);
   if (!hSaveState.sSaved.empty()) WindowOutStatusBar(iStatusStanding, "");
+}
+
+/// bUpdate0: whether there was something to save before it. What was stopped after the first file was the reading of
+/// what another one needs, such as stations.
+void Save_Was_Stopped(L4 bUpdate0) {
+  const std::string& sSaved = hSaveState.sSaved;
+  if (sSaved.empty()) hSession.bUpdateAVG = bUpdate0;
+  const std::string sOutcome =
+      sSaved.empty() ? std::string(sNothingSaved) : sSaved + " is saved. The files after it are not written.";
+  LogText(sOutcome);
+  WindowOutStatusBar(iStatusProgress, sOutcome);
 }
 
 I4 Save_All(const std::string& sDataFile) {
@@ -180,8 +195,11 @@ I4 TEM_Write_Data(std::string_view sFile) {
   InqWintError();
   InfoError();
   hSaveState = {};
+  bWorkStopped = false;
+  const L4 bUpdate0 = hSession.bUpdateAVG;
   try {
     const I4 iError = Save_All(std::string(Trimmed(sFile)));
+    if (iError != 0 && bWorkStopped) Save_Was_Stopped(bUpdate0);
     Show_Outcome();
     const bool bSaved = !hSaveState.sSaved.empty() && hSaveState.sFailed.empty();
     End_of_Save(bSaved);
@@ -227,7 +245,9 @@ I4 Save_Data_As() {
   if (sFile.empty()) return 1;
   sAvgFile = sFile;
   hSession.sFileName = File_Name(sAvgFile);
-  return Save_Data();
+  const I4 iError = Save_Data();
+  if (iError == 0 && IOsFileExists(sAvgFile)) Recent_Add(sAvgFile);
+  return iError;
 }
 
 bool Saves_First() {

@@ -9,6 +9,7 @@
 #include "files/save_report.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "foundations/str_parse.h"
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
@@ -241,12 +242,14 @@ void Compare_Shared(const Transient& h, AmrReference& hReference) {
   }
 }
 
-void Write_Rows(const AmrSet& hSet, TextWriter& out) {
+/// The file of the windows stands already: the rows have to follow.
+void Write_Rows(const AmrSet& hSet, Progress work, TextWriter& out) {
   std::vector<std::size_t> LFld;
   Write_Labels(hSet.NTW, LFld, out);
   LogText("Writing numerical data.");
   AmrReference hReference;
   for (I4 j = 1; j <= NTrn; ++j) {
+    static_cast<void>(work.Goes_On(j));
     const Transient& h = hTrn(j);
     if (h.iTWCfg != hSet.iTWCfg || h.bSkipTrn) continue;
     Compare_Shared(h, hReference);
@@ -269,7 +272,7 @@ I4 Write_Set(const AmrSet& hSet, const std::string& sTrnFile) {
   out.Line("TEM data reviewed with " + AVG_Signature());
   Write_Keywords(hSet, sChnFile, out);
   Write_Remarks(hSet, out);
-  Write_Rows(hSet, out);
+  Write_Rows(hSet, Progress("Writing " + sName, "soundings", NTrn, 1, Stoppable::No), out);
   out.Commit();
   if (Report_Failure(out, "writing", sTrnFile) != 0) return 1;
   LogText(Str_Write_I4(hSet.NTrnOut).str() + " transients written to " + sName);

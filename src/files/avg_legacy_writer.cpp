@@ -6,6 +6,7 @@
 
 #include "files/avg_columns.h"
 #include "files/avg_writer.h"
+#include "files/save_report.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "foundations/str_write.h"
@@ -94,12 +95,15 @@ void Write_Header(TextWriter& out) {
   out.Line(sRuleLine);
 }
 
-void Write_Transients(TextWriter& out) {
+/// False when the user has stopped it.
+bool Write_Transients(Progress work, TextWriter& out) {
   const std::vector<const AvgColumn*> hLegacy = Legacy_Columns();
   for (I4 j = 1; j <= NTrn; ++j) {
+    if (!work.Goes_On(j)) return false;
     const Transient& h = hTrn(j);
     for (I4 I = 1; I <= h.NTW; ++I) Write_Row(h, I, hLegacy, out);
   }
+  return true;
 }
 
 }  // namespace
@@ -110,7 +114,7 @@ I4 AVG_Write0(std::string_view sFile) {
   if (AVG_Report_Write(out, "opening", sFile) != 0) return 1;
 
   Write_Header(out);
-  Write_Transients(out);
+  if (!Write_Transients(Writing(sFile, NTrn), out)) return 1;
   out.Commit();
   if (AVG_Report_Write(out, "writing", sFile) != 0) return 1;
   LogText(Str_Write_I4(NTrn).str() + " transients written to " + std::string(File_Name(sFile)));

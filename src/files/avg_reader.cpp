@@ -7,10 +7,10 @@
 #include "files/avg_columns.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
-#include "foundations/user.h"
 #include "metadata/enm_data.h"
 #include "metadata/mdp_data.h"
 #include "model/derived.h"
@@ -20,9 +20,8 @@
 namespace quillan {
 namespace {
 
-constexpr R4 fTxLeast = 1.0E-6f;      // hertz and amp, below it a row cannot be used
-constexpr I4 NRecordsPerLook = 8192;  // between looks at the user's messages
-constexpr std::size_t MPlain = 32;    // characters of a number that is read where it stands
+constexpr R4 fTxLeast = 1.0E-6f;    // hertz and amp, below it a row cannot be used
+constexpr std::size_t MPlain = 32;  // characters of a number that is read where it stands
 
 constexpr I4 JTxFreq = AVG_Column_of(AvgContent::Frequency);
 constexpr I4 JTxAmp = AVG_Column_of(AvgContent::Current);
@@ -352,6 +351,7 @@ I4 AVG_Read(std::string_view sFile) {
   LogText("Reading TEM data from file " + std::string(File_Name(sFile)));
   LogText(sFile);
 
+  ReadProgress work(sFile);
   bool bRoom = true;
   while (bRoom && in.Next()) {
     const std::string_view sLine = Trimmed(Left_Adjusted(in.Record()));
@@ -362,7 +362,7 @@ I4 AVG_Read(std::string_view sFile) {
       case LineKind::Row: bRoom = Take_Row(sLine, in.iRecord()); break;
       case LineKind::Ignored: break;
     }
-    if (in.iRecord() % NRecordsPerLook == 0) hUser.Look();
+    if (!work.Goes_On(in.NBytes())) return 1;
   }
   if (in.Has_Failed()) {
     LogErr({"ERROR while reading file near line " + Str_Write_I4(in.iRecord()).str(), std::string(in.Record())});

@@ -188,15 +188,18 @@ void Write_Header(TextWriter& out) {
   for (I4 I = 1; I <= hAvgKept.NAvgMde; ++I) out.Line(hAvgKept.sAvgMde(I).trimmed());
 }
 
-void Write_Transients(TextWriter& out) {
+/// False when the user has stopped it.
+bool Write_Transients(Progress work, TextWriter& out) {
   const std::vector<const AvgColumn*> hChosen = Choose_Columns();
   const std::string sLabels = Label_Line(hChosen);
   for (I4 j = 1; j <= NTrn; ++j) {
+    if (!work.Goes_On(j)) return false;
     const Transient& h = hTrn(j);
     AVG_Write_TEM_Trns_MD(h, out);
     out.Line(sLabels);
     for (I4 I = 1; I <= h.NTW; ++I) Write_Row(h, I, hChosen, out);
   }
+  return true;
 }
 
 /// Station numbers are divided by the recorded increment: without one a file would hold rows that nobody can place, so
@@ -218,7 +221,7 @@ I4 AVG_Write(std::string_view sFile) {
   if (AVG_Report_Write(out, "opening", sFile) != 0) return 1;
 
   Write_Header(out);
-  Write_Transients(out);
+  if (!Write_Transients(Writing(sFile, NTrn), out)) return 1;
   out.Commit();
   if (AVG_Report_Write(out, "writing", sFile) != 0) return 1;
   LogText(Str_Write_I4(NTrn).str() + " transients written to");

@@ -19,4 +19,9 @@ I4 Report_Not_Saved(ErrorLines sError, std::string_view sFile, const std::string
   return 1;
 }
 
+Progress Writing(std::string_view sFile, I8 NItem) {
+  const Stoppable iStoppable = hSaveState.sSaved.empty() ? Stoppable::Yes : Stoppable::No;
+  return Progress("Writing " + std::string(File_Name(sFile)), "soundings", NItem, 1, iStoppable);
+}
+
 }  // namespace quillan

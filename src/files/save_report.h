@@ -6,6 +6,7 @@
 
 #include "base/types.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 
 namespace quillan {
 
@@ -20,5 +21,9 @@ inline SaveState hSaveState;
 /// Reports a file that could not be written, and whether the data file is saved nevertheless. sReason: in words, blank
 /// when sError says it. Returns 1, the status of a failed writer.
 [[nodiscard]] I4 Report_Not_Saved(ErrorLines sError, std::string_view sFile, const std::string& sReason);
+
+/// The work of writing NItem soundings into a file. As soon as one file of the save is in its place the others have to
+/// follow: a save that was stopped has written nothing.
+Progress Writing(std::string_view sFile, I8 NItem);
 
 }  // namespace quillan

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "files/avg_writer.h"
+#include "files/save_report.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
 #include "foundations/str_write.h"
@@ -251,6 +252,16 @@ void Write_Table(const UsfTable& hTable, const UsfStyle& style, TextWriter& out)
   out.Line("");
 }
 
+/// False when the user has stopped it.
+bool Write_Tables(const UsfTables& hTables, const UsfStyle& style, Progress work, TextWriter& out) {
+  I8 NDone = 0;
+  for (const UsfTable& hTable : hTables.hTable) {
+    if (!work.Goes_On(NDone++)) return false;
+    Write_Table(hTable, style, out);
+  }
+  return true;
+}
+
 }  // namespace
 
 I4 USF_Check() {
@@ -281,7 +292,7 @@ I4 USF_Write(std::string_view sUsfFile, UsfLayout iLayout) {
   LogText("Writing header block.");
   Write_Comments(style, out);
   Write_Header(hTables.NSounding, style, out);
-  for (const UsfTable& hTable : hTables.hTable) Write_Table(hTable, style, out);
+  if (!Write_Tables(hTables, style, Writing(sUsfFile, static_cast<I8>(hTables.hTable.size())), out)) return 1;
   out.Commit();
   if (AVG_Report_Write(out, "writing", sUsfFile) != 0) return 1;
   const I4 NZTrn = static_cast<I4>(hTables.hTable.size());

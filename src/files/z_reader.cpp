@@ -9,6 +9,7 @@
 #include "foundations/file_util.h"
 #include "foundations/free_read.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "foundations/str_parse.h"
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
@@ -25,8 +26,7 @@ namespace {
 
 // ---- the header of a block
 
-constexpr R8 dStnApart = 0.001;       // stations further apart than this are two
-constexpr I4 NRecordsPerLook = 8192;  // between looks at the user's messages
+constexpr R8 dStnApart = 0.001;  // stations further apart than this are two
 
 bool Is_Ruler(std::string_view CLine) {
   return CLine.starts_with("IIX");
@@ -191,7 +191,8 @@ bool Take_Row(const RecordReader& in, std::string_view sZFile, I4 iRxCmp, ZReadS
 }
 
 /// Reads as far as the end mark, also where the rows cannot be taken: what follows a block is a header.
-void Read_Rows(RecordReader& in, std::string_view sZFile, const ZDataType& hType, ZReadState& hRead) {
+void Read_Rows(RecordReader& in, std::string_view sZFile, const ZDataType& hType, ReadProgress& work,
+               ZReadState& hRead) {
   bool bTake = hType.iDataType == iZDataDbdt;
   if (bTake) {
     Log_Block(hRead, " Reading dB/dt magnitude data, cmp = " + std::string(Held_Entry(sChnCmp, hType.iRxCmp)));
@@ -204,7 +205,7 @@ void Read_Rows(RecordReader& in, std::string_view sZFile, const ZDataType& hType
   while (in.Next()) {
     if (Is_End_Mark(in.Record())) return;
     if (bTake && !Trimmed(in.Record()).empty()) bTake = Take_Row(in, sZFile, hType.iRxCmp, hRead);
-    if (in.iRecord() % NRecordsPerLook == 0) hUser.Look();
+    if (!work.Goes_On(in.NBytes())) return;
   }
   LogText(" The file ends within a block; its last row may be cut.");
 }
@@ -225,9 +226,11 @@ I4 Report_Not_Open(const RecordReader& in, std::string_view sZFile) {
   return 1;
 }
 
-/// Reads block after block. Returns 0; 1 for a header that is too long, which is reported, or when the user cancelled.
+/// Reads block after block. Returns 0; 1 for a header that is too long, which is reported, or when the user cancelled
+/// or stopped.
 I4 Read_Blocks(RecordReader& in, std::string_view sZFile) {
   ZReadState hRead;
+  ReadProgress work(sZFile);
   for (;;) {
     ZHeader hHeader;
     switch (Read_Header(in, hRead, hHeader)) {
@@ -240,7 +243,8 @@ I4 Read_Blocks(RecordReader& in, std::string_view sZFile) {
     }
     const auto hType = Verified_Type(hHeader, hRead);
     if (!hType) return 1;
-    Read_Rows(in, sZFile, *hType, hRead);
+    Read_Rows(in, sZFile, *hType, work, hRead);
+    if (bWorkStopped) return 1;
   }
 }
 

@@ -62,6 +62,7 @@ void RecordReader::Take(std::string_view sLine, bool bCarriageReturn) {
 
 /// The next block; false when nothing is left. What came before an error is still given out.
 bool RecordReader::Fill() {
+  NBefore += static_cast<I8>(NBlock);
   NBlock = iBlock = 0;
   while (!bAtEnd && NBlock < MBlock) {
     const I8 NRead = hFile.Read(hBlock.get() + NBlock, MBlock - NBlock);

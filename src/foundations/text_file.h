@@ -35,6 +35,8 @@ class RecordReader {
   std::string_view Record() const { return sRecord; }
   /// Its number, from 1.
   I4 iRecord() const { return iLine; }
+  /// Bytes up to its end.
+  I8 NBytes() const { return NBefore + static_cast<I8>(iBlock); }
   /// Whether reading stopped at a read error.
   bool Has_Failed() const { return bFailed; }
 
@@ -47,6 +49,7 @@ class RecordReader {
   std::unique_ptr<char[]> hBlock;
   std::size_t NBlock = 0;  // bytes in the block
   std::size_t iBlock = 0;  // of which taken
+  I8 NBefore = 0;          // bytes of the blocks before it
   std::string sLong;       // a record that runs over the end of a block
   std::string_view sRecord;
   std::size_t MKept;  // bytes of a record

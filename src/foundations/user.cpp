@@ -16,7 +16,8 @@ User No_User() {
   h.Choose_File = [](std::string_view, std::string_view) { return std::string(); };
   h.Says_Yes = [](std::string_view, std::string_view) { return false; };
   h.Show_Line = [](std::string_view) {};
-  h.Look = [] {};
+  h.Look = [](const WorkDone&) { return true; };
+  h.Work_Ends = [] {};
   h.Leave = [] {};
   return h;
 }

@@ -57,6 +57,15 @@ struct ZTypeAnswer {
   L4 bForAll = false;              // also for the blocks further down in which the same is found
 };
 
+/// How far long work has come.
+struct WorkDone {
+  std::string_view sWork;  // "Reading line7.avg"
+  std::string_view sUnit;  // of the counts: "soundings"
+  I8 NDone, NAll;          // NAll is 0 where nobody knows
+  R8 dSeconds;             // since it began
+  L4 bMayStop;             // whether the user may stop it
+};
+
 struct User {
   std::function<AfterReport(std::string_view sReport)> Tell;
   /// The entry that was meant, from 1; -1 when there is no choice that can be used, 0 cancelled.
@@ -69,9 +78,11 @@ struct User {
   std::function<bool(std::string_view sQuestion, std::string_view sTitle)> Says_Yes;
   /// A line of progress, which stands last in sTextBuffer.
   std::function<void(std::string_view sLine)> Show_Line;
-  /// Looks whether the user wants something, so that long loops keep the window alive. Does not return when the user
-  /// ends the program.
-  std::function<void()> Look;
+  /// Shows how far long work has come, and looks whether the user wants something, so that the window stays alive.
+  /// False: the user wants the work stopped. Does not return when the user ends the program.
+  std::function<bool(const WorkDone&)> Look;
+  /// That work is over, however it ended.
+  std::function<void()> Work_Ends;
   /// The run ends: takes the window away.
   std::function<void()> Leave;
 };

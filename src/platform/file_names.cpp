@@ -22,6 +22,12 @@ std::string IOsFullPath(std::string_view sPath) {
   return hProblem || hFull.empty() ? std::string(sPath) : hFull.string();
 }
 
+I8 IOsFileSize(std::string_view sPath) {
+  std::error_code hProblem;
+  const auto NBytes = fs::file_size(std::string(sPath), hProblem);
+  return hProblem ? 0 : static_cast<I8>(NBytes);
+}
+
 namespace {
 
 bool Differs_in_Case_Only(std::string_view s1, std::string_view s2) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/types.h"
+
 namespace quillan {
 
 #ifdef _WIN32
@@ -18,6 +20,8 @@ inline constexpr std::string_view sLineEnd = "\n";
 
 /// Whether there is a file of that name. A folder is none.
 bool IOsFileExists(std::string_view sPath);
+/// Bytes of a file, 0 where there is none.
+I8 IOsFileSize(std::string_view sPath);
 
 /// The one path that a file has whatever it was called by: from the root on, links resolved.
 std::string IOsFullPath(std::string_view sPath);

@@ -14,15 +14,34 @@ std::string IOsDirName() {
   return fs::current_path(hProblem).string();
 }
 
+namespace {
+
+/// A folder for what is kept for the user: as a variable names it, else its usual place under the home folder. A name
+/// that is no full path would depend on where the program was started.
+fs::path User_Folder(std::string_view sVariable, const fs::path& hUsual) {
+  const fs::path hNamed(IOsVariable(sVariable));
+  if (hNamed.is_absolute()) return hNamed;
+  const fs::path hHome(IOsVariable("HOME"));
+  return hHome.is_absolute() ? hHome / hUsual : fs::path();
+}
+
+}  // namespace
+
 std::string IOsStateDir() {
 #ifdef _WIN32
   return IOsVariable("LOCALAPPDATA");
 #else
-  const fs::path hState = IOsVariable("XDG_STATE_HOME");
-  if (hState.is_absolute()) return hState.string();  // another one would depend on where the program was started
-  const fs::path hHome = IOsVariable("HOME");
-  return hHome.empty() ? std::string() : (hHome / ".local" / "state").string();
+  return User_Folder("XDG_STATE_HOME", fs::path(".local") / "state").string();
 #endif
+}
+
+std::string Config_File(std::string_view sName) {
+#ifdef _WIN32
+  const fs::path hFolder(IOsVariable("APPDATA"));
+#else
+  const fs::path hFolder = User_Folder("XDG_CONFIG_HOME", ".config");
+#endif
+  return hFolder.empty() ? std::string() : (hFolder / "quillan" / sName).string();
 }
 
 bool IOsMakeDir(std::string_view sFolder) {

@@ -20,4 +20,8 @@ std::string IOsStateDir();
 /// Makes a folder, and those that it stands in. False: it could not be made.
 bool IOsMakeDir(std::string_view sFolder);
 
+/// A file that is kept for the user from run to run, by its name: in the folder quillan of $XDG_CONFIG_HOME or, where
+/// that is not set or no full path, of ~/.config. Blank where neither is known.
+std::string Config_File(std::string_view sName);
+
 }  // namespace quillan

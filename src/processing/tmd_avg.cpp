@@ -6,6 +6,7 @@
 
 #include "foundations/list_util.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "foundations/str_write.h"
 #include "model/derived.h"
 #include "model/edits.h"
@@ -218,9 +219,11 @@ I4 TMD_Avg_Save_Skip() {
 
 I4 TMD_Avg_Repeats() {
   if (!Has_Groups()) return 1;
+  Progress work("Averaging", "groups", hRepeats.NTrnRpt);
   I4 NAverage = 0;
   I4 iError = 0;
   for (I4 iGroup = 1; iGroup <= hRepeats.NTrnRpt; ++iGroup) {
+    if (!work.Goes_On(iGroup)) return 1;
     const auto hTrnAvgK = TMD_Avg_hTrnRptK(hRepeats(iGroup));
     iError = hTrnAvgK ? 0 : 1;
     // No later group has its repeats at or before this place.

@@ -61,7 +61,7 @@ inline RepeatGroups hRepeats;
 [[nodiscard]] I4 TMD_Avg_Save_Skip();
 
 /// Puts the average of each group in the place of its repeats. A group without an average disappears.
-/// Returns 0; 1 the last group disappeared, or there are no groups or no transients.
+/// Returns 0; 1 the last group disappeared, or there are no groups or no transients, or the user stopped it half way.
 [[nodiscard]] I4 TMD_Avg_Repeats();
 
 /// Finds the groups and averages them, without a question. Returns 0; 1 as its two steps.

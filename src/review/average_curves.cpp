@@ -20,6 +20,7 @@ constexpr R4 fXPgMax0 = 1.0E-12f;
 /// Window I of the average at a time of its own or of a repeat.
 void Add_Point(AverageCurve& hCurve, PlotRange& r, const Transient& hAvg, R4 fTime, I4 I) {
   const I4 K = ++hCurve.NTW;
+  hCurve.ITWofIPlt(K) = I;
   hCurve.fXPg(K) = fTime;
   hCurve.fYPg(K) = fAsinh10(hAvg.fuVmag(I), fYDscl);
   Join_Range(hCurve.fXPg(K), hCurve.fXPg(K), r.fXPmin, r.fXPmax);
@@ -92,6 +93,7 @@ I4 TMD_Avg_Plot_Setup(const RepeatGroup& hGroup) {
   Round_Times(h.hRange);
   h.NRepeat = hGroup.NRepeat;
   h.bSkipTrn = hGroup.bSkipTrn;
+  h.iTrn = hGroup.iTrn;
   h.sTitle = Title(hTrn(hGroup.iTrn(hGroup.NRepeat)));
   h.hYTick = Asinh10_Ticks(h.hRange.fYPmin, h.hRange.fYPmax, fYDscl, MDecayTick);
   return 0;
@@ -113,6 +115,41 @@ std::vector<RepeatLabel> Labels_with_Room(std::span<const RepeatLabel> hLabel, G
     });
   }
   return hShown;
+}
+
+namespace {
+
+PickedPoint Picked(const RepeatLabel& h) {
+  return {hAveragePlot.iTrn(h.K), hAveragePlot.hCurve(h.K).ITWofIPlt(h.I)};
+}
+
+}  // namespace
+
+PickedPoint Average_Nearest(const GrPoint& hClick, R4 fRGrMax) {
+  PickedPoint hPicked;
+  for (const RepeatLabel& h : hAveragePlot.hLabel) {
+    const R4 fDistance = std::hypot(h.h.fX - hClick.fX, h.h.fY - hClick.fY);
+    if (fDistance > fRGrMax || (fDistance == fRGrMax && hPicked.iTrn != 0)) continue;
+    fRGrMax = fDistance;
+    hPicked = Picked(h);
+  }
+  return hPicked;
+}
+
+std::optional<GrPoint> Average_Place(const PickedPoint& hPoint) {
+  for (const RepeatLabel& h : hAveragePlot.hLabel) {
+    if (Picked(h) == hPoint) return h.h;
+  }
+  return std::nullopt;
+}
+
+std::string Average_Words(const PickedPoint& hPoint) {
+  constexpr I4 iTypeDecay = 1;
+  I4 K = 1;
+  while (K < hAveragePlot.NRepeat && hAveragePlot.iTrn(K) != hPoint.iTrn) ++K;
+  Transient h = hTrn(hPoint.iTrn);
+  h.bSkipTrn = hAveragePlot.bSkipTrn(K);  // as the user has just set it
+  return "Repeat " + Str_Write_I4(K).str() + ": " + Point_Words(h, hPoint.iTwc, iTypeDecay);
 }
 
 }  // namespace quillan

@@ -26,6 +26,8 @@ constexpr R4 fWgtShownLow = 0.01001f;  // the range in which weights are shown, 
 constexpr R4 fWgtShownHigh = 99.9f;
 constexpr R4 fWgtTolerance = 100.0f;  // spacings of the weight
 
+constexpr R4 fReach = 0.5f;  // graphics units in which a point is near
+
 // Columns of the grid.
 constexpr I4 iColBlock = 1, iColSkip = 2, iColWeight = 3;
 
@@ -94,11 +96,15 @@ std::string In_Words(const RepeatGroup& h, bool bPlotted) {
          " Green: average. Numbers: repeats; magenta is skipped.";
 }
 
+/// Draws only what the window does not show already: the pointer moves over it.
 void Show(AverageView& hView) {
+  if (!hView.bRedraw) return;
+  hView.bRedraw = false;
   if (hView.iGroup0 != hRepeats.iGroup) (void)TMD_Avg_Plot_Setup(Group_on_Show());  // else the window stays blank
   hView.iGroup0 = hRepeats.iGroup;
   const bool bPlotted = TMD_Avg_Plot_Update(Tool_Title_Room()) == 0;
-  WindowOutStatusBar(iStatusProgress, In_Words(Group_on_Show(), bPlotted));
+  hView.sRest = In_Words(Group_on_Show(), bPlotted);
+  Say_Rest(hView);
   Put_Grid(Group_on_Show());
   WDialogPutString(iLblLeftOut, Left_Out(Group_on_Show().NLeftOut));
   WDialogPutInteger(iFldGroup, hRepeats.iGroup);
@@ -114,12 +120,27 @@ void Leave(AverageView& hView) {
 
 constexpr Gesture<AverageView> hGesture[] = {
   // button           key      procedure
-    {iBtnMergeRepeats,  0,       Leave<iMerge>   },
-    {iBtnSaveSkipFlags, 0,       Leave<iSaveSkip>},
-    {iBtnCancel,        iKeyEsc, Leave<iCancel>  },
+    {iBtnMergeRepeats, 0, Leave<iMerge>},
+    {iBtnSaveSkipFlags, 0, Leave<iSaveSkip>},
+    {iBtnCancel, iKeyEsc, Leave<iCancel>, {}, "", "cancel"},
 };
 
-void On_Press(AverageView&, const Message&) {}
+PickedPoint Near(const AverageView&, const GrPoint& hPointer) {
+  return Average_Nearest(hPointer, fReach);
+}
+
+/// A click does no more than to keep the name of the point.
+void On_Press(AverageView& hView, const Message& hPress) {
+  hView.hClicked = Near(hView, {hPress.GX, hPress.GY});
+}
+
+std::optional<GrPoint> Place(const AverageView&, const PickedPoint& h) {
+  return Average_Place(h);
+}
+
+std::string Name_of(const AverageView&, const PickedPoint& h) {
+  return Average_Words(h);
+}
 
 /// Takes a weight of the group on show. Returns whether it is another one.
 bool Take_Weight(R4& fWgt, const std::optional<R4>& fRead) {
@@ -131,6 +152,7 @@ bool Take_Weight(R4& fWgt, const std::optional<R4>& fRead) {
 
 /// Whatever field has changed, all are read: those of the group on show before the number of the next one.
 void On_Field(AverageView& hView, I4) {
+  hView.bRedraw = true;
   RepeatGroup& h = Group_on_Show();
   const std::vector<L4> bSkip = WGridGetCheckBox(iGrdRepeats, iColSkip);
   const std::vector<std::optional<R4>> fWgt = WGridGetReal(iGrdRepeats, iColWeight);
@@ -173,7 +195,11 @@ I4 Ask() {
   WGridRangeReal(iGrdRepeats, iColWeight, R8{fWgtLow}, R8{fWgtHigh});
   Tool_Show();
   AverageView hView;
-  Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, Leave<iClosed>});
+  Review_Loop(
+      hView, hGesture,
+      {
+          Show, On_Press, On_Field, Tool_Follow, Leave<iClosed>, false, nullptr, nullptr, {Near, Place, Name_of}
+  });
   return hView.iFlag;
 }
 

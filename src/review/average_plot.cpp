@@ -82,7 +82,8 @@ void Draw_Labels() {
   const std::string_view sWidest = hAveragePlot.NRepeat < 10 ? "0" : "00";
   const R4 fDisc = fDiscMargin +
                    std::hypot(WGrTextLength(sWidest) / hPixel.fX, fDigitHeight * InfoGraphics(iCharHeight) / hPixel.fY);
-  const auto hLabel = Labels_with_Room(All_Labels(), {fDisc * hPixel.fX, fDisc * hPixel.fY});
+  auto& hLabel = hAveragePlot.hLabel;
+  hLabel = Labels_with_Room(All_Labels(), {fDisc * hPixel.fX, fDisc * hPixel.fY});
   IPgClipRectangle("G");
   IGrColourN(iWhite);
   for (const RepeatLabel& h : hLabel) IGrDisc(h.h.fX, h.h.fY, fDisc);

@@ -8,6 +8,7 @@
 #include "metadata/enm_data.h"
 #include "model/derived.h"
 #include "model/tmd_data.h"
+#include "review/plot/read_out.h"
 #include "toolkit/draw/draw.h"
 #include "toolkit/draw/last_error.h"
 #include "toolkit/draw/plot_axes.h"
@@ -229,6 +230,46 @@ I4 TEM_Map_View_Plot(std::string_view sStnFile) {
   sPlanStnFile = sStnFile;
   LogText_Show_Picture(Show_View);
   return 0;
+}
+
+std::string Plan_Words(I4 j, const PlanView& h) {
+  const MapPoint hRx{hTrn(j).dRxXYZ(1), hTrn(j).dRxXYZ(2)};
+  const auto Tenths = [](R8 dValue) { return Str_Write_R8(dValue, "(F0.1)").str(); };
+  const std::string s = Sounding_Words(hTrn(j)) + " at " + Tenths(hRx.dX) + " E, " + Tenths(hRx.dY) + " N";
+  if (!Has_Fixed_Transmitter(hTemSurvey)) return s;  // its loop is not the one that is drawn
+  return s + ", " + Length_Text(Distance(h.hCentre, hRx)) + " from the loop's centre";
+}
+
+namespace {
+
+constexpr R4 fReach = 0.5f;  // graphics units in which the pointer is near a receiver
+
+/// The transient of the receiver nearest to a place; of several at one place the first. 0: none is within reach.
+I4 Nearest_Receiver(const GrPoint& hPointer) {
+  I4 jNearest = 0;
+  R4 fNearest = fReach;
+  for (I4 j = 1; j <= NTrn; ++j) {
+    if (!Is_Position(hTrn(j).dRxXYZ)) continue;
+    const GrPoint h = Gr_Point({hTrn(j).dRxXYZ(1), hTrn(j).dRxXYZ(2)});
+    const R4 fAway = std::hypot(h.fX - hPointer.fX, h.fY - hPointer.fY);
+    if (fAway > fNearest || (fAway == fNearest && jNearest != 0)) continue;
+    fNearest = fAway;
+    jNearest = j;
+  }
+  return jNearest;
+}
+
+}  // namespace
+
+void TEM_Map_View_Follow(const Message& hMove) {
+  const I4 j = Nearest_Receiver({hMove.GX, hMove.GY});
+  if (j == 0 && !bReceiverNamed) return;  // what the last command had to say stays
+  bReceiverNamed = j != 0;
+  IGrRingOff();
+  WindowOutStatusBar(iStatusProgress, j == 0 ? "" : Plan_Words(j, Plan_View()));
+  if (j == 0) return;
+  const GrPoint h = Gr_Point({hTrn(j).dRxXYZ(1), hTrn(j).dRxXYZ(2)});
+  IGrRing(h.fX, h.fY);
 }
 
 }  // namespace quillan

@@ -12,11 +12,14 @@
 #include "base/array.h"
 #include "base/types.h"
 #include "review/plot/map_plot.h"
+#include "toolkit/window/messages.h"
 
 namespace quillan {
 
 // Module state. TEM_Map_View_Plot fills it.
 inline std::string sPlanStnFile;  // where the positions on show are from
+// TEM_Map_View_Follow keeps it, a new command clears it: the status bar names a receiver.
+inline bool bReceiverNamed = false;
 
 /// What the view shows, apart from drawing, in the survey's length unit.
 struct PlanView {
@@ -37,5 +40,11 @@ struct PlanView {
 /// it stays until the next line of the log.
 /// Returns 0; 1 there are no transients, or the window has no room.
 [[nodiscard]] I4 TEM_Map_View_Plot(std::string_view sStnFile);
+
+/// The receiver of transient j in words: its sounding, its place, of a fixed loop its distance from the centre.
+[[nodiscard]] std::string Plan_Words(I4 j, const PlanView& h);
+
+/// While the view is on show: the receiver near the pointer has a ring, and the status bar names it.
+void TEM_Map_View_Follow(const Message& hMove);
 
 }  // namespace quillan

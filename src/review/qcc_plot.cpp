@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "foundations/str_parse.h"
 #include "foundations/str_write.h"
@@ -40,18 +41,28 @@ void Add_Point(const Transient& h, I4 I) {
   hCurve.fYPobs(N) = fAsinh10(Plot_Values(h, hCurve.iPlotType)(I), fYDscl);
   hCurve.fYPerr(N) = std::max(0.0f, h.fuVpct(I));
   hCurve.ITWofIPlt(N) = I;
-  PlotRange& r = hCurve.hRange0;
-  Join_Range(hCurve.fXPobs(N), hCurve.fXPobs(N), r.fXPmin, r.fXPmax);
-  Join_Range(hCurve.fYPobs(N), hCurve.fYPobs(N), r.fYPmin, r.fYPmax);
+}
+
+/// The range of all points, or of those that are not hidden while there are some.
+PlotRange Range_of_Curve() {
+  bool bAll = true;
+  for (I4 I = 1; I <= hCurve.NPobs; ++I) bAll = bAll && hCurve.Is_Hidden(I);
+  PlotRange r{fRangeMin0, fRangeMax0, 0.0f, fAsinh10(fYAlways, fYDscl)};
+  for (I4 I = 1; I <= hCurve.NPobs; ++I) {
+    if (hCurve.Is_Hidden(I) && !bAll) continue;
+    Join_Range(hCurve.fXPobs(I), hCurve.fXPobs(I), r.fXPmin, r.fXPmax);
+    Join_Range(hCurve.fYPobs(I), hCurve.fYPobs(I), r.fYPmin, r.fYPmax);
+  }
+  return r;
 }
 
 void Add_Points(const Transient& h) {
-  hCurve.hRange0 = {fRangeMin0, fRangeMax0, 0.0f, fAsinh10(fYAlways, fYDscl)};
   for (I4 I = 1; I <= h.NTW; ++I) {
     // A time at or below 0 has no place on a logarithmic axis.
     const bool bTime = h.fTWCen(I) > 0.0f && std::isfinite(h.fTWCen(I));
     if (bTime && Is_Usable(h, hCurve.iPlotType, I)) Add_Point(h, I);
   }
+  hCurve.hRange0 = Range_of_Curve();
 }
 
 std::string Separation(const Transient& h) {
@@ -83,7 +94,7 @@ GrPoint Gr_Point(I4 I) {
 }
 
 bool In_View(I4 I) {
-  return hCurve.hRange.Has(hCurve.fXPobs(I), hCurve.fYPobs(I));
+  return !hCurve.Is_Hidden(I) && hCurve.hRange.Has(hCurve.fXPobs(I), hCurve.fYPobs(I));
 }
 
 // Live points, then skipped ones: lines of one colour and type are drawn in one call.
@@ -105,7 +116,7 @@ void Draw_Curve(const Array1<GrPoint, MTW>& hPoint, L4 bSkip) {
 void Draw_Error_Bars(L4 bSkip) {
   constexpr R4 fPercent = 100.0f;
   for (I4 I = 1; I <= hCurve.NPobs; ++I) {
-    if (hCurve.Is_Skipped(I) != bSkip || hCurve.fYPobs(I) <= fYErrorBars) continue;
+    if (hCurve.Is_Skipped(I) != bSkip || hCurve.Is_Hidden(I) || hCurve.fYPobs(I) <= fYErrorBars) continue;
     const R4 fHalf = std::log10(1.0f + hCurve.fYPerr(I) / fPercent);
     IPgJoin2(hCurve.fXPobs(I), hCurve.fYPobs(I) - fHalf, hCurve.fXPobs(I), hCurve.fYPobs(I) + fHalf);
   }
@@ -120,7 +131,8 @@ void Draw_Symbols(const Array1<GrPoint, MTW>& hPoint, L4 bSkip, std::string_view
 
 void Draw_Data() {
   Array1<GrPoint, MTW> hPoint;
-  for (I4 I = 1; I <= hCurve.NPobs; ++I) hPoint(I) = Gr_Point(I);
+  constexpr R4 fNowhere = std::numeric_limits<R4>::quiet_NaN();  // a line there is not drawn
+  for (I4 I = 1; I <= hCurve.NPobs; ++I) hPoint(I) = hCurve.Is_Hidden(I) ? GrPoint{fNowhere, fNowhere} : Gr_Point(I);
   IPgClipRectangle("P");
   for (const L4 bSkip : {false, true}) {
     Set_Colour(bSkip);
@@ -190,14 +202,71 @@ I4 QCC_Plot_File(std::string_view sFile, const PictureKind& hKind, std::string_v
       hKind, sFile, [] { Draw_Plot({}); }, sSmallPrint);
 }
 
-I4 QCC_Nearest_Point(const GrPoint& hClick, R4 fRGrMax) {
+namespace {
+
+I4 Nearest_of_All(const GrPoint& hClick, R4 fRGrMax) {
   return Nearest_Point(hClick, fRGrMax, [](I4) { return true; });
 }
 
+I4 Nearest_to_Change(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax) {
+  return Nearest_Point(hClick, fRGrMax, [bSetSkip](I4 I) { return hCurve.Is_Skipped(I) != bSetSkip; });
+}
+
+PickedPoint Picked(I4 I) {
+  return I == 0 ? PickedPoint{} : PickedPoint{hCurve.iTrn, hCurve.ITWofIPlt(I)};
+}
+
+}  // namespace
+
 L4 QCC_SkipPoint(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax) {
-  const I4 I = Nearest_Point(hClick, fRGrMax, [&](I4 K) { return hCurve.Is_Skipped(K) != bSetSkip; });
+  const L4 bFound = Nearest_of_All(hClick, fRGrMax) != 0;
+  const I4 I = Nearest_to_Change(bSetSkip, hClick, fRGrMax);
   if (I != 0) Edit_Window_Flag(hCurve.iTrn, hCurve.ITWofIPlt(I), bSetSkip);
-  return I != 0 || QCC_Nearest_Point(hClick, fRGrMax) != 0;
+  return bFound;
+}
+
+PickedPoint QCC_Nearest_Point(const GrPoint& hClick, R4 fRGrMax) {
+  return Picked(Nearest_of_All(hClick, fRGrMax));
+}
+
+PickedPoint QCC_Clicked_Point(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax) {
+  const I4 I = Nearest_to_Change(bSetSkip, hClick, fRGrMax);
+  return I != 0 ? Picked(I) : QCC_Nearest_Point(hClick, fRGrMax);
+}
+
+std::optional<GrPoint> QCC_Place(const PickedPoint& hPoint) {
+  for (I4 I = 1; I <= hCurve.NPobs && hPoint.iTrn == hCurve.iTrn; ++I) {
+    const bool bThis = hCurve.ITWofIPlt(I) == hPoint.iTwc;
+    if (bThis && hCurve.hRange.Has(hCurve.fXPobs(I), hCurve.fYPobs(I))) return Gr_Point(I);
+  }
+  return std::nullopt;
+}
+
+PickedPoint QCC_Step(I4 iTwc, I4 NWindow) {
+  I4 IFound = 0;
+  for (I4 I = 1; I <= hCurve.NPobs; ++I) {
+    const I4 iThis = hCurve.ITWofIPlt(I);
+    if (!In_View(I)) continue;
+    if (NWindow < 0 && iTwc > 0 && iThis < iTwc) IFound = I;  // the last one before it
+    if ((NWindow > 0 || iTwc == 0) && iThis > iTwc && IFound == 0) IFound = I;
+  }
+  return IFound != 0 ? Picked(IFound) : PickedPoint{hCurve.iTrn, iTwc};
+}
+
+PickedPoint QCC_Point_of_Window(I4 iTwc) {
+  I4 INearest = 0;
+  for (I4 I = 1; I <= hCurve.NPobs; ++I) {
+    const auto Away = [iTwc](I4 IAt) { return std::abs(hCurve.ITWofIPlt(IAt) - iTwc); };
+    if (In_View(I) && (INearest == 0 || Away(I) < Away(INearest))) INearest = I;
+  }
+  return Picked(INearest);
+}
+
+void QCC_Follow_Range() {
+  if (hCurve.NPobs < 1) return;
+  const PlotRange hWhole = Range_of_Curve();
+  if (hCurve.hRange == hCurve.hRange0) Set_Range(hWhole);
+  hCurve.hRange0 = hWhole;
 }
 
 L4 QCC_SkipBox(L4 bSetSkip, const GrBox& hBox) {
@@ -205,7 +274,7 @@ L4 QCC_SkipBox(L4 bSetSkip, const GrBox& hBox) {
   const PlotRange r = Range_of_Box(hBox);
   L4 bFound = false;
   for (I4 I = 1; I <= hCurve.NPobs; ++I) {
-    if (!r.Has(hCurve.fXPobs(I), hCurve.fYPobs(I))) continue;
+    if (hCurve.Is_Hidden(I) || !r.Has(hCurve.fXPobs(I), hCurve.fYPobs(I))) continue;
     bFound = true;
     Edit_Window_Flag(hCurve.iTrn, hCurve.ITWofIPlt(I), bSetSkip);
   }

@@ -6,6 +6,7 @@
 // Y axis by plot type:  1 dB/dt   2 B(t)   3 apparent resistivity; components other than Hx, Hy, Hz have the first only
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,7 @@
 #include "review/decay_frame.h"
 #include "review/plot/plot_range.h"
 #include "review/plot/plot_title.h"
+#include "review/plot/read_out.h"
 #include "review/plot/ticks.h"
 #include "review/plot_file.h"
 
@@ -42,6 +44,7 @@ struct CurvePlot {
   I4 NPlotType() const { return static_cast<I4>(sPlotType.size()); }
   /// Drawn as skipped: its time window or the whole transient is.
   L4 Is_Skipped(I4 I) const { return hTrn(iTrn).bSkipTrn || hTrn(iTrn).bSkip(ITWofIPlt(I)); }
+  L4 Is_Hidden(I4 I) const { return bHideSkipped && Is_Skipped(I); }
 };
 
 // Module state: the curve on show. QCC_Plot_Initialize fills it for each transient, a zoom changes its range.
@@ -58,16 +61,29 @@ void QCC_Plot_Trns(const TitleRoom& hTitleRoom = {});
 /// The same picture in a file (plot_file.h). Returns 0; 1 the file could not be written, which is reported.
 [[nodiscard]] I4 QCC_Plot_File(std::string_view sFile, const PictureKind& hKind, std::string_view sSmallPrint);
 
-/// The point in view nearest to a click, within fRGrMax of it in graphics units, of equally near ones the earliest; 0
-/// where there is none.
-[[nodiscard]] I4 QCC_Nearest_Point(const GrPoint& hClick, R4 fRGrMax);
-
 /// The flag of the point nearest to a click, of those in view whose flag would change and that lie within fRGrMax, all
 /// in graphics units: set or cleared in its time window. Of points equally near the earliest. Returns whether there is
 /// a point at all within reach, whatever its flag.
 [[nodiscard]] L4 QCC_SkipPoint(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax);
-/// The same for every point in or on a box of graphics units, in view or not. Returns whether there is one.
+/// The same for every point in or on a box of graphics units, in view or not, but none that is hidden. Returns whether
+/// there is one.
 [[nodiscard]] L4 QCC_SkipBox(L4 bSetSkip, const GrBox& hBox);
+
+/// The point in view that is nearest to a click, within fRGrMax, all in graphics units; iTrn 0: none is.
+[[nodiscard]] PickedPoint QCC_Nearest_Point(const GrPoint& hClick, R4 fRGrMax);
+/// The point that a click there is about: the one whose flag it would change, else the nearest one.
+[[nodiscard]] PickedPoint QCC_Clicked_Point(L4 bSetSkip, const GrPoint& hClick, R4 fRGrMax);
+/// Where a point of the curve is drawn, hidden or not; nothing out of view, and where the point is of another curve.
+[[nodiscard]] std::optional<GrPoint> QCC_Place(const PickedPoint& hPoint);
+/// The visible point NWindow points (1 or -1) on from a time window, which need not be visible itself; the same one
+/// where there is none. From window 0 the first.
+[[nodiscard]] PickedPoint QCC_Step(I4 iTwc, I4 NWindow);
+/// The visible point whose window is nearest to a time window.
+[[nodiscard]] PickedPoint QCC_Point_of_Window(I4 iTwc);
+
+/// The range of the whole curve becomes that of the points that are shown; so does the range in force, unless the user
+/// has zoomed.
+void QCC_Follow_Range();
 
 /// The plot range becomes a box of graphics units, made at least as large as a zoom has to be (plot_range.h).
 void QCC_Zoom_Box(const GrBox& hBox);

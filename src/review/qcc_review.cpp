@@ -1,6 +1,7 @@
 #include "review/qcc_review.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include "foundations/log_file.h"
@@ -52,6 +53,7 @@ void Show(CurveView& h) {
   WDialogPutTrackbar(iTrkCurve, h.iTrn);
   if (h.iTrn != h.iTrn0 || iCurvePlotType != h.iPlotType0) Make_Plot(h);
   if (!h.bRedraw) return;
+  QCC_Follow_Range();
   QCC_Plot_Trns(Tool_Title_Room());
   h.bRedraw = false;
 }
@@ -126,12 +128,12 @@ void Export(CurveView& h) {
 // clang-format off
 constexpr Gesture<CurveView> hGesture[] = {
     // button         key        procedure
-    {0,               'F',       First       },
-    {0,               'L',       Last        },
-    {0,               'N',       Next        },
+    {0,               'F',       First,        {}, "", "first sounding"},
+    {0,               'L',       Last,         {}, "", "last sounding"},
+    {0,               'N',       Next,         {}, "", "next sounding"},
     {0,               iKeyDown,  Next        },
     {0,               iKeyRight, Next        },
-    {0,               'P',       Previous    },
+    {0,               'P',       Previous,     {}, "", "previous sounding"},
     {0,               iKeyUp,    Previous    },
     {0,               iKeyLeft,  Previous    },
     {iBtnSkipAll,     0,         Skip_All,     {}, "Skip All"},
@@ -139,17 +141,17 @@ constexpr Gesture<CurveView> hGesture[] = {
     {iBtnZoomIn,      0,         Zoom_In     },
     {iBtnZoomAll,     0,         Zoom_All    },
     {iBtnViewSection, 0,         View_Section},
-    {iCmdExport,      iKeyCtrlE, Export      },
+    {iCmdExport,      iKeyCtrlE, Export,       {}, "", "export the plot or its data"},
     {iBtnSaveData,    0,         Save_Data   },
-    {iBtnExitReview,  'X',       Exit_Review },
+    {iBtnExitReview,  'X',       Exit_Review,  {}, "", "leave the review"},
     {0,               iKeyEsc,   Exit_Review },
 };
 // clang-format on
 
 /// The window of the point nearest to a click, and all later ones.
 void Flag_Later(const GrPoint& hClick, L4 bSetSkip) {
-  const I4 I = QCC_Nearest_Point(hClick, fReach);
-  Say_Flagged(bSetSkip, I == 0 ? 0 : Flag_Later_Windows(bSetSkip, hCurve.iTrn, hCurve.ITWofIPlt(I)));
+  const PickedPoint h = QCC_Nearest_Point(hClick, fReach);
+  Say_Flagged(bSetSkip, h.iTrn == 0 ? 0 : Flag_Later_Windows(bSetSkip, h.iTrn, h.iTwc));
 }
 
 /// A drag flags a box of points; one too small for a box, as of an unsteady hand, the point nearest to its press.
@@ -160,6 +162,7 @@ void Flag_Points(CurveView& h, const Message& hPress, L4 bSetSkip) {
   const bool bBox = Is_Box(hMouse.hBox);
   const GrPoint hClick{hPress.GX, hPress.GY};
   if (!bBox && hPress.bCtrl) return Flag_Later(hClick, bSetSkip);
+  if (!bBox) h.hClicked = QCC_Clicked_Point(bSetSkip, hClick, fReach);
   const L4 bFound = bBox ? QCC_SkipBox(bSetSkip, hMouse.hBox) : QCC_SkipPoint(bSetSkip, hClick, fReach);
   if (!bFound) Say_No_Point();
 }
@@ -197,6 +200,29 @@ void Go_To(CurveView& h, const TakenBack& hBack) {
   if (hBack.bRegrouped) h.iFlag = iFlagCurve;  // the tool window counts anew
 }
 
+// ---- pointing
+
+PickedPoint Near(const CurveView&, const GrPoint& hPointer) {
+  return QCC_Nearest_Point(hPointer, fReach);
+}
+
+std::optional<GrPoint> Place(const CurveView&, const PickedPoint& h) {
+  return QCC_Place(h);
+}
+
+std::string In_Words(const CurveView&, const PickedPoint& h) {
+  return Point_Words(hTrn(h.iTrn), h.iTwc, hCurve.iPlotType);
+}
+
+/// The curve of another sounding has its point where it had one of the same window, or the nearest one.
+PickedPoint Step(CurveView& h, const PickedPoint& hFrom, I4 NWindow, I4 NSounding) {
+  const bool bBegun = hFrom.iTrn == h.iTrn;
+  if (NSounding == 0 || !bBegun) return QCC_Step(bBegun ? hFrom.iTwc : 0, NWindow);
+  h.iTrn = std::clamp(h.iTrn + NSounding, 1, NTrn);
+  Show(h);
+  return QCC_Point_of_Window(hFrom.iTwc);
+}
+
 }  // namespace
 
 void QCC_Review_Initialize() {
@@ -207,8 +233,12 @@ ReviewEnd QCC_Review(I4 iTrn) {
   if (NTrn < 1) return {iFlagExit, 0, iTrn};
   CurveView hView;
   hView.iTrn = std::clamp(iTrn, 1, NTrn);
+  hView.sRest = bHideSkipped ? sHiddenHint : "";
   const ToolWindow hTool(iDlgReviewCurve, iTrkCurve, iLblCurveCount, NTrn, Tool_Trackbar_Step(NTrn));
-  Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close, true, Shown, Go_To});
+  Review_Loop(hView, hGesture,
+              {
+                  Show, On_Press, On_Field, Tool_Follow, On_Close, true, Shown, Go_To, {Near, Place, In_Words, Step}
+  });
   return {hView.iFlag, 0, hView.iTrn};
 }
 

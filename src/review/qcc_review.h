@@ -11,6 +11,8 @@
 //   left, right click   set, clear the skip flag of the point nearest to it
 //   left, right drag    set, clear the flags of all points in the box
 //   Ctrl with a click   set, clear the flags of the point's window and all later ones
+//   Ctrl and arrows     the ring to another window (up, down) or sounding; Space skips or clears, also with Shift
+//   Ctrl+H, Ctrl+T, ?   skipped points hidden, tool window rolled up, list of keys
 //   Ctrl+Z, Ctrl+Y      take the last edit back, do it again; the curve where it was is shown
 #pragma once
 

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "foundations/file_util.h"
+#include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "foundations/str_write.h"
 #include "metadata/enm_data.h"
 #include "model/tmd_data.h"
@@ -130,7 +132,11 @@ I4 QCS_Section_Write_CSV(std::string_view sCsvFile, I4 iSection, I4 iPlotType) {
   Begin_Table("Exporting TEM profile-plot data to", sCsvFile);
   TextWriter out(sCsvFile);
   Write_Header(First_Transient(iSection), out);
-  for (I4 j = hSection(iSection).iTrnBeg; j <= hSection(iSection).iTrnEnd; ++j) {
+  const SectionRecord& h = hSection(iSection);
+  // The plot control stands already: the table has to follow.
+  Progress work("Exporting", "soundings", h.iTrnEnd - h.iTrnBeg + 1, 1, Stoppable::No);
+  for (I4 j = h.iTrnBeg; j <= h.iTrnEnd; ++j) {
+    static_cast<void>(work.Goes_On(j - h.iTrnBeg));
     Write_Transient(hTrn(j), iPlotType, out);
   }
   return End_Table(out, sCsvFile, " data export is complete.");

@@ -1,6 +1,7 @@
 #include "review/qcs_review.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,7 @@
 #include "toolkit/dialog/dialog.h"
 #include "toolkit/draw/draw.h"
 #include "toolkit/draw/last_error.h"
+#include "toolkit/draw/plot_axes.h"
 #include "toolkit/window/window.h"
 
 namespace quillan {
@@ -53,6 +55,7 @@ struct SectionView : ReviewView {
   I4 iPlotType = 1;
   I4 NPlotType = 1;
   PlotRange hRange, hFull;
+  PlotRange hFull0;       // with the points that are hidden
   R4 fYPNoise0 = fDummy;  // what was last put into the field of the noise floor
   bool bFieldChanged = false;
   bool bInitialize = true;  // the range has to be made again, which ends a zoom
@@ -97,10 +100,18 @@ void Initialize_Plot(SectionView& hView) {
   hView.bInitialize = false;
   // A section without values must not show the scale of the one before.
   hView.hFull = QCS_Section_Initialize(hView.iSection, hView.iPlotType).value_or(PlotRange{});
+  hView.hFull0 = hView.hFull;
   hView.hRange = hView.hFull;
   hView.fYPNoise0 = fYPNoise(hView.iPlotType);
   WDialogPutReal(iFldNoiseFloor, hView.fYPNoise0, "(1P,G14.3)");
   hView.bRedraw = true;
+}
+
+/// The scale follows what is hidden and shown, unless the user has zoomed.
+void Follow_Range(SectionView& hView) {
+  const PlotRange hFull = bHideSkipped ? QCS_Range_Shown(hView.hFull0) : hView.hFull0;
+  if (hView.hRange == hView.hFull) hView.hRange = hFull;
+  hView.hFull = hFull;
 }
 
 /// Brings fields, ranges and picture up to date.
@@ -114,6 +125,7 @@ void Show(SectionView& hView) {
   if (hView.bInitialize) Initialize_Plot(hView);
   if (!hView.bRedraw) return;
   hView.bRedraw = false;
+  Follow_Range(hView);
   // What cannot be drawn was reported; the user goes on to another section.
   static_cast<void>(QCS_Section_Plot(hView.iSection, hView.iPlotType, hView.hRange, Tool_Title_Room()));
 }
@@ -287,10 +299,10 @@ constexpr Gesture<SectionView> hGesture[] = {
     {0,                 0,         nullptr,       {1, iCmdRedo,          "Redo", sRedoTip, sRedoKeys}},
     {iBtnExitReview,    0,         Leave,         {0, iCmdExit,          "Exit Review",
         "Exit data review without saving changes.", ""}},
-    {0,                 'N',       Next},
+    {0,                 'N',       Next,     {}, "", "next section"},
     {0,                 iKeyDown,  Next},
     {0,                 iKeyRight, Next},
-    {0,                 'P',       Previous},
+    {0,                 'P',       Previous, {}, "", "previous section"},
     {0,                 iKeyUp,    Previous},
     {0,                 iKeyLeft,  Previous},
 };
@@ -305,6 +317,7 @@ void Flag_at(SectionView& hView, const Message& hPress, L4 bSkip) {
   hView.bRedraw = true;
   if (hPress.bShift) return Say_Flagged(bSkip, QCS_Flag_Window(bSkip, hView.iSection, hPicked.iTwc));
   if (hPress.bCtrl) return Say_Flagged(bSkip, Flag_Later_Windows(bSkip, hPicked.iTrn, hPicked.iTwc));
+  hView.hClicked = hPicked;  // of many windows their count is told, of one what it is
   Edit_Window_Flag(hPicked.iTrn, hPicked.iTwc, bSkip);
 }
 
@@ -345,18 +358,43 @@ void Go_To(SectionView& hView, const TakenBack& hBack) {
   if (hBack.bRegrouped) hView.iFlag = iFlagSection;  // the tool window counts anew
 }
 
+// ---- pointing
+
+PickedPoint Near(const SectionView& hView, const GrPoint& hPointer) {
+  return Point_at(hView, hPointer, fReachFlag);
+}
+
+std::optional<GrPoint> Place(const SectionView& hView, const PickedPoint& h) {
+  const auto hAt = QCS_Point_in_Range(h, hView.hRange);
+  if (!hAt) return std::nullopt;
+  return IPgUnitsToGrUnits(hAt->fX, hAt->fY);
+}
+
+std::string In_Words(const SectionView& hView, const PickedPoint& h) {
+  return Point_Words(hTrn(h.iTrn), h.iTwc, hView.iPlotType);
+}
+
+PickedPoint Step(SectionView& hView, const PickedPoint& h, I4 NWindow, I4 NSounding) {
+  return QCS_Step(h, NWindow, NSounding, hView.hRange);
+}
+
 }  // namespace
 
 ReviewEnd QCS_Review(I4 iTrn) {
   if (NTrn < 1 || NSection < 1) return {iFlagExit, 1, iTrn};
   SectionView hView;
+  hView.sRest = bHideSkipped ? sHiddenHint : "";
   hView.iTrn = std::clamp(iTrn, 1, NTrn);
   hView.iSection = std::clamp(hTrn(hView.iTrn).iSection, 1, NSection);
   Define_Menu(iMenuSection, hGesture);
   WMenu(iMenuSection);
   {
     const ToolWindow hTool(iDlgReviewSection, iTrkSection, iLblSectionCount, NSection, iSectionStep);
-    Review_Loop(hView, hGesture, {Show, On_Press, On_Field, Tool_Follow, On_Close, true, Shown, Go_To});
+    Review_Loop(
+        hView, hGesture,
+        {
+            Show, On_Press, On_Field, Tool_Follow, On_Close, true, Shown, Go_To, {Near, Place, In_Words, Step}
+    });
   }
   WMenu(iNoMenu);
   return {hView.iFlag, hView.iError, hView.iTrn};

@@ -7,6 +7,8 @@
 //   Shift with a click  the same of the point's window at all stations of the section
 //   Ctrl with a click  the same of the point's window and all later ones of the sounding
 //   Shift with a drag  the same of all points in the box
+//   Ctrl and arrows    the ring to another window (up, down) or sounding; Space skips or clears, also with Shift
+//   Ctrl+H, Ctrl+T, ?  skipped points hidden, tool window rolled up, list of keys
 //   Ctrl+Z, Ctrl+Y     take the last edit back, do it again; the section where it was is shown
 //
 // Everything else is in the menu bar, most of it also in the tool window 118.

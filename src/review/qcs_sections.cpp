@@ -101,6 +101,12 @@ bool Has_Ranges(I4 iSection, I4 iPlotType) {
   return !Reported(sError);
 }
 
+/// Takes in 0 and at least one unit.
+void Put_Y_Range(PlotRange& hRange, R4 fYMin, R4 fYMax) {
+  hRange.fYPmin = fYMin;
+  hRange.fYPmax = std::max({fYMax, 0.0f, fYMin + fYWidthLeast});
+}
+
 PlotRange Full_Range(const SectionRecord& h, const ValueRange& hValue) {
   PlotRange hRange;
   hRange.fXPmin = h.fStnMin;
@@ -110,8 +116,7 @@ PlotRange Full_Range(const SectionRecord& h, const ValueRange& hValue) {
     hRange.fXPmin -= fWidth;
     hRange.fXPmax = hRange.fXPmin + 2.0f * fWidth;
   }
-  hRange.fYPmin = fAsinh10(hValue.fMin, fYPScale);
-  hRange.fYPmax = std::max({fAsinh10(hValue.fMax, fYPScale), 0.0f, hRange.fYPmin + fYWidthLeast});
+  Put_Y_Range(hRange, fAsinh10(hValue.fMin, fYPScale), fAsinh10(hValue.fMax, fYPScale));
   return hRange;
 }
 
@@ -217,10 +222,60 @@ std::optional<PlotRange> QCS_Section_Initialize(I4 iSection, I4 iPlotType) {
   return Full_Range(h, h.hValue(iPlotType));
 }
 
+PlotRange QCS_Range_Shown(const PlotRange& hFull) {
+  R4 fYMin = fRangeMin0, fYMax = fRangeMax0;
+  QCS_Visit_Points(hFull, [&](const SectionPoint& h) { Join_Range(h.fY, h.fY, fYMin, fYMax); });
+  PlotRange hRange = hFull;
+  if (fYMin <= fYMax) Put_Y_Range(hRange, fYMin, fYMax);
+  return hRange;
+}
+
+std::optional<SectionPoint> QCS_Point_in_Range(const PickedPoint& h, const PlotRange& hRange) {
+  if (hScaled.iSection == 0 || h.iTrn < hScaled.iTrnBeg) return std::nullopt;
+  const auto J = static_cast<std::size_t>(h.iTrn - hScaled.iTrnBeg);
+  if (J >= hScaled.hColumn.size() || h.iTwc < 1 || h.iTwc > hScaled.hColumn[J].NTW) return std::nullopt;
+  const R4 fX = hScaled.hColumn[J].fX, fY = hScaled.fY_at(J, h.iTwc);
+  if (!Is_Present(fY) || !hRange.Has(fX, fY)) return std::nullopt;
+  return SectionPoint{h.iTrn, h.iTwc, fX, fY, hTrn(h.iTrn).bSkip(h.iTwc)};
+}
+
+PickedPoint QCS_Step(const PickedPoint& hPoint, I4 NWindow, I4 NSounding, const PlotRange& hRange) {
+  if (!QCS_Point_in_Range(hPoint, hRange)) {
+    PickedPoint hFirst;
+    QCS_Visit_Points(hRange, [&](const SectionPoint& h) {
+      if (hFirst.iTrn == 0) hFirst = {h.iTrn, h.iTwc};
+    });
+    return hFirst;
+  }
+  const I4 iTrnEnd = hScaled.iTrnBeg + static_cast<I4>(hScaled.hColumn.size()) - 1;
+  PickedPoint h = hPoint;
+  do {
+    h = {h.iTrn + NSounding, h.iTwc + NWindow};
+    const auto hAt = QCS_Point_in_Range(h, hRange);
+    if (hAt && !(bHideSkipped && hAt->bSkip)) return h;
+  } while (h.iTrn >= hScaled.iTrnBeg && h.iTrn <= iTrnEnd && h.iTwc >= 1 && h.iTwc <= MTW);
+  return hPoint;
+}
+
+namespace {
+
+/// The part of a range in which stations within fReach of a click lie, and a little more.
+PlotRange Columns_near(const GrPoint& hClick, PlotRange hRange, const PlotMap& hMap, R4 fReach) {
+  constexpr R4 fMargin = 1.01f;
+  const R4 fX = hMap.fX0 + (hClick.fX - hMap.fXGr0) / hMap.fXGrPerUnit;
+  const R4 fHalf = fMargin * std::abs(fReach / hMap.fXGrPerUnit) + fXSpacingLeast * Spacing(fX);
+  if (!std::isfinite(fX) || !std::isfinite(fHalf)) return hRange;
+  hRange.fXPmin = std::max(hRange.fXPmin, fX - fHalf);
+  hRange.fXPmax = std::min(hRange.fXPmax, fX + fHalf);
+  return hRange;
+}
+
+}  // namespace
+
 PickedPoint QCS_Nearest_Point(const GrPoint& hClick, const PlotRange& hRange, const PlotMap& hMap, R4 fRGrMax) {
   PickedPoint hPicked;
   R4 fNearest = fRGrMax * fRGrMax;
-  QCS_Visit_Points(hRange, [&](const SectionPoint& h) {
+  QCS_Visit_Points(Columns_near(hClick, hRange, hMap, fRGrMax), [&](const SectionPoint& h) {
     const GrPoint hAt = hMap.Gr_Point(h.fX, h.fY);
     const R4 fDX = hAt.fX - hClick.fX;
     const R4 fDY = hAt.fY - hClick.fY;

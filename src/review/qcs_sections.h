@@ -22,6 +22,7 @@
 #include "model/tmd_data.h"
 #include "review/plot/plot_range.h"
 #include "review/plot/plot_types.h"
+#include "review/plot/read_out.h"
 
 namespace quillan {
 
@@ -67,6 +68,8 @@ struct ScaledSection {
   std::vector<Column> hColumn;  // one a transient
   std::vector<R4> fY;           // MTW a column: the scaled value, fDummy where there is none
 
+  /// Whether window I of column J is left out as skipped.
+  L4 Is_Hidden(std::size_t J, I4 I) const { return bHideSkipped && hTrn(iTrnBeg + static_cast<I4>(J)).bSkip(I); }
   R4 fY_at(std::size_t J, I4 I) const { return fY[J * MTW + static_cast<std::size_t>(I - 1)]; }
 };
 
@@ -108,6 +111,17 @@ std::vector<std::string> QCS_Plot_Types(I4 iRxCmp);
 /// reported, and no point is visible.
 std::optional<PlotRange> QCS_Section_Initialize(I4 iSection, I4 iPlotType);
 
+/// The full range of the section that is ready while skipped points are hidden: its values reach as far as those that
+/// are shown; hFull, its full range with all of them, where there is none.
+PlotRange QCS_Range_Shown(const PlotRange& hFull);
+
+/// Where a point of the section that is ready lies, hidden or not; nothing where it is not in the range.
+std::optional<SectionPoint> QCS_Point_in_Range(const PickedPoint& hPoint, const PlotRange& hRange);
+/// The visible point NWindow windows and NSounding soundings (0, 1 or -1 each) on from a point: the next one there is
+/// in that direction, of the same sounding or of the same window; the point itself where there is none. From a point
+/// that is not in the range, the first visible one.
+PickedPoint QCS_Step(const PickedPoint& hPoint, I4 NWindow, I4 NSounding, const PlotRange& hRange);
+
 /// Visit(SectionPoint) for each visible point: transients in their order, windows of each from the first.
 template <class Visit>
 void QCS_Visit_Points(const PlotRange& hRange, Visit visit);
@@ -116,11 +130,6 @@ void QCS_Visit_Points(const PlotRange& hRange, Visit visit);
 template <class Visit>
 void QCS_Visit_Joins(const PlotRange& hRange, Visit visit);
 
-/// A window that was picked; 0: none was.
-struct PickedPoint {
-  I4 iTrn = 0;  // transient
-  I4 iTwc = 0;  // time window
-};
 /// The visible point nearest to a click, within fRGrMax of it, all in graphics units; the first of equally near ones.
 PickedPoint QCS_Nearest_Point(const GrPoint& hClick, const PlotRange& hRange, const PlotMap& hMap, R4 fRGrMax);
 /// The same in the plot that is on the screen, for a click within the drawing area.
@@ -142,7 +151,8 @@ void QCS_Visit_Points(const PlotRange& hRange, Visit visit) {
     const I4 j = hScaled.iTrnBeg + static_cast<I4>(J);
     for (I4 I = 1; I <= hColumn.NTW; ++I) {
       const R4 fY = hScaled.fY_at(J, I);
-      if (Is_Present(fY) && hRange.Has_Y(fY)) visit(SectionPoint{j, I, hColumn.fX, fY, hTrn(j).bSkip(I)});
+      if (Is_Present(fY) && hRange.Has_Y(fY) && !hScaled.Is_Hidden(J, I))
+        visit(SectionPoint{j, I, hColumn.fX, fY, hTrn(j).bSkip(I)});
     }
   }
 }
@@ -160,6 +170,7 @@ void QCS_Visit_Joins(const PlotRange& hRange, Visit visit) {
       if (fX1 > hRange.fXPmax) break;
       const R4 fY1 = hScaled.fY_at(J - 1, I), fY2 = hScaled.fY_at(J, I);
       if (!Is_Present(fY1) || !Is_Present(fY2)) continue;
+      if (hScaled.Is_Hidden(J - 1, I) || hScaled.Is_Hidden(J, I)) continue;
       if (std::max(fY1, fY2) >= hRange.fYPmin && std::min(fY1, fY2) <= hRange.fYPmax) visit(fX1, fY1, fX2, fY2);
     }
   }

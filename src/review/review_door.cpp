@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/tmd_data.h"
+#include "review/plot/read_out.h"
 #include "review/qcc_review.h"
 #include "review/qcs_review.h"
 #include "review/qcs_sections.h"
@@ -33,6 +34,7 @@ ReviewEnd TEM_Review_Data() {
   if (NTrn < 1 || NSection < 0) return {.iError = 1};
 
   ReviewEnd h{.iFlag = TEM_First_Review(), .iTrn = std::clamp(hDoor.iTrn, 1, NTrn)};
+  bHideSkipped = false;
   WMenu(iNoMenu);
   while (h.iFlag == iFlagSection || h.iFlag == iFlagCurve) {
     hDoor.iFlag0 = h.iFlag;

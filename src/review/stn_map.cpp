@@ -37,6 +37,7 @@ constexpr R4 fCharShape = 0.445f;                                       // width
 constexpr R4 fRowsAbove = 2.2f;  // character heights above the plot, at least: the titles
 constexpr R4 fBarTitle = 1.2f;   // its size over that of the labels
 constexpr R8 dWiden = 1.1;
+constexpr R4 fReach = 0.5f;  // centimetres in which the pointer is near a station
 
 constexpr I4 MStep = 50;            // steps of the colour scale
 constexpr I4 MLabel = 10;           // labels beside it
@@ -142,18 +143,30 @@ std::vector<ColorLabel> Stn_Color_Labels(const ColorScale& h) {
   return hLabel;
 }
 
-std::string Stn_Pointer_Text(const MapPoint& hPointer) {
-  const std::string sText = Tenths(hPointer.dX) + " E, " + Tenths(hPointer.dY) + " N";
-  I4 iNearest = 0, iLineOf = 0;
+namespace {
+
+struct NearStation {
+  I4 iLine = 0, I = 0;  // 0: there are no stations
+};
+
+NearStation Nearest_Station(const MapPoint& hPointer) {
+  NearStation hNear;
   R8 dNearest = 0.0;
   Visit_Stations([&](I4 iLine, I4 I) {
     const MapPoint h = Position(I);
     const R8 dAway = std::hypot(h.dX - hPointer.dX, h.dY - hPointer.dY);
-    if (iNearest != 0 && dAway >= dNearest) return;
-    iNearest = I;
-    iLineOf = iLine;
+    if (hNear.I != 0 && dAway >= dNearest) return;
+    hNear = {iLine, I};
     dNearest = dAway;
   });
+  return hNear;
+}
+
+}  // namespace
+
+std::string Stn_Pointer_Text(const MapPoint& hPointer) {
+  const std::string sText = Tenths(hPointer.dX) + " E, " + Tenths(hPointer.dY) + " N";
+  const auto [iLineOf, iNearest] = Nearest_Station(hPointer);
   if (iNearest == 0) return sText;
   const MapPoint h = Position(iNearest);
   const std::string sLine = hStn.NStnLine > 1 ? " of line " + Str_Write_XYZR8(hStn.dStnLine(iLineOf)).str() : "";
@@ -328,9 +341,20 @@ bool Ends_Map(const Message& h) {
   }
 }
 
+/// The station that is named has a ring while the pointer is near.
+void Put_Ring(const MapPoint& hPointer, const Message& h) {
+  IGrRingOff();
+  const I4 I = Nearest_Station(hPointer).I;
+  if (I == 0) return;
+  const GrPoint hAt = IPgNumbersToGrUnits(Position(I).dX, Position(I).dY);
+  if (std::hypot(hAt.fX - h.GX, hAt.fY - h.GY) <= fReach) IGrRing(hAt.fX, hAt.fY);
+}
+
 void Show_Pointer(const Message& h) {
-  const AxisNumbers hPointer = IPgNumbersFromGrUnits(h.GX, h.GY);
-  WindowOutStatusBar(iStatusProgress, Stn_Pointer_Text({hPointer.dX, hPointer.dY}));
+  const AxisNumbers hNumbers = IPgNumbersFromGrUnits(h.GX, h.GY);
+  const MapPoint hPointer{hNumbers.dX, hNumbers.dY};
+  WindowOutStatusBar(iStatusProgress, Stn_Pointer_Text(hPointer));
+  Put_Ring(hPointer, h);
 }
 
 /// The window of the map, with its timer, for as long as it lives: also a lack of memory closes it.
@@ -346,6 +370,7 @@ class MapWindow {
   ~MapWindow() {
     WMessageTimer(0, iTimerMap);
     WMessageEnable(MessageType::MouseMove, false);
+    IGrRingOff();
     WindowCloseChild();
     IPgForget();
   }

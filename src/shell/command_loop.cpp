@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "base/program.h"
 #include "commands/history_commands.h"
 #include "commands/open_file.h"
 #include "commands/open_survey.h"
+#include "commands/recent_files.h"
 #include "commands/recovery.h"
 #include "commands/session.h"
 #include "commands/whole_command.h"
@@ -18,6 +21,7 @@
 #include "model/history.h"
 #include "model/tmd_data.h"
 #include "platform/arguments.h"
+#include "review/plan_view.h"
 #include "review/plot/colour_table.h"
 #include "shell/command_table.h"
 #include "shell/user_at_window.h"
@@ -62,7 +66,11 @@ void Initialize_All() {
 }
 
 void Read_First_File() {
+  std::vector<std::string> sNamed = Named_Files(".avg");
   sAvgFile = Get_File(IOsArgument(1), ".avg");
+  if (!sNamed.empty()) sNamed.front() = sAvgFile;
+  Offer_Files(std::move(sNamed));
+  const std::string sFile = sAvgFile;  // of some kinds another file is written
   Session_Title();
   (void)TEM_Read_Data(sAvgFile);  // a failure has been reported; the menu offers what is left
   hSession.sFileName = File_Name(sAvgFile);
@@ -70,6 +78,7 @@ void Read_First_File() {
   Begin_History();
   Show_No_Data();
   Recovery_Begin();
+  if (NTrn >= 1) Recent_Add(sFile);
 }
 
 // ---- loop
@@ -88,11 +97,13 @@ void Set_Menu_State() {
 void Begin_Command() {
   LogErr_Begin_Command();
   WindowOutStatusBar(iStatusProgress, "");  // what the command before had to say
+  bReceiverNamed = false;
 }
 
 /// A save needs its memory for itself, and what was done by hand in a review is not thrown away.
 Unfinished If_Unfinished(const Command& h) {
-  if (h.iCommand == iCmdOpen) return Unfinished::PutBack;
+  if (h.iCommand == iCmdOpen || (h.iCommand >= iCmdRecent && h.iCommand <= iCmdPreviousFile))
+    return Unfinished::PutBack;
   return h.bChangesData && h.iCommand != iCmdReview ? Unfinished::PutBack : Unfinished::Stay;
 }
 
@@ -104,6 +115,7 @@ void Carry_Out(I4 iChoice) {
   // A failure has been reported; the user chooses what comes next.
   (void)Run_Whole(h->Carry_Out, If_Unfinished(*h));
   if (h->bChangesData) Keep_Edit(h->sText);
+  Show_Recent();  // files come and go
   LogText_Renew_Picture();
 }
 
@@ -120,9 +132,14 @@ Message Next_Message() {
 [[noreturn]] void Command_Loop() {
   for (;;) {
     Set_Menu_State();
+    WMessageEnable(MessageType::MouseMove, LogText_Shows_Picture());
     const Message hMessage = Next_Message();
     switch (hMessage.iType) {
       case MessageType::Menu: Carry_Out(hMessage.VALUE1); break;
+      case MessageType::MouseMove:
+      case MessageType::MouseDown:
+        if (LogText_Shows_Picture()) TEM_Map_View_Follow(hMessage);
+        break;
       case MessageType::FileDropped:
         Begin_Command();
         (void)Run_Whole(Open_Dropped_File, Unfinished::PutBack);  // as with a command

@@ -22,12 +22,27 @@ I4 Exit_Program() {
   return 0;
 }
 
+constexpr std::string_view sRecentTip = "Open this file again.";
+
 // The words of the hints are the users' own; "Smoth" is what their manuals and notes quote.
 // clang-format off
 constexpr Command hCommand[] = {
     // depth, command       needs  changes procedure       text, keys, hint
     {0, 0,                  false, false,  nullptr,         "&File", "", ""},
     {1, iCmdOpen,           false, false,  Open_File,       "&Open", "Ctrl+O", "Open a new file."},
+    {1, 0,                  false, false,  nullptr,         "Open &Recent", "", ""},
+    {2, iCmdRecent,         false, false,  Open_Recent_File<1>, "", "", sRecentTip},
+    {2, iCmdRecent + 1,     false, false,  Open_Recent_File<2>, "", "", sRecentTip},
+    {2, iCmdRecent + 2,     false, false,  Open_Recent_File<3>, "", "", sRecentTip},
+    {2, iCmdRecent + 3,     false, false,  Open_Recent_File<4>, "", "", sRecentTip},
+    {2, iCmdRecent + 4,     false, false,  Open_Recent_File<5>, "", "", sRecentTip},
+    {2, iCmdRecent + 5,     false, false,  Open_Recent_File<6>, "", "", sRecentTip},
+    {2, iCmdRecent + 6,     false, false,  Open_Recent_File<7>, "", "", sRecentTip},
+    {2, iCmdRecent + 7,     false, false,  Open_Recent_File<8>, "", "", sRecentTip},
+    {1, iCmdNextFile,       false, false,  Open_Next_File,  "&Next File", "Ctrl+PgDown",
+                          "Open the next file of the command line."},
+    {1, iCmdPreviousFile,   false, false,  Open_Previous_File, "&Previous File", "Ctrl+PgUp",
+                          "Open the file of the command line before this one."},
     {1, iCmdSave,           true,  false,  Save_Data,       "&Save", "Ctrl+S", "Save current data."},
     {1, iCmdSaveAs,         true,  false,  Save_Data_As,    "Save &As", "Ctrl+Shift+S",
                           "Save current data with a new file name."},

@@ -20,7 +20,7 @@ inline constexpr I4 iCmdReadStn = 40018;
 inline constexpr I4 iCmdSurveyConfig = 40020;
 
 struct Command {
-  I4 iDepth;               // 0 on the bar, 1 in the drop-down menu that the last head began
+  I4 iDepth;               // 0 on the bar, 1 in the drop-down menu that the last head began, 2 beside it
   I4 iCommand;             // 0: the head of a drop-down menu
   bool bNeedsData;         // greyed without data
   bool bChangesData;       // counts as a change from its start on, also when the user then cancels

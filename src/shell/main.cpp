@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/program.h"
+#include "commands/recent_files.h"
 #include "commands/recovery.h"
 #include "foundations/log_file.h"
 #include "platform/safe_file.h"
@@ -64,6 +65,7 @@ int Run(Options& h) {
     Script_Load(h.sScript);
     Record_Listen();
     sJournalFolder = Journal_Folder(h);
+    Recent_Begin(h.sScript.empty() || h.bRecent);  // a script leaves the user's own list alone
     WInitialise(NRemaining, h.hRemaining.data());
     if (!h.sRecord.empty() && Record_Begin(h.sRecord) != 0) return Refuse("cannot write " + h.sRecord, 2);
     Run_Program();

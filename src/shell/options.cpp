@@ -7,11 +7,12 @@
 namespace quillan {
 
 constexpr std::string_view sHelpText =
-    "usage: quillan [OPTION]... [FILE]\n"
+    "usage: quillan [OPTION]... [FILE]...\n"
     "\n"
     "Editor for time-domain electromagnetic sounding data. FILE is an averaged\n"
     "(.avg), unaveraged (.xdb) or contour (.Z) data file; without an extension it\n"
-    "gets \".avg\".\n"
+    "gets \".avg\". Of several files the first is opened, and the menu offers the\n"
+    "others in turn as Next File and Previous File.\n"
     "\n"
     "  --example           open a copy of the example survey, made in the folder\n"
     "                      quillan-example\n"
@@ -20,6 +21,7 @@ constexpr std::string_view sHelpText =
     "  --record STEPS.txt  write what the user does as the steps of such a file\n"
     "  --journal FOLDER    where edits are kept until they are saved, in place of the\n"
     "                      user's state folder; a script without it keeps none\n"
+    "  --recent            keep the list of recent files also when a script plays\n"
     "  --version           print version and build, and end\n"
     "  --help              print this help and end\n"
     "  --                  what follows is a file, whatever it begins with\n"
@@ -41,6 +43,7 @@ constexpr Option hOption[] = {
     {"--help",    &Options::bHelp,    nullptr,            ""                    },
     {"--version", &Options::bVersion, nullptr,            ""                    },
     {"--example", &Options::bExample, nullptr,            ""                    },
+    {"--recent",  &Options::bRecent,  nullptr,            ""                    },
     {"--script",  nullptr,            &Options::sScript,  "the name of a file"  },
     {"--record",  nullptr,            &Options::sRecord,  "the name of a file"  },
     {"--journal", nullptr,            &Options::sJournal, "the name of a folder"},

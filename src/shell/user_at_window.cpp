@@ -7,6 +7,7 @@
 #include "commands/match_columns.h"
 #include "commands/match_word.h"
 #include "commands/z_data_type.h"
+#include "foundations/str_write.h"
 #include "toolkit/script/script.h"
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/messages.h"
@@ -37,11 +38,29 @@ void Show_Line(std::string_view sLine) {
   LogText_Update();
 }
 
+// ---- long work
+
+constexpr R8 dShownAfter = 0.5;  // seconds; what is over sooner needs no bar
+
+/// "Reading line7.avg: 3400 of 15000 kB. Esc stops."
+std::string In_Words(const WorkDone& h) {
+  std::string sText = std::string(h.sWork) + ": " + Str_Write_I4(static_cast<I4>(h.NDone)).str();
+  if (h.NAll > 0) sText += " of " + Str_Write_I4(static_cast<I4>(h.NAll)).str();
+  return sText + " " + std::string(h.sUnit) + (h.bMayStop ? ". Esc stops." : ".");
+}
+
+bool Look(const WorkDone& h) {
+  const bool bShown = h.dSeconds >= dShownAfter;
+  if (bShown) WindowProgress(h.NAll > 0 ? R8(h.NDone) / R8(h.NAll) : -1.0, In_Words(h));
+  // Before there is a bar, Esc was meant for something else. A script says what it means.
+  return Message_Check() != iLookEsc || !(bShown || Script_Is_Playing());
+}
+
 }  // namespace
 
 User User_at_Window() {
-  return {Tell,     Match_Word, Match_Columns, Z_VerifyDataType, Choose_File,
-          Says_Yes, Show_Line,  Message_Check, WindowClose};
+  return {Tell,     Match_Word, Match_Columns, Z_VerifyDataType,  Choose_File,
+          Says_Yes, Show_Line,  Look,          WindowProgressEnd, WindowClose};
 }
 
 }  // namespace quillan

@@ -14,11 +14,11 @@
 #include "files/column_file.h"
 #include "foundations/file_util.h"
 #include "foundations/log_file.h"
+#include "foundations/progress.h"
 #include "foundations/str_parse.h"
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
 #include "foundations/text_file.h"
-#include "foundations/user.h"
 #include "stations/line_stats.h"
 
 namespace quillan {
@@ -63,13 +63,12 @@ constexpr auto CStnLabel = [] {
 }();
 constexpr I4 iGiven = 2;  // of lGiven: by a column of the file
 
-constexpr I4 NRecordsPerLook = 4096;  // records between looks whether the user wants to stop
-constexpr R8 dOriginStep = 10000.0;   // origins are multiples of it
-constexpr I4 MOriginStep = 214748;    // multiples that an I4 holds
-constexpr R8 dLineSpacings = 10.0;    // within so many spacings two numbers are of one line
-constexpr R4 fStnApart = 1.0E-4f;     // stations that are nearer are one
-constexpr R4 fDXY2Apart = 1.0E-4f;    // the same for their places
-constexpr I4 MRepeatReport = 2;       // reports on stations at one place
+constexpr R8 dOriginStep = 10000.0;  // origins are multiples of it
+constexpr I4 MOriginStep = 214748;   // multiples that an I4 holds
+constexpr R8 dLineSpacings = 10.0;   // within so many spacings two numbers are of one line
+constexpr R4 fStnApart = 1.0E-4f;    // stations that are nearer are one
+constexpr R4 fDXY2Apart = 1.0E-4f;   // the same for their places
+constexpr I4 MRepeatReport = 2;      // reports on stations at one place
 
 /// What is known of the file so far.
 struct StnImport {
@@ -208,8 +207,9 @@ void Take_Row(StnImport& h, I4 iRecord, std::string_view sRecord) {
   if (Is_Within_Limit(h, iRecord, hRow)) Keep_Row(h, hRow);
 }
 
-/// All rows are kept before the first is stored, since the origins follow from all of them.
-void Take_Records(StnImport& h, RecordReader& in) {
+/// All rows are kept before the first is stored, since the origins follow from all of them. False when the user has
+/// stopped it: the table is the one before.
+bool Take_Records(StnImport& h, RecordReader& in, ReadProgress work) {
   while (in.Next()) {
     std::string_view sRecord = in.Record();
     switch (Kind_of_Column_Record(sRecord)) {
@@ -219,12 +219,13 @@ void Take_Records(StnImport& h, RecordReader& in) {
         break;
       case ColumnRecord::Ignored: break;
     }
-    if (in.iRecord() % NRecordsPerLook == 0) hUser.Look();
+    if (!work.Goes_On(in.NBytes())) return false;
   }
   if (in.Has_Failed()) {
     LogErr_or_File(
         h.bAuto, {"ERROR while reading file near line " + Str_Write_I4(in.iRecord()).str(), std::string(in.Record())});
   }
+  return true;
 }
 
 void Report_No_Row(const StnImport& h) {
@@ -374,7 +375,7 @@ I4 Stn_Read(std::string& sStnFile, R8 dLineNumber, const Array1<R4, 3>& fLineHPR
   LogText("Counting station location data in");
   LogText(sStnFile);
   StnImport hImport = Begin_Import(File_Name(sStnFile), dLineNumber, fLineHPR, bAuto);
-  Take_Records(hImport, in);
+  if (!Take_Records(hImport, in, ReadProgress(sStnFile))) return 1;
   if (hImport.hRow.empty()) {
     Report_No_Row(hImport);
     return 1;

@@ -7,6 +7,7 @@
 #include "foundations/list_util.h"
 #include "foundations/log_file.h"
 #include "foundations/pn_intrp.h"
+#include "foundations/progress.h"
 #include "foundations/str_write.h"
 #include "model/edits.h"
 #include "model/tmd_data.h"
@@ -145,8 +146,9 @@ StationFix Stn_Get_dXYZfD(R8 dStnSK, R8 dLineK) {
 }
 
 I4 Stn_Positions(R8 dLineNumber) {
+  Progress work("Positions", "soundings", NTrn);
   I4 NPlaced = 0;
-  for (I4 j = 1; j <= NTrn; ++j) {
+  for (I4 j = 1; j <= NTrn && work.Goes_On(j); ++j) {
     const StationFix hFix = Stn_Get_dXYZfHPR(hTrn(j).dRxStn, dLineNumber);
     if (hFix.iError != 0) continue;
     Edit_Position(j, hFix.dXYZ, hFix.fHPR);

@@ -6,8 +6,10 @@
 #include <new>
 
 #include "commands/session.h"
+#include "foundations/progress.h"
 #include "metadata/mdp_data.h"
 #include "model/history.h"
+#include "model/stn_data.h"
 #include "support/reports.h"
 #include "support/survey_builder.h"
 
@@ -40,6 +42,28 @@ TEST(WholeCommand, WithoutMemoryTheDataAreAsTheyWere) {
   EXPECT_EQ(sAvgFile, "line.avg");
   EXPECT_TRUE(hSession.bUpdateAVG);
   EXPECT_EQ(Shown("The data are as they were before it."), 1);
+}
+
+TEST(WholeCommand, WhatTheUserHasStoppedIsTakenBackStationsIncluded) {
+  Load({TransientBuilder().Values({5, 4})});
+  sAvgFile = "line.avg";
+  hSession.sFileName = "line.avg";
+  Stn_Initialize(3, 1);
+  History_Begin();
+  LogText_Reset();
+  const auto Stop_Half_Way = []() -> I4 {
+    hTrn(1).fuVmag(1) = 7.0f;
+    Stn_Forget();
+    hSession.sFileName = "another.avg";
+    bWorkStopped = true;
+    return 1;
+  };
+  EXPECT_EQ(Run_Whole(Stop_Half_Way, Unfinished::PutBack), 1);
+  EXPECT_EQ(hTrn(1).fuVmag(1), 5.0f);
+  EXPECT_EQ(hStn.NStn, 3);
+  EXPECT_EQ(hSession.sFileName, "line.avg");
+  EXPECT_EQ(Shown("Stopped. The data are as they were before."), 1);
+  Stn_Forget();
 }
 
 TEST(WholeCommand, EditsByHandStay) {

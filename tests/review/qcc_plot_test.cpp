@@ -253,5 +253,39 @@ TEST(CurveZoom, AZoomRepeatedToTheLimitOfFloatsStaysDrawable) {
   }
 }
 
+TEST(CurvePlot, HiddenPointsAreNeitherFlaggedNorOnTheAxes) {
+  Show_and_Draw(TransientBuilder().Values({1.0E6f, 1000, 100, 10}));
+  const PlotRange hAll = hCurve.hRange;
+  hTrn(1).bSkip(1) = hTrn(1).bSkip(4) = true;
+  bHideSkipped = true;
+  QCC_Follow_Range();
+  EXPECT_EQ(hCurve.hRange.fXPmin, 2.0f);
+  EXPECT_EQ(hCurve.hRange.fXPmax, 4.0f);
+  EXPECT_LT(hCurve.hRange.fYPmax, hAll.fYPmax);
+  QCC_Plot_Trns();
+  const GrPoint hHidden = Place_of(1);
+  EXPECT_FALSE(QCC_SkipBox(false, {hHidden.fX - 0.1f, hHidden.fY - 0.1f, hHidden.fX + 0.1f, hHidden.fY + 0.1f}));
+  EXPECT_EQ(QCC_Step(0, 1), (PickedPoint{1, 2}));
+  EXPECT_EQ(QCC_Step(3, 1), (PickedPoint{1, 3}));
+  EXPECT_EQ(QCC_Step(4, -1), (PickedPoint{1, 3}));
+  EXPECT_EQ(QCC_Point_of_Window(1), (PickedPoint{1, 2}));
+  // A zoom stays as it is while points come back.
+  hCurve.hRange.fXPmax = 3.0f;
+  bHideSkipped = false;
+  QCC_Follow_Range();
+  EXPECT_EQ(hCurve.hRange.fXPmax, 3.0f);
+  QCC_Zoom_All();
+  EXPECT_EQ(hCurve.hRange, hAll);
+}
+
+TEST(CurvePlot, AClickIsAboutThePointThatItWouldChange) {
+  Show_and_Draw(TransientBuilder().Values({1000, 999, 1}).Times({1.0f, 1.01f, 100.0f}));
+  hTrn(1).bSkip(1) = true;
+  EXPECT_EQ(QCC_Clicked_Point(true, Place_of(1), 0.5f), (PickedPoint{1, 2}));
+  EXPECT_EQ(QCC_Clicked_Point(false, Place_of(2), 0.5f), (PickedPoint{1, 1}));
+  hTrn(1).bSkip(2) = true;
+  EXPECT_EQ(QCC_Clicked_Point(true, Place_of(1), 0.5f), (PickedPoint{1, 1})) << "none would change";
+}
+
 }  // namespace
 }  // namespace quillan

@@ -382,5 +382,58 @@ TEST(Sections, AFullStoreIsOneSectionOrAsManyAsTransients) {
   EXPECT_EQ(hSection(MTrn).iTrnEnd, MTrn);
 }
 
+// ---- hidden points and the ring
+
+/// Skipped points are hidden as long as it lives.
+struct Hiding {
+  Hiding() { bHideSkipped = true; }
+  ~Hiding() { bHideSkipped = false; }
+};
+
+TEST(Sections, HiddenPointsLeaveTheScaleAndTheLines) {
+  const PlotRange hFull = Show({At(1, {20000, 10}), At(2, {5.0E6f, 9}), At(3, {90, -200}), At(4, {80, 7})});
+  hTrn(2).bSkip(1) = hTrn(3).bSkip(2) = true;
+  const Hiding hHiding;
+  EXPECT_EQ(Visible(hFull), "1.1 1.2 2.2 3.1 4.1 4.2 ");
+  EXPECT_EQ(Joins(hFull), "3-4 1-2 ");
+  const PlotRange hShown = QCS_Range_Shown(hFull);
+  EXPECT_EQ(hShown.fYPmax, fAsinh10(20000.0f, fYPScale));
+  EXPECT_EQ(hShown.fYPmin, fAsinh10(7.0f, fYPScale));
+  EXPECT_EQ(hShown.fXPmax, hFull.fXPmax);
+  for (I4 j = 1; j <= NTrn; ++j) hTrn(j).bSkip(1) = hTrn(j).bSkip(2) = true;
+  EXPECT_EQ(QCS_Range_Shown(hFull), hFull) << "a section without a visible point keeps its scale";
+}
+
+TEST(Sections, TheRingGoesToTheNextVisiblePoint) {
+  const PlotRange hFull = Show({At(1, {100, 10, 1}), At(2, {99, fDummy, 2}), At(3, {98, 8, 3})});
+  hTrn(1).bSkip(2) = true;
+  const Hiding hHiding;
+  PlotRange hLow = hFull;
+  hLow.fYPmax = fAsinh10(50.0f, fYPScale);
+  const struct {
+    const char* sCase;
+    PickedPoint hFrom;
+    I4 NWindow, NSounding;
+    const PlotRange& hRange;
+    PickedPoint hTo;
+  } hCase[] = {
+      {"from nowhere",              {0, 0}, 1,  0,  hFull, {1, 1}},
+      {"from nowhere in a zoom",    {0, 0}, 1,  0,  hLow,  {1, 3}},
+      {"from outside the zoom",     {1, 1}, 1,  0,  hLow,  {1, 3}},
+      {"from another section",      {9, 1}, 1,  0,  hFull, {1, 1}},
+      {"over a hidden window",      {1, 1}, 1,  0,  hFull, {1, 3}},
+      {"over a missing value",      {2, 3}, -1, 0,  hFull, {2, 1}},
+      {"over a sounding without",   {3, 2}, 0,  -1, hFull, {3, 2}},
+      {"from a hidden point",       {1, 2}, 0,  1,  hFull, {3, 2}},
+      {"at the last window",        {3, 3}, 1,  0,  hFull, {3, 3}},
+      {"at the first sounding",     {1, 1}, 0,  -1, hFull, {1, 1}},
+      {"to the sounding beside it", {2, 1}, 0,  1,  hFull, {3, 1}},
+  };
+  for (const auto& h : hCase) {
+    const PickedPoint hTo = QCS_Step(h.hFrom, h.NWindow, h.NSounding, h.hRange);
+    EXPECT_EQ(hTo, h.hTo) << h.sCase << ": " << hTo.iTrn << "." << hTo.iTwc;
+  }
+}
+
 }  // namespace
 }  // namespace quillan

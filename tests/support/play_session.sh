@@ -21,6 +21,7 @@ clean_up() {
 trap clean_up EXIT
 cp -rL "$session/input/." "$folder/"
 cd "$folder"
+export XDG_CONFIG_HOME="$folder/config"  # the user's own settings have no say, and are left alone
 if [ -f "$session/arguments" ]; then
   read -r -a arguments < "$session/arguments" || true
 else

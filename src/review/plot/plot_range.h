@@ -16,6 +16,7 @@ struct PlotRange {
   bool Has_X(R4 fX) const { return fX >= fXPmin && fX <= fXPmax; }
   bool Has_Y(R4 fY) const { return fY >= fYPmin && fY <= fYPmax; }
   bool Has(R4 fX, R4 fY) const { return Has_X(fX) && Has_Y(fY); }
+  bool operator==(const PlotRange&) const = default;
 };
 
 /// Plot units to graphics units on two linear axes: fXGr = fXGr0 + fXGrPerUnit * (fX - fX0), and so for Y.

@@ -241,6 +241,10 @@ void WDialogHide() {
   if (const DialogRecord* hDialog = Current_Record()) Hide(*hDialog->hWindow);
 }
 
+void WDialogRoll() {
+  if (const DialogRecord* hDialog = Current_Record()) Roll_Title_Bar(*hDialog->hWindow);
+}
+
 void WDialogUnload() {
   const DialogRecord* hDialog = Current_Record();
   if (!hDialog) return;

@@ -49,6 +49,8 @@ void WDialogSelect(I4 iDialog);  // 0: none is current
 /// again. Its close button pushes the button that its designer file marks with the property "leaves", else Cancel.
 I4 WDialogShow(I4 iX, I4 iY, I4 iMode);
 void WDialogHide();
+/// Rolls a tool window up to its title bar, or down again.
+void WDialogRoll();
 void WDialogUnload();
 void WDialogTitle(std::string_view sTitle);
 

@@ -146,6 +146,8 @@ void Show_Tool(DialogRecord& hDialog, I4 iX, I4 iY);
 /// button, and makes it wide enough for its title; the bar, null where there is none.
 void Add_Title_Bar(QDialog& hWindow);
 QWidget* Title_Bar(const QDialog& hWindow);
+/// Rolls it up to its bar or down again; without a bar it stays.
+void Roll_Title_Bar(const QDialog& hWindow);
 /// Ends the edit of each field of the tool windows on show.
 void Complete_Edits();
 /// Ends the edits and gives the keyboard back to the plot.

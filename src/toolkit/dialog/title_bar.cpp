@@ -34,6 +34,14 @@ class TitleBar : public QWidget {
     setAutoFillBackground(true);
   }
 
+  /// Up to the bar alone, so that the plot under the window is seen, and down again.
+  void Roll() {
+    bRolled = !bRolled;
+    hWindow.layout()->setSizeConstraint(bRolled ? QLayout::SetNoConstraint : QLayout::SetFixedSize);
+    if (bRolled) return hWindow.setFixedSize(hWindow.width(), height());
+    hWindow.layout()->activate();
+  }
+
  protected:
   void mousePressEvent(QMouseEvent* hEvent) override {
     bHeld = hEvent->button() == Qt::LeftButton;
@@ -58,14 +66,6 @@ class TitleBar : public QWidget {
   }
 
  private:
-  /// Up to the bar alone, so that the plot under the window is seen, and down again.
-  void Roll() {
-    bRolled = !bRolled;
-    hWindow.layout()->setSizeConstraint(bRolled ? QLayout::SetNoConstraint : QLayout::SetFixedSize);
-    if (bRolled) return hWindow.setFixedSize(hWindow.width(), height());
-    hWindow.layout()->activate();
-  }
-
   QDialog& hWindow;
   QPoint hPressed;  // on the screen
   QPoint hGrip;     // from the window's corner to where it is held
@@ -87,6 +87,10 @@ void Add_Title_Bar(QDialog& hWindow) {
 
 QWidget* Title_Bar(const QDialog& hWindow) {
   return hWindow.layout() ? hWindow.layout()->menuBar() : nullptr;
+}
+
+void Roll_Title_Bar(const QDialog& hWindow) {
+  if (auto* hBar = dynamic_cast<TitleBar*>(Title_Bar(hWindow))) hBar->Roll();
 }
 
 }  // namespace quillan::toolkit

@@ -86,6 +86,11 @@ void IGrDisc(R4 fX, R4 fY, R4 fPixels);
 /// takes one away. An overlay never reaches a file.
 void IGrPlotMode1(std::string_view sMode);
 
+/// A thin red ring around a point of the screen, over the image, in the place of the one before. It goes with
+/// IGrRingOff and WindowClear, and never reaches a file.
+void IGrRing(R4 fX, R4 fY);
+void IGrRingOff();
+
 enum class Justify : I4 { Left = 0, Centre = 1, Right = 2 };
 
 /// Font of what follows: the sans family; fWidth: advance of a digit, fHeight: the em, both as fractions of the

@@ -3,6 +3,8 @@
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 #include "toolkit/draw/private_draw.h"
 
@@ -47,6 +49,32 @@ void Repaint(const OverlayShape& hShape) {
   Drawing_Area()->update(hRegion);
 }
 
+// The ring around a point, in the same parts. IGrRing places it.
+std::optional<QPointF> hRing;
+
+constexpr R8 dRingRadius = 9.0;  // pixels: around the largest marker and around a letter
+
+QPointF Ring_Middle() {
+  const QSize hSize = Drawing_Area()->size();
+  return {hRing->x() * hSize.width(), hRing->y() * hSize.height()};
+}
+
+void Repaint_Ring() {
+  if (!hRing || !Drawing_Area()) return;
+  constexpr R8 dReach = dRingRadius + 3.0;
+  Drawing_Area()->update(QRectF(Ring_Middle() - QPointF(dReach, dReach), QSizeF(2.0 * dReach, 2.0 * dReach)).toRect());
+}
+
+/// On a light rim, so that it is seen where points crowd.
+void Paint_Ring(QPainter& hPainter) {
+  if (!hRing) return;
+  hPainter.setRenderHint(QPainter::Antialiasing, true);
+  for (const auto& [hColour, dWidth] : {std::pair(QColor(Qt::white), 3.5), std::pair(QColor(Qt::red), 1.5)}) {
+    hPainter.setPen(QPen(hColour, dWidth));
+    hPainter.drawEllipse(Ring_Middle(), dRingRadius, dRingRadius);
+  }
+}
+
 }  // namespace
 
 void toolkit::Toggle_Overlay(const OverlayShape& hInPixels) {
@@ -61,6 +89,7 @@ void toolkit::Toggle_Overlay(const OverlayShape& hInPixels) {
 }
 
 void toolkit::Clear_Overlay() {
+  IGrRingOff();
   if (hOverlay.empty()) return;
   hOverlay.clear();
   if (Drawing_Area()) Drawing_Area()->update();
@@ -76,6 +105,19 @@ void toolkit::Paint_Overlay(QPainter& hPainter) {
     else
       hPainter.drawLine(Pixel_Middle(h.hPoint1), Pixel_Middle(h.hPoint2));
   }
+  Paint_Ring(hPainter);
+}
+
+void IGrRing(R4 fX, R4 fY) {
+  if (!Drawing_Area()) return;
+  Repaint_Ring();
+  hRing = Part_of(Units_to_Pixels(QPointF(R8{fX}, R8{fY})));
+  Repaint_Ring();
+}
+
+void IGrRingOff() {
+  Repaint_Ring();
+  hRing.reset();
 }
 
 }  // namespace quillan

@@ -39,13 +39,16 @@ constexpr struct {
   std::string_view sName;
   Qt::Key iKey;
 } hKeyName[] = {
-    {"Esc",   Qt::Key_Escape},
-    {"Up",    Qt::Key_Up    },
-    {"Down",  Qt::Key_Down  },
-    {"Left",  Qt::Key_Left  },
-    {"Right", Qt::Key_Right },
-    {"Enter", Qt::Key_Return},
-    {"Tab",   Qt::Key_Tab   },
+    {"Esc",    Qt::Key_Escape  },
+    {"Up",     Qt::Key_Up      },
+    {"Down",   Qt::Key_Down    },
+    {"Left",   Qt::Key_Left    },
+    {"Right",  Qt::Key_Right   },
+    {"Enter",  Qt::Key_Return  },
+    {"Tab",    Qt::Key_Tab     },
+    {"PgDown", Qt::Key_PageDown},
+    {"PgUp",   Qt::Key_PageUp  },
+    {"Space",  Qt::Key_Space   },
 };
 
 constexpr struct {
@@ -73,6 +76,7 @@ KeyStroke Key_Stroke(std::string_view sName) {
   for (const auto& hRow : hKeyName) {
     if (sName == hRow.sName) hKey.iKey = hRow.iKey;
   }
+  if (hKey.iKey == Qt::Key_Space) hKey.sText = " ";
   const QString sCharacter = To_QString(sName);
   if (hKey.iKey == 0 && sCharacter.toUcs4().size() == 1) {
     hKey.iKey = static_cast<int>(sCharacter.toUpper().toUcs4().front());

@@ -91,6 +91,7 @@ std::string Play_File(Arguments sArgument);
 // The window (window_steps.cpp).
 std::string Play_Expect(Arguments sArgument);
 std::string Play_Close(Arguments sArgument);
+std::string Play_Stop(Arguments sArgument);
 std::string Play_Resize(Arguments sArgument);
 std::string Play_Drop(Arguments sArgument);
 std::string Play_Snapshot(Arguments sArgument);

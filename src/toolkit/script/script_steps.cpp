@@ -44,6 +44,7 @@ constexpr StepKind hStepKind[] = {
     {"answer",   "ok|cancel|yes|no [quiet]",                               "s?s",      Needs::Box,        Play_Answer},
     {"file",     "PATH|cancel",                                            "s",        Needs::FileDialog, Play_File},
     {"close",    "",                                                       "",         Needs::Window,     Play_Close},
+    {"stop",     "",                                                       "",         Needs::Nothing,    Play_Stop},
     {"expect",   "TEXT",                                                   "s",        Needs::Nothing,    Play_Expect},
     {"resize",   "W H",                                                    "ii",       Needs::Nothing,    Play_Resize},
     {"drop",     "PATH",                                                   "s",        Needs::Window,     Play_Drop},

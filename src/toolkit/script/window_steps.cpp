@@ -53,6 +53,11 @@ std::string Play_Close(Arguments) {
   return "";
 }
 
+std::string Play_Stop(Arguments) {
+  bEscAtLook = true;
+  return "";
+}
+
 std::string Play_Resize(Arguments sArgument) {
   if (!Active_Window()) return "no window is open";
   Active_Window()->resize(Whole(sArgument[0]), Whole(sArgument[1]));

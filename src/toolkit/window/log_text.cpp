@@ -118,6 +118,10 @@ void LogText_Show_Picture(void (*Draw)()) {
   Draw();
 }
 
+bool LogText_Shows_Picture() {
+  return hOnShow.Draw_Picture != nullptr;
+}
+
 void LogText_Redraw() {
   if (hOnShow.Draw_Picture)
     LogText_Show_Picture(hOnShow.Draw_Picture);
@@ -138,10 +142,12 @@ void LogText_Follow() {
 
 I4 Message_Check() {
   I4 iFlag = 0;
+  toolkit::Press_Esc_at_Look();
   for (;;) {
-    switch (WMessagePeek().iType) {
+    const Message hMessage = WMessagePeek();
+    switch (hMessage.iType) {
+      case MessageType::Key: return hMessage.VALUE1 == iKeyEsc ? iLookEsc : iFlag;
       case MessageType::None:
-      case MessageType::Key:
       case MessageType::MouseDown: return iFlag;
       case MessageType::Expose:
       case MessageType::Resize:

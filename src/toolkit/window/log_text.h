@@ -18,6 +18,8 @@ void LogText_Update();
 /// Shows a picture in the place of the lines until the next line comes. Draw draws it, now and whenever the window has
 /// another size; where it cannot any more, it shows the lines by LogText_Update.
 void LogText_Show_Picture(void (*Draw)());
+/// Whether such a picture is on show.
+[[nodiscard]] bool LogText_Shows_Picture();
 /// Draws again what the area shows: the lines, or the picture.
 void LogText_Redraw();
 /// Draws the picture again if there is one: what it shows may have changed.
@@ -31,8 +33,9 @@ void LogText_Follow();
 std::vector<std::string_view> Lines_That_Fit(std::span<const Text<128>> sLine, I4 NRow, R4 fWidth,
                                              const std::function<R4(std::string_view)>& fLength);
 
-/// Looks at waiting messages without waiting: 0 nothing, 1 the window was drawn again, 2 a file was dropped. A close
-/// request ends the run. For long loops, that the window stays alive.
+/// Looks at waiting messages without waiting: 0 nothing, 1 the window was drawn again, 2 a file was dropped, 3
+/// (iLookEsc) Esc was pressed. A close request ends the run. For long loops, that the window stays alive.
+inline constexpr I4 iLookEsc = 3;
 I4 Message_Check();
 
 }  // namespace quillan

@@ -48,27 +48,31 @@ void Take_Away_Entries(QMenuBar& hBar) {
   }
 }
 
+void Put_Text(QAction& hEntry, const QString& sText) {
+  hEntry.setText(sText);
+  hEntry.setVisible(!sText.isEmpty());
+}
+
 void Add_Entry(QWidget& hParent, const MenuRow& hRow) {
   auto* hEntry = new QAction(Text_of(hRow.sText), &hParent);
   hEntry->setData(hRow.iCommand);
   hEntry->setStatusTip(Text_of(hRow.sTip));
   hEntry->setShortcuts(QKeySequence::listFromString(Text_of(hRow.sKeys)));
-  if (const auto h = hLive.find(hRow.iCommand); h != hLive.end()) hEntry->setText(h->second.sText);
+  if (const auto h = hLive.find(hRow.iCommand); h != hLive.end()) Put_Text(*hEntry, h->second.sText);
   hEntry->setProperty("stepName", Text_of(hRow.sText));  // a script calls it so, whatever it would do at the moment
   hParent.addAction(hEntry);
   Watch_Entry(hEntry, hRow.iCommand);
 }
 
 void Add_Rows(QMenuBar& hBar, std::span<const MenuRow> hRows) {
-  QMenu* hDropDown = nullptr;
+  constexpr I4 MDepth = 2;
+  QMenu* hMenu[MDepth + 1] = {};  // the last head of each depth
   for (const MenuRow& hRow : hRows) {
-    if (hRow.iCommand == 0) {
-      hDropDown = hBar.addMenu(Text_of(hRow.sText));
-    } else if (hRow.iDepth == 1 && hDropDown) {
-      Add_Entry(*hDropDown, hRow);
-    } else {
-      Add_Entry(hBar, hRow);
-    }
+    QMenu* hAbove = hRow.iDepth > 0 ? hMenu[hRow.iDepth - 1] : nullptr;
+    if (hRow.iCommand != 0)
+      Add_Entry(hAbove ? static_cast<QWidget&>(*hAbove) : hBar, hRow);
+    else
+      hMenu[hRow.iDepth] = hAbove ? hAbove->addMenu(Text_of(hRow.sText)) : hBar.addMenu(Text_of(hRow.sText));
   }
 }
 
@@ -79,11 +83,15 @@ bool Is_Enabled(I4 iCommand) {
                               [&](const MenuRow& hRow) { return hRow.iCommand == iCommand && !hRow.bThere; });
 }
 
+bool Shows_Any(const QMenu& hMenu) {
+  return std::ranges::any_of(hMenu.actions(), [](const QAction* h) { return h->isVisible(); });
+}
+
 void Grey_Entries(QWidget& hParent) {
   const QList<QAction*> hEntries = hParent.actions();
   for (QAction* hEntry : hEntries) {
     if (hEntry->menu()) {
-      hEntry->setEnabled(hMenuBar.bUsable);
+      hEntry->setEnabled(hMenuBar.bUsable && Shows_Any(*hEntry->menu()));
       Grey_Entries(*hEntry->menu());
     } else {
       hEntry->setEnabled(Is_Enabled(hEntry->data().toInt()));
@@ -164,7 +172,7 @@ void WMenuSetCheck(I4 iCommand, bool bOn) {
 
 void WMenuEntry(I4 iCommand, std::string_view sText, bool bUsable) {
   hLive[iCommand] = {To_QString(sText), bUsable};
-  for (QAction* hEntry : Menu_Entries(iCommand)) hEntry->setText(To_QString(sText));
+  for (QAction* hEntry : Menu_Entries(iCommand)) Put_Text(*hEntry, To_QString(sText));
   if (Main_Window()) Grey_Entries(*Main_Window()->menuBar());
 }
 

@@ -17,9 +17,9 @@ inline constexpr I4 iCmdExit = 40011;
 inline constexpr I4 iCmdRecordSteps = 41011;
 
 /// One row of a menu bar. Rows with a depth of 1 stand in the drop-down menu of the last row with depth 0 and no
-/// command.
+/// command, rows with a depth of 2 in the menu beside the last such row with depth 1.
 struct MenuRow {
-  I4 iDepth;               // 0 on the bar, 1 in a drop-down menu
+  I4 iDepth;               // 0 on the bar, 1 in a drop-down menu, 2 in one beside it
   I4 iCommand;             // 0: the head of a drop-down menu
   std::string_view sText;  // & marks the mnemonic
   std::string_view sTip;   // shown in the wide part of the status bar while the pointer is over the entry
@@ -39,7 +39,7 @@ void WMenuSetState(I4 iCommand, I4 iState);
 /// Gives every entry of a command in the bar on show a tick or takes it away.
 void WMenuSetCheck(I4 iCommand, bool bOn);
 /// Gives a command that says what it would do another text, in every bar from now on, and greys it there or not. A text
-/// that is not from the program is put in by As_Menu_Text.
+/// that is not from the program is put in by As_Menu_Text; with a blank one the entry is not on show.
 void WMenuEntry(I4 iCommand, std::string_view sText, bool bUsable);
 /// Any text as it stands, without a mnemonic.
 std::string As_Menu_Text(std::string_view sText);

@@ -72,33 +72,49 @@ Message Take_Message() {
   return hMessage;
 }
 
-constexpr struct {
-  int iQtKey;
+constexpr auto iAnyModifier = Qt::KeyboardModifiers::fromInt(-1);
+
+/// Keys that have no character of their own. The first row of a code gives its name.
+constexpr struct NamedKey {
+  Qt::Key iQtKey;
+  Qt::KeyboardModifiers iModifiers;  // iAnyModifier: the key means the same with all of them
   I4 iKey;
+  std::string_view sName;
 } hNamedKey[] = {
-    {Qt::Key_Escape, iKeyEsc  },
-    {Qt::Key_Return, iKeyEnter},
-    {Qt::Key_Enter,  iKeyEnter},
-    {Qt::Key_Tab,    iKeyTab  },
-    {Qt::Key_Up,     iKeyUp   },
-    {Qt::Key_Down,   iKeyDown },
-    {Qt::Key_Left,   iKeyLeft },
-    {Qt::Key_Right,  iKeyRight},
+    {Qt::Key_Z,      Qt::ControlModifier,                     iKeyUndo,       "Ctrl+Z"     },
+    {Qt::Key_Y,      Qt::ControlModifier,                     iKeyRedo,       "Ctrl+Y"     },
+    {Qt::Key_Z,      Qt::ControlModifier | Qt::ShiftModifier, iKeyRedo,       ""           },
+    {Qt::Key_Y,      Qt::ControlModifier | Qt::ShiftModifier, iKeyRedo,       ""           },
+    {Qt::Key_E,      Qt::ControlModifier,                     iKeyCtrlE,      "Ctrl+E"     },
+    {Qt::Key_H,      Qt::ControlModifier,                     iKeyCtrlH,      "Ctrl+H"     },
+    {Qt::Key_T,      Qt::ControlModifier,                     iKeyCtrlT,      "Ctrl+T"     },
+    {Qt::Key_Up,     Qt::ControlModifier,                     iKeyCtrlUp,     "Ctrl+Up"    },
+    {Qt::Key_Down,   Qt::ControlModifier,                     iKeyCtrlDown,   "Ctrl+Down"  },
+    {Qt::Key_Left,   Qt::ControlModifier,                     iKeyCtrlLeft,   "Ctrl+Left"  },
+    {Qt::Key_Right,  Qt::ControlModifier,                     iKeyCtrlRight,  "Ctrl+Right" },
+    {Qt::Key_Space,  Qt::ShiftModifier,                       iKeyShiftSpace, "Shift+Space"},
+    {Qt::Key_Space,  Qt::NoModifier,                          iKeySpace,      "Space"      },
+    {Qt::Key_Escape, iAnyModifier,                            iKeyEsc,        "Esc"        },
+    {Qt::Key_Return, iAnyModifier,                            iKeyEnter,      "Enter"      },
+    {Qt::Key_Enter,  iAnyModifier,                            iKeyEnter,      ""           },
+    {Qt::Key_Tab,    iAnyModifier,                            iKeyTab,        "Tab"        },
+    {Qt::Key_Up,     iAnyModifier,                            iKeyUp,         "Up"         },
+    {Qt::Key_Down,   iAnyModifier,                            iKeyDown,       "Down"       },
+    {Qt::Key_Left,   iAnyModifier,                            iKeyLeft,       "Left"       },
+    {Qt::Key_Right,  iAnyModifier,                            iKeyRight,      "Right"      },
 };
 
-/// Keys that act with Ctrl where there is no menu to take them; 0 for others.
-I4 Ctrl_Key(const QKeyEvent& hEvent) {
-  if (hEvent.key() == Qt::Key_Z) return hEvent.modifiers() & Qt::ShiftModifier ? iKeyRedo : iKeyUndo;
-  if (hEvent.modifiers() & Qt::ShiftModifier) return 0;
-  return hEvent.key() == Qt::Key_Y ? iKeyRedo : hEvent.key() == Qt::Key_E ? iKeyCtrlE : 0;
+/// The arrows of a number block come with a mark of their own.
+bool Is_Meant(const NamedKey& hRow, const QKeyEvent& hEvent) {
+  const auto iModifiers = hEvent.modifiers() & ~Qt::KeypadModifier;
+  return hEvent.key() == hRow.iQtKey && (hRow.iModifiers == iAnyModifier || iModifiers == hRow.iModifiers);
 }
 
 /// The character or the code of a key; 0 for keys that mean nothing to the program.
 I4 Key_Code(const QKeyEvent& hEvent) {
   for (const auto& hRow : hNamedKey) {
-    if (hEvent.key() == hRow.iQtKey) return hRow.iKey;
+    if (Is_Meant(hRow, hEvent)) return hRow.iKey;
   }
-  if ((hEvent.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier) return Ctrl_Key(hEvent);
   if (hEvent.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return 0;
   const auto hCharacter = hEvent.text().toUcs4();
   return hCharacter.isEmpty() || !QChar::isPrint(hCharacter[0]) ? 0 : static_cast<I4>(hCharacter[0]);
@@ -348,12 +364,23 @@ void toolkit::Watch_Window(QMainWindow* hWindow, QWidget* hArea) {
   hWindow->setAcceptDrops(true);
 }
 
+void toolkit::Press_Esc_at_Look() {
+  if (!std::exchange(bEscAtLook, false) || !Drawing_Area()) return;
+  QKeyEvent hEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  QCoreApplication::sendEvent(Drawing_Area(), &hEvent);
+}
+
 void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand) {
   QObject::connect(hEntry, &QAction::triggered, hEntry, [iCommand] {
     hDialogs.Focus_Plot();
     hWindowListener.Menu(iCommand);
     Push_Message({.iType = MessageType::Menu, .VALUE1 = iCommand});
   });
+}
+
+std::string Key_Name(I4 iKey) {
+  const auto h = std::ranges::find(hNamedKey, iKey, &NamedKey::iKey);
+  return h == std::end(hNamedKey) ? std::string(1, static_cast<char>(iKey)) : std::string(h->sName);
 }
 
 Message WMessage() {

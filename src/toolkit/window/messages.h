@@ -40,6 +40,17 @@ inline constexpr I4 iKeyDown = 259;
 inline constexpr I4 iKeyRight = 260;
 inline constexpr I4 iKeyLeft = 261;
 inline constexpr I4 iKeyCtrlE = 5;  // where the menu bar does not have it
+inline constexpr I4 iKeySpace = 32;
+inline constexpr I4 iKeyHelp = 63;  // the question mark
+inline constexpr I4 iKeyCtrlH = 8;
+inline constexpr I4 iKeyCtrlT = 20;
+inline constexpr I4 iKeyCtrlUp = 513;
+inline constexpr I4 iKeyCtrlDown = 514;
+inline constexpr I4 iKeyCtrlRight = 515;
+inline constexpr I4 iKeyCtrlLeft = 516;
+inline constexpr I4 iKeyShiftSpace = 517;
+/// What a key is called on the screen: "Ctrl+H", "Up", "N".
+std::string Key_Name(I4 iKey);
 
 // Mouse buttons of the messages, and the wheel, which comes as a press of the extra buttons with VALUE2 = 1.
 inline constexpr I4 iMouseLeft = 1;

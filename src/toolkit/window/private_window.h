@@ -57,6 +57,9 @@ inline WindowListener hWindowListener;
 
 /// Plays the next step of the session script; null when none is played. The script fills it in.
 inline void (*hPlayStep)() = nullptr;
+/// Whether the script wants Esc pressed when the program looks at the user in the middle of work: no step can be played
+/// then. The script sets it.
+inline bool bEscAtLook = false;
 
 // ---- The window (window.cpp)
 
@@ -96,6 +99,8 @@ bool Key_to_Plot(const QKeyEvent& hEvent);
 void Wheel_to_Plot(const QWheelEvent& hEvent);
 /// Turns the events of the main window and its drawing area into messages, and the choice of a menu entry.
 void Watch_Window(QMainWindow* hWindow, QWidget* hArea);
+/// Presses Esc if the script wants that now.
+void Press_Esc_at_Look();
 void Watch_Entry(QAction* hEntry, I4 iCommand);
 
 // ---- The menu (menus.cpp)

@@ -8,6 +8,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QProgressBar>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTemporaryFile>
@@ -100,11 +101,12 @@ struct OpenWindow {
   QApplication* hApplication = nullptr;
   QPointer<QMainWindow> hMain;
   QPointer<QMainWindow> hChild;
-  bool bBarUsable = true;      // of the menu bar, before the child was opened
-  QPointer<QLabel> hPart[3];   // of the status bar
-  QPointer<QLabel> hChildBar;  // the child's
-  QString sPart2;              // text of the wide part under a hint
-  int NBusy = 0;               // calls of WindowBusy that are not taken back
+  bool bBarUsable = true;       // of the menu bar, before the child was opened
+  QPointer<QLabel> hPart[3];    // of the status bar
+  QPointer<QProgressBar> hBar;  // in the status bar, while long work runs
+  QPointer<QLabel> hChildBar;   // the child's
+  QString sPart2;               // text of the wide part under a hint
+  int NBusy = 0;                // calls of WindowBusy that are not taken back
 };
 OpenWindow hOpen;
 
@@ -369,6 +371,37 @@ void WindowBusy(bool bBusy) {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   else
     QGuiApplication::restoreOverrideCursor();
+}
+
+namespace {
+
+constexpr int NBarSteps = 1000;
+constexpr int NBarWidth = 160;  // pixels
+
+void Open_Bar() {
+  hOpen.hBar = new QProgressBar;
+  hOpen.hBar->setTextVisible(false);  // the words stand beside it
+  hOpen.hBar->setFixedWidth(NBarWidth);
+  hOpen.hBar->setMaximumHeight(hOpen.hPart[1]->fontMetrics().height());  // the status bar keeps its height
+  hOpen.hMain->statusBar()->insertPermanentWidget(0, hOpen.hBar);
+  WindowBusy(true);
+}
+
+}  // namespace
+
+void WindowProgress(R8 dShare, std::string_view sText) {
+  if (!hOpen.hMain || !hOpen.hPart[1]) return Set_Error(iErrNoWindow);
+  if (!hOpen.hBar) Open_Bar();
+  hOpen.hBar->setRange(0, dShare < 0.0 ? 0 : NBarSteps);
+  hOpen.hBar->setValue(static_cast<int>(std::min(dShare, 1.0) * NBarSteps));
+  hOpen.hPart[1]->setText(To_QString(sText));
+}
+
+void WindowProgressEnd() {
+  if (!hOpen.hBar) return;
+  delete hOpen.hBar;
+  WindowBusy(false);
+  if (hOpen.hPart[1]) hOpen.hPart[1]->setText(hOpen.sPart2);
 }
 
 void WindowBell() {

@@ -44,6 +44,11 @@ void WindowOutStatusBar(I4 iPart, std::string_view sText);
 /// The busy cursor while long work runs; calls may nest.
 void WindowBusy(bool bBusy);
 
+/// A bar in the status bar that shows how far long work has come, and the words for it in the wide part, with the busy
+/// cursor. dShare: 0 to 1, below 0 where nobody knows. WindowProgressEnd takes it away; safe when there is none.
+void WindowProgress(R8 dShare, std::string_view sText);
+void WindowProgressEnd();
+
 // Selectors of WInfoWindow.
 inline constexpr I4 iWindowWidth = 1;
 inline constexpr I4 iWindowHeight = 2;
