@@ -383,7 +383,7 @@ void Open_Bar() {
   hOpen.hBar->setTextVisible(false);  // the words stand beside it
   hOpen.hBar->setFixedWidth(NBarWidth);
   hOpen.hBar->setMaximumHeight(hOpen.hPart[1]->fontMetrics().height());  // the status bar keeps its height
-  hOpen.hMain->statusBar()->insertPermanentWidget(0, hOpen.hBar);
+  hOpen.hMain->statusBar()->addPermanentWidget(hOpen.hBar);
   WindowBusy(true);
 }
 

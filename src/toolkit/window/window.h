@@ -21,16 +21,17 @@ void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTit
 /// Closes what is open. Safe when nothing is.
 void WindowClose();
 
-/// Opens a child window over the middle of the main one and selects it: until it is closed all drawing
-/// and waiting, the status bar and WInfoWindow are the child's, and the main window answers to nothing. There is one at
-/// a time. NXP, NYP: size in pixels. Its close button gives a Close message with VALUE3 = iInChild.
+/// Opens a child window over the middle of the main one and selects it: until it is closed all drawing and waiting, the
+/// status bar and WInfoWindow are the child's, and the main window answers to nothing. There is one at a time.
+/// NXP, NYP: size in pixels. Its close button gives a Close message with VALUE3 = iInChild.
 void WindowOpenChild2(I4 NXP, I4 NYP, std::string_view sTitle);
 /// Closes it and selects the main window again, as it was: what is drawn, the graphics state, the menu. What the user
 /// did in the child and the program did not ask for is over with it.
 void WindowCloseChild();
 
 void WindowTitle(std::string_view sTitle);
-/// Whether what is open differs from its file: a star at the end of the title, and a dot in part 1 of the status bar.
+/// Whether what is open differs from its file: a star at the end of the title, and a dot in the narrow part of the
+/// status bar.
 void WindowModified(bool bModified);
 
 /// Three parts in the status bar: the first NWidth1 pixels wide, the third at the right end as wide as its text, the
