@@ -5,6 +5,8 @@
 
 namespace quillan {
 
+inline constexpr I4 iCmdRecordSteps = 41011;
+
 /// Ends the record that is being written, or asks for a file and begins one. Returns 0; 1 when the file cannot be
 /// written, which has been reported.
 I4 Record_Steps();

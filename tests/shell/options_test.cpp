@@ -46,8 +46,7 @@ TEST(Options, OnesThatAreNotKnownAreRefusedWithAHint) {
 TEST(Options, HelpNamesThemAllAndFitsATerminal) {
   std::istringstream in{std::string(sHelp)};
   for (std::string sLine; std::getline(in, sLine);) EXPECT_LE(sLine.size(), 80u) << sLine;
-  for (const char* sOption :
-       {"--example", "--script", "--record", "--journal", "--recent", "--version", "--help"})
+  for (const char* sOption : {"--example", "--script", "--record", "--journal", "--recent", "--version", "--help"})
     EXPECT_NE(sHelp.find(sOption), std::string_view::npos) << sOption;
 }
 

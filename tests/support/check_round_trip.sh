@@ -10,6 +10,7 @@ export SOURCE_DATE_EPOCH=1605225600  # the logs hold the date
 # Left out, each with its reason.
 declare -A left_out=(
   [record_steps]="writes a record itself, which is no step"
+  [next_files]="the report of a file that is not there stands in quillan.err, and is no step"
   [changed_on_disk]="another program acts in the midst of it, at steps that only look"
 )
 
@@ -27,6 +28,7 @@ play() {
   fi
   if [ -x "$session/before" ]; then (cd run && "$session/before" "$program" > before.txt 2>&1); fi
   status=0
+  export XDG_CONFIG_HOME="$folder/run/config"  # the user's own settings have no say, and are left alone
   (cd run && "$program" "${arguments[@]}" "$@" > output.txt) || status=1
   forget_moment
   [ $status = 0 ] || return 1

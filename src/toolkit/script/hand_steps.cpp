@@ -120,7 +120,7 @@ std::string Key_Name(const QKeyEvent& hKey) {
     if (hKey.key() == hRow.iKey || (hKey.key() == Qt::Key_Enter && hRow.iKey == Qt::Key_Return)) sName = hRow.sName;
   }
   // The case of a letter says whether Shift was held.
-  const bool bNamed = !sName.empty() || hKey.text() == " ";
+  const bool bNamed = !sName.empty();
   const bool bCommand = hKey.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
   const bool bCharacter = hKey.key() <= 0xFFFF;  // the keys without one have their codes above
   if (sName.empty()) sName = To_Bytes(bCommand && bCharacter ? QString(QChar(hKey.key())) : hKey.text());

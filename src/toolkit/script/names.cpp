@@ -121,8 +121,10 @@ bool Is_Chosen_From(QWidget* hWidget) {
 std::vector<Named> Named_Commands() {
   std::vector<Named> hNamed;
   for (const QAction* hEntry : Menu_Entries()) {
+    if (!hEntry->isVisible()) continue;
     const I4 iCommand = hEntry->data().toInt();
-    const QString sName = hEntry->property("stepName").toString();
+    const QString sGiven = hEntry->property("stepName").toString();
+    const QString sName = sGiven.isEmpty() ? hEntry->text() : sGiven;
     const auto hKnown = std::ranges::find(hNamed, iCommand, &Named::iNumber);
     if (hKnown == hNamed.end())
       hNamed.push_back({iCommand, {sName}});

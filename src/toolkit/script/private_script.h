@@ -7,9 +7,11 @@
 #include <charconv>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "base/types.h"
 #include "toolkit/script/script.h"
+#include "toolkit/window/messages.h"
 
 class QKeyEvent;
 class QMessageBox;
@@ -64,6 +66,11 @@ QPointF Step_Pixel(QPointF hUnit);
 /// box is set, `click`.
 std::string Place_Words(QPointF hPixel);
 std::string Click_Words(const QMouseEvent& hPress);
+/// Where the pointer has put the ring of a review, or from where it has taken it away, as steps `hover`: they stand
+/// ahead of a key that goes on from the ring. Follow_Ring hears each message that the program takes.
+void Follow_Ring(const Message& hTaken);
+std::vector<std::string> Steps_to_Ring(const QKeyEvent& hKey);
+void Forget_Ring();
 /// How Play_Answer gives the answer that was given to a box.
 std::string Answer_Words(const QMessageBox& hBox);
 

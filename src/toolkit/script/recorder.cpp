@@ -20,7 +20,6 @@
 #include "toolkit/dialog/private_dialog.h"
 #include "toolkit/script/private_names.h"
 #include "toolkit/script/private_script.h"
-#include "toolkit/window/menus.h"
 #include "toolkit/window/private_window.h"
 #include "toolkit/window/window.h"
 
@@ -31,6 +30,7 @@ using namespace toolkit;
 namespace {
 
 constexpr std::string_view sFirstWords = "# To play it: quillan";  // of every record
+constexpr std::string_view sRecordFailed = "The record of steps has ended: its file cannot be written.";
 
 // A mouse button that is down. What it does shows when it goes up: a click, or a drag from here.
 struct HeldButton {
@@ -45,6 +45,7 @@ struct HeldButton {
 struct Recorder {
   std::vector<std::string> sStep;
   std::ofstream out;  // closed: no record is being written
+  std::string sPath;  // of that file
   QSize hWindow;      // of the main window, as the steps so far leave it
   QPointer<QMainWindow> hChild;
   QSize hChildSize;  // the same of that child window
@@ -60,7 +61,7 @@ void Write_Line(const std::string& sLine) {
   hRecorder.out << sLine << std::endl;
   if (hRecorder.out) return;
   Record_End();
-  WindowOutStatusBar(iStatusProgress, "The record of steps has ended: its file cannot be written.");
+  WindowOutStatusBar(iStatusProgress, sRecordFailed);
 }
 
 void Add_Line(const std::string& sLine) {
@@ -118,7 +119,7 @@ void Take_Down_Under_Drag(const std::string& sStep) {
 // ---- main window and boxes
 
 void On_Menu(I4 iCommand) {
-  if (iCommand != iCmdRecordSteps) Take_Down_at_Plot("menu " + Script_Word(Word_for(iCommand, Named_Commands())));
+  Take_Down_at_Plot("menu " + Script_Word(Word_for(iCommand, Named_Commands())));
 }
 
 void On_Key(const QKeyEvent& hKey) {
@@ -127,6 +128,7 @@ void On_Key(const QKeyEvent& hKey) {
   QWidget* hFocus = QApplication::focusWidget();
   const bool bLeft = !hFocus || !Is_Line(hFocus);
   if (hRecorder.bInField && bLeft) Take_Down_at_Plot("key Enter");  // by which the user has left the field, or a click
+  for (const std::string& sHover : Steps_to_Ring(hKey)) Take_Down_Under_Drag(sHover);
   Take_Down_Under_Drag("key " + Script_Word(sName));
 }
 
@@ -157,6 +159,7 @@ void On_Box_Given_Up(bool bClose) {
 }
 
 void On_Taken(const Message& h) {
+  Follow_Ring(h);
   if (h.iType == MessageType::Field) End_Slide();
   if (h.iType != MessageType::MouseDown || h.VALUE2 != iByWheel) return;
   const QPointF hPixel = Units_to_Pixels(QPointF(R8{h.GX}, R8{h.GY}));
@@ -247,6 +250,7 @@ void On_Row(const QTableWidget& hGrid, I4 iRow) {
 
 void Record_Listen() {
   hRecorder = {};
+  Forget_Ring();
   hWindowListener = {On_Menu,  On_Key,   On_Press, On_Release, On_Box_Given_Up,
                      On_Taken, On_Close, On_Drop,  On_Answer,  On_File};
   hDialogListener = {On_Button, On_Edit, On_Cell, On_Row};
@@ -261,6 +265,7 @@ bool Record_Would_Destroy(std::string_view sPath) {
 I4 Record_Begin(std::string_view sPath) {
   Record_End();
   const std::string sName(sPath);
+  hRecorder.sPath = sName;
   hRecorder.out.open(sName);
   if (!hRecorder.out) return 1;
   std::string sCommand(sFirstWords);
@@ -277,6 +282,21 @@ void Record_End() {
 
 bool Record_Is_On() {
   return hRecorder.out.is_open();
+}
+
+void Record_Menu(I4 iCommand) {
+  On_Menu(iCommand);
+}
+
+void Record_File(std::string_view sFile) {
+  On_File(To_QString(sFile));
+}
+
+void Record_Stop() {
+  End_Held();
+  hRecorder.sStep.insert(hRecorder.sStep.empty() ? hRecorder.sStep.end() : hRecorder.sStep.end() - 1, "stop");
+  if (!Record_Is_On() || Record_Begin(std::string(hRecorder.sPath)) == 0) return;
+  WindowOutStatusBar(iStatusProgress, sRecordFailed);
 }
 
 RecordPause::RecordPause() {

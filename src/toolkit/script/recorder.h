@@ -31,7 +31,15 @@ void Record_End();
 /// Whether a record is being written. It ends by itself where the disk is full, which the status bar says.
 bool Record_Is_On();
 
-/// What is done while one lives is no step: the choice of the file of a record.
+/// What a command does whose row of the menu is no step (MenuRow), as the choice of another command and of a file in
+/// the file dialog: a list of files that it goes by may not be there when the script plays.
+void Record_Menu(I4 iCommand);
+void Record_File(std::string_view sFile);
+
+/// The user has stopped the work that the last step began: the record has `stop` ahead of that step.
+void Record_Stop();
+
+/// What is done while one lives is no step: the choice of the file of a record, keys that are dropped.
 class RecordPause {
  public:
   RecordPause();

@@ -61,7 +61,7 @@ void Add_Entry(QWidget& hParent, const MenuRow& hRow) {
   if (const auto h = hLive.find(hRow.iCommand); h != hLive.end()) Put_Text(*hEntry, h->second.sText);
   hEntry->setProperty("stepName", Text_of(hRow.sText));  // a script calls it so, whatever it would do at the moment
   hParent.addAction(hEntry);
-  Watch_Entry(hEntry, hRow.iCommand);
+  Watch_Entry(hEntry, hRow.iCommand, hRow.bIsStep);
 }
 
 void Add_Rows(QMenuBar& hBar, std::span<const MenuRow> hRows) {

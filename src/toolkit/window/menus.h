@@ -13,8 +13,6 @@ namespace quillan {
 inline constexpr I4 iNoMenu = 0;
 inline constexpr I4 iMenuMain = 30001;
 inline constexpr I4 iCmdExit = 40011;
-// Begins and ends the record of steps, which leaves it out.
-inline constexpr I4 iCmdRecordSteps = 41011;
 
 /// One row of a menu bar. Rows with a depth of 1 stand in the drop-down menu of the last row with depth 0 and no
 /// command, rows with a depth of 2 in the menu beside the last such row with depth 1.
@@ -25,6 +23,7 @@ struct MenuRow {
   std::string_view sTip;   // shown in the wide part of the status bar while the pointer is over the entry
   std::string_view sKeys;  // standard keys, such as "Ctrl+O" or "Ctrl+Shift+Z; Ctrl+Y"; blank: none
   bool bThere = true;      // false: the program does not have the command yet, the entry stays grey
+  bool bIsStep = true;     // false: a record of steps leaves it out, or has what the command itself gives it
 };
 
 /// Gives a menu bar its rows: the module that answers its commands calls this before WMenu.
@@ -38,6 +37,7 @@ void WMenuSetState(I4 iCommand, I4 iState);
 
 /// Gives every entry of a command in the bar on show a tick or takes it away.
 void WMenuSetCheck(I4 iCommand, bool bOn);
+
 /// Gives a command that says what it would do another text, in every bar from now on, and greys it there or not. A text
 /// that is not from the program is put in by As_Menu_Text; with a blank one the entry is not on show.
 void WMenuEntry(I4 iCommand, std::string_view sText, bool bUsable);

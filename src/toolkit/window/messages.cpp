@@ -370,10 +370,10 @@ void toolkit::Press_Esc_at_Look() {
   QCoreApplication::sendEvent(Drawing_Area(), &hEvent);
 }
 
-void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand) {
-  QObject::connect(hEntry, &QAction::triggered, hEntry, [iCommand] {
+void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand, bool bIsStep) {
+  QObject::connect(hEntry, &QAction::triggered, hEntry, [iCommand, bIsStep] {
     hDialogs.Focus_Plot();
-    hWindowListener.Menu(iCommand);
+    if (bIsStep) hWindowListener.Menu(iCommand);
     Push_Message({.iType = MessageType::Menu, .VALUE1 = iCommand});
   });
 }

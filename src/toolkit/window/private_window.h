@@ -101,7 +101,7 @@ void Wheel_to_Plot(const QWheelEvent& hEvent);
 void Watch_Window(QMainWindow* hWindow, QWidget* hArea);
 /// Presses Esc if the script wants that now.
 void Press_Esc_at_Look();
-void Watch_Entry(QAction* hEntry, I4 iCommand);
+void Watch_Entry(QAction* hEntry, I4 iCommand, bool bIsStep);
 
 // ---- The menu (menus.cpp)
 
