@@ -138,6 +138,20 @@ TEST_F(Recorded, AClickInAPlotIsAPointInItsUnits) {
   EXPECT_EQ(Steps(), "point 2.5 100\npoint 2.5 100 right Ctrl\nclick 7.2 8.5\n");
 }
 
+TEST_F(Recorded, AnUnsteadyHandClicksInAPlotAndDragsElsewhere) {
+  const auto Tremble = [] {
+    Mouse(QEvent::MouseButtonPress, QPointF(450.0, 270.0));
+    Mouse(QEvent::MouseButtonRelease, QPointF(456.0, 275.0));
+  };
+  Tremble();
+  EXPECT_TRUE(Steps().starts_with("drag ")) << Steps();
+  IPgArea(0.1f, 0.1f, 0.9f, 0.9f);
+  IPgUnits(0.0f, 0.0f, 10.0f, 10.0f);
+  const std::string sBefore = Steps();
+  Tremble();
+  EXPECT_TRUE(Steps().starts_with(sBefore + "point ")) << Steps();
+}
+
 TEST_F(Recorded, KeysThatAreHeldAsTheButtonGoesDownAreOfTheStep) {
   Mouse(QEvent::MouseButtonPress, Units_to_Pixels(QPointF(12.0, 8.5)), Qt::RightButton, Qt::ShiftModifier);
   Mouse(QEvent::MouseButtonRelease, Units_to_Pixels(QPointF(0.0, 0.0)), Qt::RightButton);
@@ -196,6 +210,14 @@ TEST_F(Recorded, OnlyWhatTheProgramSeesOfATurnOrAMoveIsAStep) {
   EXPECT_EQ(Steps(), sBefore + "slide Curve 30\n");
 }
 
+TEST_F(Recorded, AStopStandsAheadOfTheStepThatBeganTheWork) {
+  Key(Qt::Key_N, "n");
+  Key(Qt::Key_Return);
+  Record_Stop();
+  Key(Qt::Key_P, "p");
+  EXPECT_EQ(Steps(), "key n\nstop\nkey Enter\nkey p\n");
+}
+
 TEST_F(Recorded, AKeyIsPressedAgainAsItWas) {
   Key(Qt::Key_Left, {}, Qt::ControlModifier);
   Key(Qt::Key_Tab, {}, Qt::ShiftModifier);
@@ -203,7 +225,7 @@ TEST_F(Recorded, AKeyIsPressedAgainAsItWas) {
   Key(Qt::Key_Space, " ", Qt::ShiftModifier);
   Key(Qt::Key_QuoteDbl, "\"");
   Key(Qt::Key_Enter, "\r", Qt::KeypadModifier);
-  EXPECT_EQ(Steps(), "key Ctrl+Left\nkey Shift+Tab\nkey N\nkey \"Shift+ \"\nkey \"\"\"\"\nkey Enter\n");
+  EXPECT_EQ(Steps(), "key Ctrl+Left\nkey Shift+Tab\nkey N\nkey Shift+Space\nkey \"\"\"\"\nkey Enter\n");
   PlayedSession hSession(Steps());
   std::string sKeys;
   for (const Message& h : hSession.Rest()) sKeys += std::to_string(h.VALUE1) + ' ';

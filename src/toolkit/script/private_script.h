@@ -5,6 +5,7 @@
 #include <QPointF>
 #include <QString>
 #include <charconv>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -65,9 +66,14 @@ QPointF Step_Pixel(QPointF hUnit);
 /// digits as it takes to meet it again; a click as a step, `point` where there is a plot, else, and where a corner of a
 /// box is set, `click`.
 std::string Place_Words(QPointF hPixel);
+/// The same in the numbers of the axes; nothing where there is no plot, or no number for the place.
+std::optional<std::string> Plot_Words(QPointF hPixel);
 std::string Click_Words(const QMouseEvent& hPress);
+/// Whether a drag between two pixels was meant as a box.
+bool Spans_Box(QPointF hFrom, QPointF hTo);
 /// Where the pointer has put the ring of a review, or from where it has taken it away, as steps `hover`: they stand
-/// ahead of a key that goes on from the ring. Follow_Ring hears each message that the program takes.
+/// ahead of a key that goes on from the ring (recorded_ring.cpp). Follow_Ring hears each message that the program
+/// takes.
 void Follow_Ring(const Message& hTaken);
 std::vector<std::string> Steps_to_Ring(const QKeyEvent& hKey);
 void Forget_Ring();

@@ -1,5 +1,4 @@
 // Places in the drawing area as the words of a step.
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWidget>
 #include <algorithm>
@@ -7,10 +6,8 @@
 #include <charconv>
 #include <cmath>
 #include <optional>
-#include <utility>
 
 #include "toolkit/draw/plot_axes.h"
-#include "toolkit/draw/private_draw.h"
 #include "toolkit/script/private_script.h"
 #include "toolkit/window/private_window.h"
 
@@ -42,6 +39,11 @@ GrPoint As_Reported(QPointF hPixel) {
   return {static_cast<R4>(hUnit.x()), static_cast<R4>(hUnit.y())};
 }
 
+QPointF Held_to_Area(QPointF hPixel) {
+  const QSize hSize = Drawing_Area()->size();
+  return {std::clamp(hPixel.x(), 0.0, R8(hSize.width())), std::clamp(hPixel.y(), 0.0, R8(hSize.height()))};
+}
+
 /// Graphics units as they come back from a step.
 GrPoint After_Step(R8 dX, R8 dY) {
   return As_Reported(Step_Pixel(QPointF(dX, dY)));
@@ -58,15 +60,6 @@ std::string Point_Words(GrPoint hUnit, AxisNumbers hPlot) {
   return sX + ' ' + Shortest(dY0, hUnit.fY, [&](R8 dY) { return After_Point(dX0, dY).fY; });
 }
 
-/// The same for a pixel; nothing where there is no plot, or no number for the place.
-std::optional<std::string> Plot_Words(QPointF hPixel) {
-  if (!IPg_Is_Plotting()) return std::nullopt;
-  const GrPoint hUnit = As_Reported(hPixel);
-  const AxisNumbers hPlot = IPgNumbersFromGrUnits(hUnit.fX, hUnit.fY);
-  if (!std::isfinite(hPlot.dX) || !std::isfinite(hPlot.dY)) return std::nullopt;
-  return Point_Words(hUnit, hPlot);
-}
-
 /// Whether the pointer says that a click sets a corner of a box.
 bool Sets_Corner() {
   const Qt::CursorShape iShape = Drawing_Area()->cursor().shape();
@@ -75,73 +68,30 @@ bool Sets_Corner() {
 
 }  // namespace
 
+std::optional<std::string> Plot_Words(QPointF hPixel) {
+  if (!IPg_Is_Plotting()) return std::nullopt;
+  const GrPoint hUnit = As_Reported(hPixel);
+  const AxisNumbers hPlot = IPgNumbersFromGrUnits(hUnit.fX, hUnit.fY);
+  if (!std::isfinite(hPlot.dX) || !std::isfinite(hPlot.dY)) return std::nullopt;
+  return Point_Words(hUnit, hPlot);
+}
+
 std::string Place_Words(QPointF hPixel) {
-  const QSize hSize = Drawing_Area()->size();
-  const QPointF hHeld(std::clamp(hPixel.x(), 0.0, R8(hSize.width())), std::clamp(hPixel.y(), 0.0, R8(hSize.height())));
-  const GrPoint hUnit = As_Reported(hHeld);
+  const GrPoint hUnit = As_Reported(Held_to_Area(hPixel));
   const R8 dX0 = R8{hUnit.fX}, dY0 = R8{hUnit.fY};
   const std::string sX = Shortest(dX0, hUnit.fX, [&](R8 dX) { return After_Step(dX, dY0).fX; });
   return sX + ' ' + Shortest(dY0, hUnit.fY, [&](R8 dY) { return After_Step(dX0, dY).fY; });
+}
+
+bool Spans_Box(QPointF hFrom, QPointF hTo) {
+  const GrPoint h1 = As_Reported(hFrom), h2 = As_Reported(Held_to_Area(hTo));
+  return std::abs(h2.fX - h1.fX) * std::abs(h2.fY - h1.fY) >= fLeastBox;
 }
 
 std::string Click_Words(const QMouseEvent& hPress) {
   const bool bPoints = hPress.button() == Qt::LeftButton || hPress.button() == Qt::RightButton;
   const auto sPlace = bPoints && !Sets_Corner() ? Plot_Words(hPress.position()) : std::nullopt;
   return (sPlace ? "point " + *sPlace : "click " + Place_Words(hPress.position())) + Hand_Words(hPress);
-}
-
-// ---- the ring
-
-namespace {
-
-// What the moves of the pointer have made of the ring since a key went on from it. Follow_Ring fills it.
-struct RingTrail {
-  std::optional<QPointF> hRing;  // as the last message but one left it
-  MessageType iLast = MessageType::None;
-  QPointF hAt, hBefore;  // the last two moves, in pixels
-  std::vector<std::string> sHover;
-};
-RingTrail hTrail;
-
-void Add_Hover(QPointF hPixel) {
-  if (const auto sPlace = Plot_Words(hPixel)) hTrail.sHover.push_back("hover " + *sPlace);
-}
-
-/// What the last message has done to the ring.
-void Note_Ring() {
-  const std::optional<QPointF> hRing = Ring_Place();
-  if (hRing == hTrail.hRing) return;
-  hTrail.hRing = hRing;
-  const bool bClicked = hTrail.iLast == MessageType::MouseDown || hTrail.iLast == MessageType::MouseUp;
-  if (bClicked && hRing) hTrail.sHover.clear();  // the click has it now
-  if (hTrail.iLast != MessageType::MouseMove) return;
-  hTrail.sHover.clear();
-  if (!hRing) Add_Hover(hTrail.hBefore);  // only from its point does the pointer take the ring away
-  Add_Hover(hTrail.hAt);
-}
-
-bool Goes_on_from_Ring(const QKeyEvent& hKey) {
-  const bool bArrow = hKey.key() >= Qt::Key_Left && hKey.key() <= Qt::Key_Down;
-  return hKey.key() == Qt::Key_Space || (bArrow && hKey.modifiers().testFlag(Qt::ControlModifier));
-}
-
-}  // namespace
-
-void Forget_Ring() {
-  hTrail = {};
-}
-
-void Follow_Ring(const Message& hTaken) {
-  Note_Ring();
-  hTrail.iLast = hTaken.iType;
-  if (hTaken.iType != MessageType::MouseMove) return;
-  hTrail.hBefore = std::exchange(hTrail.hAt, Units_to_Pixels(QPointF(R8{hTaken.GX}, R8{hTaken.GY})));
-}
-
-std::vector<std::string> Steps_to_Ring(const QKeyEvent& hKey) {
-  if (!Goes_on_from_Ring(hKey)) return {};
-  Note_Ring();
-  return std::exchange(hTrail.sHover, {});
 }
 
 }  // namespace quillan::toolkit

@@ -145,7 +145,10 @@ void On_Release(const QMouseEvent& hRelease) {
   HeldButton& hHeld = hRecorder.hHeld;
   if (hHeld.iButton == Qt::NoButton || hHeld.iButton != hRelease.button()) return;
   const bool bDrags = hHeld.iButton == Qt::LeftButton || hHeld.iButton == Qt::RightButton;
-  if (bDrags && hHeld.sStep.size() == 1 && hRelease.position() != hHeld.hPixel)
+  // What hits a point is a click also of an unsteady hand; else any move may be meant, such as that to a far corner.
+  const bool bPoint = !hHeld.sStep.empty() && hHeld.sStep.front().starts_with("point ");
+  const bool bMoved = bPoint ? Spans_Box(hHeld.hPixel, hRelease.position()) : hRelease.position() != hHeld.hPixel;
+  if (bDrags && hHeld.sStep.size() == 1 && bMoved)
     hHeld.sStep = {"drag " + hHeld.sPlace + ' ' + Place_Words(hRelease.position()) + hHeld.sHand};
   End_Held();
 }
