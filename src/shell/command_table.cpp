@@ -46,7 +46,7 @@ constexpr Command hCommand[] = {
     {1, iCmdSave,           true,  false,  Save_Data,       "&Save", "Ctrl+S", "Save current data."},
     {1, iCmdSaveAs,         true,  false,  Save_Data_As,    "Save &As", "Ctrl+Shift+S",
                           "Save current data with a new file name."},
-    {1, iCmdRecordSteps,    false, false,  Record_Steps,    "&Record Steps", "",
+    {1, iCmdRecordSteps,    false, false,  Record_Steps,    "Record S&teps", "",
                           "Write what you do as a session script; again to end it."},
     {1, iCmdExit,           false, false,  Exit_Program,    "E&xit", "Ctrl+Q", "Exit program."},
     {0, iCmdSurveyConfig,   true,  true,   Edit_Cfg,        "Edit Survey Configuration", "",

@@ -229,7 +229,7 @@ TEST_F(Recorded, AKeyIsPressedAgainAsItWas) {
   PlayedSession hSession(Steps());
   std::string sKeys;
   for (const Message& h : hSession.Rest()) sKeys += std::to_string(h.VALUE1) + ' ';
-  EXPECT_EQ(sKeys, "261 9 78 32 34 13 ") << hSession.Errors();
+  EXPECT_EQ(sKeys, "516 9 78 517 34 13 ") << hSession.Errors();
 }
 
 TEST_F(Recorded, AnEditIsAStepWhenItIsComplete) {
