@@ -166,7 +166,9 @@ constexpr Layer hLayer[] = {
 
 void Draw_Markers(const PlotRange& hRange) {
   const std::vector<R4> fSize = Marker_Sizes(hRange);
+  const bool bRims = std::ranges::any_of(fSize, [](R4 f) { return f >= fLeastRimmed; });
   for (const Layer& hOf : hLayer) {
+    if (hOf.iColour == iColourRim && !bRims) continue;
     IGrColourN(hOf.iColour);
     QCS_Visit_Points(hRange, [&](const SectionPoint& h) {
       if (h.bSkip != hOf.bSkip) return;

@@ -107,8 +107,9 @@ void Coverage::Add_Rows(const Stroke& h, const PixelBox& hBox) {
     const I4 iLeft = std::max(hBox.iLeft, static_cast<I4>(std::max(fMiddle - fSide, 0.0f)));
     const I4 iRight = static_cast<I4>(std::min(static_cast<R4>(hBox.iRight), fMiddle + fSide + 1.0f));
     I2* iPixel = Row(iRow);
-    for (I4 I = iLeft; I < iRight; I += NEight)
-      Cover_Eight(hSteps, First_of(h, static_cast<R4>(I) + 0.5f - h.fX, fY), iPixel + I);
+    I4 I = iLeft;
+    for (; I < iRight; I += NEight) Cover_Eight(hSteps, First_of(h, static_cast<R4>(I) + 0.5f - h.fX, fY), iPixel + I);
+    Use_Row(iRow, iLeft, std::min(I, NWidth));
   }
 }
 
@@ -128,9 +129,15 @@ void Coverage::Add_Line(R4 fX1, R4 fY1, R4 fX2, R4 fY2, R4 fWidth) {
 
 namespace {
 
-/// Pixels of a stamp on each side of the one that the centre lies in, and in all, a multiple of eight.
+void Stamp_Eight(const I2* iFrom, I2* iPixel) {
+  constexpr I4 NEight = 8;
+  for (I4 I = 0; I < NEight; ++I) iPixel[I] = std::max(iPixel[I], iFrom[I]);
+}
+
+/// Pixels of a stamp on each side of the one that the centre lies in, and in all, a multiple of eight. The centre is
+/// at most three eighths from the middle of its pixel.
 I4 Stamp_Reach(R4 fRadius) {
-  return static_cast<I4>(fRadius + 1.5f);
+  return static_cast<I4>(fRadius + 0.875f);
 }
 
 I4 Stamp_Side(R4 fRadius) {
@@ -177,11 +184,17 @@ void Coverage::Add_Disc(R4 fX, R4 fY, R4 fRadius) {
   const PixelBox hBox{std::max(iLeft, 0), std::max(iTop, 0), std::min(iLeft + NSide, NWidth + NEight),
                       std::min(iTop + 2 * Stamp_Reach(fRadius) + 1, NHeight)};
   if (hBox.Is_Empty()) return;
+  const bool bWhole = hBox.iLeft == iLeft && hBox.iRight == iLeft + NSide;
   const I2* iDisc = Stamp(iPhaseX, iPhaseY);
   for (I4 iRow = hBox.iTop; iRow < hBox.iBottom; ++iRow) {
     const I2* iFrom = iDisc + (iRow - iTop) * NSide - iLeft;
     I2* iPixel = Row(iRow);
-    for (I4 I = hBox.iLeft; I < hBox.iRight; ++I) iPixel[I] = std::max(iPixel[I], iFrom[I]);
+    if (bWhole) {
+      for (I4 I = iLeft; I < hBox.iRight; I += NEight) Stamp_Eight(iFrom + I, iPixel + I);
+    } else {
+      for (I4 I = hBox.iLeft; I < hBox.iRight; ++I) iPixel[I] = std::max(iPixel[I], iFrom[I]);
+    }
+    Use_Row(iRow, hBox.iLeft, std::min(hBox.iRight, NWidth));
   }
   Use({hBox.iLeft, hBox.iTop, std::min(hBox.iRight, NWidth), hBox.iBottom});
 }
@@ -189,6 +202,7 @@ void Coverage::Add_Disc(R4 fX, R4 fY, R4 fRadius) {
 bool Coverage::Is_Far(R4 fX, R4 fY, R4 fRadius) const {
   constexpr I8 NSparse = 64;  // pixels that painting passes over for each one that is covered
   const I4 iX = static_cast<I4>(fX), iY = static_cast<I4>(fY);
+  if (iX >= hUsed.iLeft && iX < hUsed.iRight && iY >= hUsed.iTop && iY < hUsed.iBottom) return false;
   const I8 NDisc = static_cast<I8>(4.0f * (fRadius + 1.0f) * (fRadius + 1.0f));
   return NUsed > 0 && Box_With({iX, iY, iX + 1, iY + 1}).Area() > NSparse * (NUsed + NDisc);
 }
@@ -201,10 +215,6 @@ PixelBox Coverage::Box_With(const PixelBox& h) const {
 void Coverage::Use(const PixelBox& hBox) {
   hUsed = Box_With(hBox);
   NUsed += hBox.Area();
-  for (I4 iRow = hBox.iTop; iRow < hBox.iBottom; ++iRow) {
-    Span& h = hSpan[static_cast<std::size_t>(iRow)];
-    h = {std::min(h.iLeft, hBox.iLeft), std::max(h.iRight, hBox.iRight)};
-  }
 }
 
 namespace {

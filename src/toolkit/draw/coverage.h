@@ -65,6 +65,10 @@ class Coverage {
   const I2* Stamp(I4 iPhaseX, I4 iPhaseY);
   std::vector<I2> New_Stamp(I4 iPhaseX, I4 iPhaseY) const;
   void Use(const PixelBox& hBox);
+  void Use_Row(I4 iRow, I4 iLeft, I4 iRight) {
+    Span& h = hSpan[static_cast<std::size_t>(iRow)];
+    h = {std::min(h.iLeft, iLeft), std::max(h.iRight, iRight)};
+  }
   PixelBox Box_With(const PixelBox& hBox) const;
   I2* Row(I4 iRow) { return iCover.data() + static_cast<std::size_t>(iRow) * NRow; }
 
