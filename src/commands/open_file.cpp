@@ -1,5 +1,7 @@
 #include "commands/open_file.h"
 
+#include <optional>
+
 #include "base/program.h"
 #include "commands/history_commands.h"
 #include "commands/open_survey.h"
@@ -13,6 +15,7 @@
 #include "platform/arguments.h"
 #include "platform/file_names.h"
 #include "platform/folders.h"
+#include "toolkit/script/recorder.h"
 #include "toolkit/window/messages.h"
 #include "toolkit/window/window.h"
 
@@ -50,10 +53,19 @@ I4 Read_Chosen_File(std::string sFile) {
   return iError;
 }
 
-I4 Read_Listed_File(const std::string& sFile) {
-  if (IOsFileExists(sFile)) return Read_Chosen_File(sFile);
+/// A record leaves this out, as nothing has changed.
+I4 Report_No_File(const std::string& sFile) {
+  const RecordPause hPause;
   LogErr({"ERROR: There is no file", sFile, "What is open stays open."});
   return 1;
+}
+
+/// The status of the reading; nothing after a save.
+std::optional<I4> Read_Unless_Saved(const std::string& sFile) {
+  Record_Menu(iCmdOpen);
+  if (Saves_First()) return std::nullopt;
+  Record_File(sFile);
+  return Read_Chosen_File(sFile);
 }
 
 /// The file's name where it is there, else that of its first word, in full.
@@ -68,13 +80,13 @@ std::string Where_to_Look() {
 }
 
 I4 Step_to(I4 iStep) {
-  if (Saves_First()) return 0;
   const I4 iOffered0 = hRecent.iOffered;
   const std::string sFile = Step_Offered(iStep);
   if (sFile.empty()) return 1;
-  const I4 iError = Read_Listed_File(sFile);
-  if (bWorkStopped) hRecent.iOffered = iOffered0;
-  return iError;
+  if (!IOsFileExists(sFile)) return Report_No_File(sFile);  // it is passed over
+  const std::optional<I4> iError = Read_Unless_Saved(sFile);
+  if (!iError || bWorkStopped) hRecent.iOffered = iOffered0;
+  return iError.value_or(0);
 }
 
 }  // namespace
@@ -111,7 +123,7 @@ I4 Open_File() {
 }
 
 I4 Open_Listed_File(const std::string& sFile) {
-  return Saves_First() ? 0 : Read_Listed_File(sFile);
+  return IOsFileExists(sFile) ? Read_Unless_Saved(sFile).value_or(0) : Report_No_File(sFile);
 }
 
 I4 Open_Next_File() {

@@ -10,6 +10,8 @@
 
 namespace quillan {
 
+inline constexpr I4 iCmdOpen = 40005;
+
 /// The path of the first data file: sCmdLine as a whole if a file has that name, else its first word, completed by
 /// sFileExt where it has no extension and by the working folder where it has no folder. Without such a file the user
 /// chooses one, and Cancel ends the program.
@@ -25,7 +27,8 @@ namespace quillan {
 /// The same for the file that was dropped last.
 [[nodiscard]] I4 Open_Dropped_File();
 
-/// The same for a file of a list. Returns 1 as well for one that is not there, which is reported; the data then stay.
+/// The same for a file of a list; a record of steps has it as Open with that file. Returns 1 as well for one that is
+/// not there, which is reported; the data then stay.
 [[nodiscard]] I4 Open_Listed_File(const std::string& sFile);
 /// File I of the menu; the file after or before the one of the command line that was opened last.
 template <I4 I>

@@ -12,6 +12,7 @@
 #include "commands/open_file.h"
 #include "commands/open_survey.h"
 #include "commands/recent_files.h"
+#include "commands/record_steps.h"
 #include "commands/recovery.h"
 #include "commands/session.h"
 #include "commands/whole_command.h"
@@ -26,6 +27,7 @@
 #include "shell/command_table.h"
 #include "shell/user_at_window.h"
 #include "toolkit/draw/last_error.h"
+#include "toolkit/script/recorder.h"
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/messages.h"
@@ -41,10 +43,16 @@ constexpr I4 NStatusPart1 = 32;    // pixels
 
 // ---- start
 
+/// Opens a file of a list, recent or of the command line.
+bool Is_Listed_File(I4 iCommand) {
+  return iCommand >= iCmdRecent && iCommand <= iCmdPreviousFile;
+}
+
 void Open_Window() {
   std::vector<MenuRow> hRow;
   for (const Command& h : Command_Table())
-    hRow.push_back({h.iDepth, h.iCommand, h.sText, h.sTip, h.sKeys, h.Carry_Out != nullptr});
+    hRow.push_back({h.iDepth, h.iCommand, h.sText, h.sTip, h.sKeys, h.Carry_Out != nullptr,
+                    h.iCommand != iCmdRecordSteps && !Is_Listed_File(h.iCommand)});
   WMenuDefine(iMenuMain, hRow);
   const WindowSize hSize = Window_Size(WInfoScreen(iScreenWidth), WInfoScreen(iScreenHeight));
   WindowOpen2(0, 0, hSize.NXP, hSize.NYP, iMenuMain, Program_Title());
@@ -90,6 +98,7 @@ void Set_Menu_State() {
   for (const Command& h : Command_Table()) {
     if (h.iCommand != 0) WMenuSetState(h.iCommand, Is_Available(h) ? 1 : 0);
   }
+  WMenuSetCheck(iCmdRecordSteps, Record_Is_On());
 }
 
 void Begin_Command() {
@@ -100,8 +109,7 @@ void Begin_Command() {
 
 /// A save needs its memory for itself, and what was done by hand in a review is not thrown away.
 Unfinished If_Unfinished(const Command& h) {
-  if (h.iCommand == iCmdOpen || (h.iCommand >= iCmdRecent && h.iCommand <= iCmdPreviousFile))
-    return Unfinished::PutBack;
+  if (h.iCommand == iCmdOpen || Is_Listed_File(h.iCommand)) return Unfinished::PutBack;
   return h.bChangesData && h.iCommand != iCmdReview ? Unfinished::PutBack : Unfinished::Stay;
 }
 

@@ -7,6 +7,7 @@
 #include "commands/moving_average_command.h"
 #include "commands/open_file.h"
 #include "commands/read_stations.h"
+#include "commands/record_steps.h"
 #include "commands/review_data.h"
 #include "commands/save_survey.h"
 #include "commands/survey_config.h"
@@ -45,6 +46,8 @@ constexpr Command hCommand[] = {
     {1, iCmdSave,           true,  false,  Save_Data,       "&Save", "Ctrl+S", "Save current data."},
     {1, iCmdSaveAs,         true,  false,  Save_Data_As,    "Save &As", "Ctrl+Shift+S",
                           "Save current data with a new file name."},
+    {1, iCmdRecordSteps,    false, false,  Record_Steps,    "Record S&teps", "",
+                          "Write what you do as a session script; again to end it."},
     {1, iCmdExit,           false, false,  Exit_Program,    "E&xit", "Ctrl+Q", "Exit program."},
     {0, iCmdSurveyConfig,   true,  true,   Edit_Cfg,        "Edit Survey Configuration", "",
                           "Edit survey configuration parameters."},

@@ -8,7 +8,6 @@
 
 namespace quillan {
 
-inline constexpr I4 iCmdOpen = 40005;
 inline constexpr I4 iCmdMovingAverage = 40006;
 inline constexpr I4 iCmdAverageRepeats = 40007;
 inline constexpr I4 iCmdReview = 40008;

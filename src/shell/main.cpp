@@ -12,6 +12,7 @@
 #include "shell/command_loop.h"
 #include "shell/example_survey.h"
 #include "shell/options.h"
+#include "toolkit/script/recorder.h"
 #include "toolkit/script/script.h"
 #include "toolkit/window/window.h"
 
@@ -58,12 +59,15 @@ int Run(Options& h) {
   try {
     Need_Room_for_Window();
     System_Initialize();
+    if (Record_Would_Destroy(h.sRecord)) return Refuse(h.sRecord + " is there already and is no record of steps", 2);
     const int NRemaining = static_cast<int>(h.hRemaining.size());
     h.hRemaining.push_back(nullptr);  // a command line ends in a null
     Script_Load(h.sScript);
+    Record_Listen();
     sJournalFolder = Journal_Folder(h);
     Recent_Begin(h.sScript.empty() || h.bRecent);  // a script leaves the user's own list alone
     WInitialise(NRemaining, h.hRemaining.data());
+    if (!h.sRecord.empty() && Record_Begin(h.sRecord) != 0) return Refuse("cannot write " + h.sRecord, 2);
     Run_Program();
   } catch (const ProgramStop&) {
     Recovery_End();

@@ -1,6 +1,7 @@
 #include "shell/options.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
 
 namespace quillan {
@@ -17,6 +18,7 @@ constexpr std::string_view sHelpText =
     "                      quillan-example\n"
     "  --script STEPS.txt  play the steps of a file as the user's input; without a\n"
     "                      display this runs off-screen\n"
+    "  --record STEPS.txt  write what the user does as the steps of such a file\n"
     "  --journal FOLDER    where edits are kept until they are saved, in place of the\n"
     "                      user's state folder; a script without it keeps none\n"
     "  --recent            keep the list of recent files also when a script plays\n"
@@ -43,6 +45,7 @@ constexpr Option hOption[] = {
     {"--example", &Options::bExample, nullptr,            ""                    },
     {"--recent",  &Options::bRecent,  nullptr,            ""                    },
     {"--script",  nullptr,            &Options::sScript,  "the name of a file"  },
+    {"--record",  nullptr,            &Options::sRecord,  "the name of a file"  },
     {"--journal", nullptr,            &Options::sJournal, "the name of a folder"},
 };
 
@@ -86,6 +89,9 @@ Options Read_Options(int argc, char** argv) {
       h.hRemaining.push_back(argv[I]);
     }
   }
+  std::error_code hNoFile;
+  if (h.sFault.empty() && !h.sScript.empty() && std::filesystem::equivalent(h.sRecord, h.sScript, hNoFile))
+    h.sFault = "--record would write over the script that is played, " + h.sScript;
   return h;
 }
 

@@ -16,6 +16,7 @@ struct Options {
   bool bExample = false;          // open a copy of the example survey
   bool bRecent = false;           // keep the list of recent files also when a script plays
   std::string sScript;            // steps to play; blank: none
+  std::string sRecord;            // file for what the user does, as steps; blank: none
   std::string sJournal;           // folder of the journals; blank: the user's own, and none with a script
   std::string sFault;             // why the command line cannot be used, and what helps; blank: it can
   std::vector<char*> hRemaining;  // the program's name and what is no option of ours

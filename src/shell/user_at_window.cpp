@@ -8,6 +8,7 @@
 #include "commands/match_word.h"
 #include "commands/z_data_type.h"
 #include "foundations/str_write.h"
+#include "toolkit/script/recorder.h"
 #include "toolkit/script/script.h"
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/messages.h"
@@ -52,8 +53,11 @@ std::string In_Words(const WorkDone& h) {
 bool Look(const WorkDone& h) {
   const bool bShown = h.dSeconds >= dShownAfter;
   if (bShown) WindowProgress(h.NAll > 0 ? R8(h.NDone) / R8(h.NAll) : -1.0, In_Words(h));
+  const RecordPause hPause;  // what the user does meanwhile is dropped
   // Before there is a bar, Esc was meant for something else. A script says what it means.
-  return Message_Check() != iLookEsc || !(bShown || Script_Is_Playing());
+  const bool bStops = Message_Check() == iLookEsc && (bShown || Script_Is_Playing());
+  if (bStops && h.bMayStop) Record_Stop();
+  return !bStops;
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
 namespace quillan {
@@ -36,12 +37,16 @@ TEST(Options, OnesThatAreNotKnownAreRefusedWithAHint) {
   EXPECT_EQ(Read({"--scrpt", "steps.txt"}).sFault, "unknown option --scrpt; quillan --help lists them");
   EXPECT_EQ(Read({"-h"}).sFault, "unknown option -h; quillan --help lists them");
   EXPECT_EQ(Read({"--script"}).sFault, "--script needs the name of a file");
+  EXPECT_EQ(Read({"--record", "a.txt", "--script", "b.txt"}).sRecord, "a.txt");
+  std::ofstream("a.txt") << "close\n";
+  EXPECT_EQ(Read({"--record", "./a.txt", "--script", "a.txt"}).sFault,
+            "--record would write over the script that is played, a.txt");
 }
 
 TEST(Options, HelpNamesThemAllAndFitsATerminal) {
   std::istringstream in{std::string(sHelp)};
   for (std::string sLine; std::getline(in, sLine);) EXPECT_LE(sLine.size(), 80u) << sLine;
-  for (const char* sOption : {"--example", "--script", "--journal", "--recent", "--version", "--help"})
+  for (const char* sOption : {"--example", "--script", "--record", "--journal", "--recent", "--version", "--help"})
     EXPECT_NE(sHelp.find(sOption), std::string_view::npos) << sOption;
 }
 

@@ -12,8 +12,6 @@ constexpr R4 fPlacedPixels = 8.0f;  // size of a box before its first corner is 
 constexpr R4 fBegunPixels = 4.0f;   // and of one that begins at a corner
 constexpr I4 MClickPixels = 4;      // a release farther from its press ends a drag
 
-constexpr R4 fLeastBox = 0.1f;  // graphics units squared
-
 /// What the user does while a mouse routine waits.
 enum class MouseAct { Press, Release, Move, Leave };
 

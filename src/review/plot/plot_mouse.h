@@ -22,7 +22,7 @@ struct MouseBox {
   I4 iError = 0;  // 0; 1 Esc, or no box
 };
 
-/// Whether a drag was meant as a box: one of less than 0.1 graphics units squared is a click of an unsteady hand.
+/// Whether a drag was meant as a box: one of less than fLeastBox is a click of an unsteady hand.
 [[nodiscard]] L4 Is_Box(const GrBox& hBox);
 
 /// Waits for one click. iMouseCursor: shape of the pointer meanwhile.

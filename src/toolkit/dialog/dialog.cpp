@@ -30,6 +30,7 @@ void Push_Button(DialogRecord& hDialog, I4 iButton) {
     Field_Complete(hField);
     Grid_Complete(hField.hWidget);
   }
+  hDialogListener.Button(iButton);
   if (hDialog.iMode == iShowModal) {
     hDialog.iExit = iButton;
     return;
@@ -146,8 +147,12 @@ DialogRecord* Current_Record() {
   return hDialog;
 }
 
+DialogRecord* Known_Dialog() {
+  return Record_of(iCurrent);
+}
+
 Field* Known_Field(I4 iField) {
-  DialogRecord* hDialog = Record_of(iCurrent);
+  DialogRecord* hDialog = Known_Dialog();
   if (!hDialog) return nullptr;
   const auto hFound = hDialog->hField.find(iField);
   return hFound == hDialog->hField.end() ? nullptr : &hFound->second;

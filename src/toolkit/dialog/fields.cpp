@@ -211,6 +211,7 @@ void Field_Complete(Field& hField) {
   const QString sText = Field_Text(hField);
   if (sText == hField.sComplete) return;
   hField.sComplete = sText;
+  hDialogListener.Edit(hField);
   Push_Message({.iType = MessageType::Field, .VALUE1 = hField.iField});
 }
 

@@ -145,8 +145,10 @@ class GridTable : public QTableWidget {
   }
 };
 
-void Push_Change(I4 iGrid) {
-  Push_Message({.iType = MessageType::Field, .VALUE1 = iGrid});
+/// The user has changed a cell (from 1).
+void Report_Change(const GridTable& hGrid, I4 iRow, I4 iColumn) {
+  hDialogListener.Cell(hGrid, iRow, iColumn);
+  Push_Message({.iType = MessageType::Field, .VALUE1 = hGrid.objectName().mid(1).toInt()});
 }
 
 GridTable* Find_Grid(I4 iGrid) {
@@ -187,12 +189,11 @@ void Show_Real(GridTable& hGrid, I4 iRow, I4 iColumn, R4 fValue, const NumberRul
   hItem->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
-QComboBox* New_Drop_Down(std::span<const std::string> sEntry, I4 iSelect, I4 iGrid) {
+QComboBox* New_Drop_Down(std::span<const std::string> sEntry, I4 iSelect) {
   auto* hDropDown = new QComboBox;
   for (const std::string& sText : sEntry) hDropDown->addItem(To_QString(sText));
   hDropDown->setCurrentIndex(iSelect - 1);
   Ignore_Wheel(hDropDown);
-  QObject::connect(hDropDown, &QComboBox::activated, hDropDown, [iGrid] { Push_Change(iGrid); });
   return hDropDown;
 }
 
@@ -211,7 +212,10 @@ QWidget* New_Grid(QWidget* hParent) {
   hGrid->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked |
                          QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
   QObject::connect(hGrid, &QTableWidget::cellChanged, hGrid,
-                   [hGrid] { Push_Change(hGrid->objectName().mid(1).toInt()); });
+                   [hGrid](I4 iRow, I4 iColumn) { Report_Change(*hGrid, iRow + 1, iColumn + 1); });
+  QObject::connect(hGrid, &QTableWidget::currentCellChanged, hGrid, [hGrid](I4 iRow) {
+    if (iRow >= 0 && hGrid->selectionBehavior() == QAbstractItemView::SelectRows) hDialogListener.Row(*hGrid, iRow + 1);
+  });
   return hGrid;
 }
 
@@ -232,7 +236,10 @@ bool Grid_Is_Edited(QWidget* hGrid) {
 }  // namespace toolkit
 
 void WGridRows(I4 iGrid, I4 NRow) {
-  if (GridTable* hGrid = Find_Grid(iGrid)) hGrid->setRowCount(std::max(NRow, 0));
+  GridTable* hGrid = Find_Grid(iGrid);
+  if (!hGrid) return;
+  const QSignalBlocker hQuiet(hGrid);
+  hGrid->setRowCount(std::max(NRow, 0));
 }
 
 void WGridLabelRows(I4 iGrid, std::span<const std::string> sLabel) {
@@ -307,7 +314,9 @@ void WGridPutMenu(I4 iGrid, I4 iColumn, std::span<const std::string> sEntry, std
   hGrid->setFocusPolicy(Qt::ClickFocus);  // Tab goes from one drop-down to the next
   QWidget* hBefore = hGrid;
   for (I4 iRow = 0; iRow < Rows(*hGrid, iSelect); ++iRow) {
-    QComboBox* hDropDown = New_Drop_Down(sEntry, iSelect[static_cast<std::size_t>(iRow)], iGrid);
+    QComboBox* hDropDown = New_Drop_Down(sEntry, iSelect[static_cast<std::size_t>(iRow)]);
+    QObject::connect(hDropDown, &QComboBox::activated, hGrid,
+                     [hGrid, iRow, iColumn] { Report_Change(*hGrid, iRow + 1, iColumn); });
     hGrid->setCellWidget(iRow, iColumn - 1, hDropDown);
     QWidget::setTabOrder(hBefore, hDropDown);
     hBefore = hDropDown;

@@ -19,6 +19,7 @@
 
 class QKeyEvent;
 class QLineEdit;
+class QTableWidget;
 class QWidget;
 
 namespace quillan::toolkit {
@@ -109,12 +110,22 @@ struct DialogRecord {
   I4 iExit = 0;  // the button that was pushed, 0 before
 };
 
+/// Hears what the user does in dialogs. The recorder of scripts fills this in; until then nobody listens.
+struct DialogListener {
+  void (*Button)(I4 iButton) = [](I4) {};
+  void (*Edit)(const Field& hField) = [](const Field&) {};                                            // complete
+  void (*Cell)(const QTableWidget& hGrid, I4 iRow, I4 iColumn) = [](const QTableWidget&, I4, I4) {};  // from 1
+  void (*Row)(const QTableWidget& hGrid, I4 iRow) = [](const QTableWidget&, I4) {};  // chosen as a whole
+};
+inline DialogListener hDialogListener;
+
 /// Dialogs that are loaded, in the order of their loading.
 const std::vector<std::unique_ptr<DialogRecord>>& Loaded_Dialogs();
 /// The current dialog, and one of its controls by number; null, with the error status set, where there is none.
 DialogRecord* Current_Record();
 Field* Find_Field(I4 iField);
 /// The same for a question that is no fault of the program: the error status stays as it is.
+DialogRecord* Known_Dialog();
 Field* Known_Field(I4 iField);
 /// The dialog that is current and shown, null where there is none. isModal is true for one that waits for an
 /// answer, false for a tool window. Its reject() is Cancel.

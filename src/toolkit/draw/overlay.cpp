@@ -115,6 +115,10 @@ void IGrRing(R4 fX, R4 fY) {
   Repaint_Ring();
 }
 
+std::optional<QPointF> toolkit::Ring_Place() {
+  return hRing;
+}
+
 void IGrRingOff() {
   Repaint_Ring();
   hRing.reset();

@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -156,6 +157,8 @@ void Toggle_Overlay(const OverlayShape& hShape);
 void Clear_Overlay();
 /// Paints what is in the overlay; the paint event calls it after the image.
 void Paint_Overlay(QPainter& hPainter);
+/// Where the ring is, in parts of the area's width and height; nothing while there is none.
+std::optional<QPointF> Ring_Place();
 
 inline constexpr R8 dMinScreenEm = 9.0;  // pixels on the screen: smaller letters cannot be read
 

@@ -18,23 +18,32 @@
 #include <QTableWidget>
 
 #include "toolkit/dialog/private_dialog.h"
+#include "toolkit/script/private_names.h"
 #include "toolkit/script/private_script.h"
 #include "toolkit/window/private_window.h"
 
 namespace quillan::toolkit {
 namespace {
 
+/// The field that a word means among those of its kind; null and the reason where it means none.
+Field* Field_Meant(const std::string& sWord, const std::string& sKind, bool (*bFits)(QWidget*), std::string& sReason) {
+  const Meant hMeant = Number_Meant(sWord, Named_Controls(bFits), "the dialog has no", sKind);
+  Field* hField = hMeant.sReason.empty() ? Known_Field(hMeant.iNumber) : nullptr;
+  if (!hField) sReason = hMeant.sReason.empty() ? "the dialog has no " + sKind + ' ' + sWord : hMeant.sReason;
+  return hField;
+}
+
 /// The control that the first argument names, if it is of that kind and can be used; else null and the reason.
 template <class Control>
-Control* Usable(Arguments sArgument, const char* sKind, std::string& sReason) {
+Control* Usable(Arguments sArgument, const char* sKind, std::string& sReason, bool (*bFits)(QWidget*) = Is_a<Control>) {
   const std::string sName = std::string(sKind) + ' ' + sArgument[0];
-  const Field* hField = Known_Field(Whole(sArgument[0]));
-  auto* hControl = hField ? qobject_cast<Control*>(hField->hWidget) : nullptr;
-  if (!hControl)
+  const Field* hField = Field_Meant(sArgument[0], sKind, bFits, sReason);
+  if (!hField) return nullptr;
+  if (!bFits(hField->hWidget))
     sReason = "the dialog has no " + sName;
-  else if (!hControl->isEnabled())
+  else if (!hField->hWidget->isEnabled())
     sReason = sName + " is greyed";
-  return sReason.empty() ? hControl : nullptr;
+  return sReason.empty() ? qobject_cast<Control*>(hField->hWidget) : nullptr;
 }
 
 void Press_Key(QWidget* hWidget, int iKey, const QString& sText) {
@@ -59,6 +68,12 @@ void Type_Over(QLineEdit* hLine, std::string_view sValue) {
   for (const QChar hChar : To_QString(sValue)) Press_Key(hLine, 0, QString(hChar));
 }
 
+/// A button or a label that belongs to a field shows only what it is called.
+bool Shows_Something(QWidget* hWidget) {
+  const auto* hLabel = qobject_cast<QLabel*>(hWidget);
+  return !qobject_cast<QPushButton*>(hWidget) && (!hLabel || !hLabel->buddy());
+}
+
 /// Clicks a button unless it shows the wanted state already.
 template <class Button>
 std::string Switch(Arguments sArgument, const char* sKind, bool bOn) {
@@ -70,14 +85,18 @@ std::string Switch(Arguments sArgument, const char* sKind, bool bOn) {
   return "";
 }
 
-std::string Choose_Row(QTableWidget* hGrid, I4 iRow) {
+std::string Choose_Row(QTableWidget* hGrid, const std::string& sRow) {
+  const auto [iRow, sReason] = Number_Meant(sRow, Named_Rows(*hGrid), "the table has no", "row");
+  if (!sReason.empty()) return sReason;
   if (iRow < 1 || iRow > hGrid->rowCount()) return "the table has " + std::to_string(hGrid->rowCount()) + " rows";
   Take_Focus(hGrid);
   hGrid->setCurrentCell(iRow - 1, 0);
   return "";
 }
 
-std::string Choose_Entry(QComboBox* hDropDown, I4 iEntry) {
+std::string Choose_Entry(QComboBox* hDropDown, const std::string& sEntry) {
+  const auto [iEntry, sReason] = Number_Meant(sEntry, Named_Entries(*hDropDown), "the drop-down has no", "entry");
+  if (!sReason.empty()) return sReason;
   if (iEntry < 1 || iEntry > hDropDown->count())
     return "the drop-down has " + std::to_string(hDropDown->count()) + " entries";
   Take_Focus(hDropDown);
@@ -151,14 +170,15 @@ std::string Play_Press(Arguments sArgument) {
 
 std::string Play_Set(Arguments sArgument) {
   std::string sReason;
-  auto* hWidget = Usable<QWidget>(sArgument, "field", sReason);
-  if (!hWidget) return sReason;
-  QLineEdit* hLine = Line_Edit(hWidget);
+  Field* hField = Field_Meant(sArgument[0], "field", Is_Line, sReason);
+  if (!hField) return sReason;
+  QLineEdit* hLine = Line_Edit(hField->hWidget);
   if (!hLine) return "control " + sArgument[0] + " is no text or number field";
+  if (!hField->hWidget->isEnabled()) return "field " + sArgument[0] + " is greyed";
   if (hLine->isReadOnly()) return "field " + sArgument[0] + " cannot be edited";
-  Take_Focus(hWidget);
+  Take_Focus(hField->hWidget);
   Type_Over(hLine, sArgument[1]);
-  Field_Complete(*Known_Field(Whole(sArgument[0])));
+  Field_Complete(*hField);
   return "";
 }
 
@@ -173,10 +193,10 @@ std::string Play_Radio(Arguments sArgument) {
 
 std::string Play_Choose(Arguments sArgument) {
   std::string sReason;
-  if (auto* hGrid = Usable<QTableWidget>(sArgument, "table", sReason)) return Choose_Row(hGrid, Whole(sArgument[1]));
-  sReason.clear();
-  auto* hDropDown = Usable<QComboBox>(sArgument, "drop-down", sReason);
-  return hDropDown ? Choose_Entry(hDropDown, Whole(sArgument[1])) : sReason;
+  auto* hList = Usable<QWidget>(sArgument, "drop-down or list", sReason, Is_Chosen_From);
+  if (!hList) return sReason;
+  if (auto* hGrid = qobject_cast<QTableWidget*>(hList)) return Choose_Row(hGrid, sArgument[1]);
+  return Choose_Entry(qobject_cast<QComboBox*>(hList), sArgument[1]);
 }
 
 std::string Play_Slide(Arguments sArgument) {
@@ -195,18 +215,21 @@ std::string Play_Cell(Arguments sArgument) {
   std::string sReason;
   auto* hGrid = Usable<QTableWidget>(sArgument, "grid", sReason);
   if (!hGrid) return sReason;
-  const I4 iRow = Whole(sArgument[1]), iColumn = Whole(sArgument[2]);
+  const auto [iRow, sNoRow] = Number_Meant(sArgument[1], Named_Rows(*hGrid), "the grid has no", "row");
+  const auto [iColumn, sNoColumn] = Number_Meant(sArgument[2], Named_Columns(*hGrid), "the grid has no", "column");
+  if (!sNoRow.empty() || !sNoColumn.empty()) return sNoRow + sNoColumn;
   if (iRow < 1 || iRow > hGrid->rowCount() || iColumn < 1 || iColumn > hGrid->columnCount())
     return "the grid has " + std::to_string(hGrid->rowCount()) + " rows and " + std::to_string(hGrid->columnCount()) +
            " columns";
   if (auto* hDropDown = qobject_cast<QComboBox*>(hGrid->cellWidget(iRow - 1, iColumn - 1)))
-    return Choose_Entry(hDropDown, To_QString(sArgument[3]).toInt());
+    return Choose_Entry(hDropDown, sArgument[3]);
   return Edit_Cell(hGrid, iRow, iColumn, sArgument[3]);
 }
 
 std::string Play_Field(Arguments sArgument) {
-  const Field* hField = Known_Field(Whole(sArgument[0]));
-  if (!hField) return "the dialog has no control " + sArgument[0];
+  std::string sReason;
+  const Field* hField = Field_Meant(sArgument[0], "control", Shows_Something, sReason);
+  if (!hField) return sReason;
   const auto* hDropDown = qobject_cast<QComboBox*>(hField->hWidget);
   if (hDropDown && std::to_string(hDropDown->currentIndex() + 1) == sArgument[1]) return "";
   const std::string sShown = To_Bytes(Field_Text(*hField));
@@ -214,20 +237,39 @@ std::string Play_Field(Arguments sArgument) {
   return "control " + sArgument[0] + " shows \"" + sShown + "\", not \"" + sArgument[1] + '"';
 }
 
+namespace {
+
+constexpr struct {
+  std::string_view sAnswer;
+  QMessageBox::StandardButton iButton;
+} hAnswer[] = {
+    {"ok",     QMessageBox::Ok    },
+    {"cancel", QMessageBox::Cancel},
+    {"yes",    QMessageBox::Yes   },
+    {"no",     QMessageBox::No    }
+};
+constexpr std::string_view sQuiet = "quiet";
+
+}  // namespace
+
+std::string Answer_Words(const QMessageBox& hBox) {
+  const auto iClicked = hBox.standardButton(hBox.clickedButton());
+  for (const auto& hRow : hAnswer) {
+    if (hRow.iButton != iClicked) continue;
+    const bool bQuiet = hBox.checkBox() && hBox.checkBox()->isChecked();
+    return std::string(hRow.sAnswer).append(bQuiet ? " " : "").append(bQuiet ? sQuiet : "");
+  }
+  return "";
+}
+
 std::string Play_Answer(Arguments sArgument) {
-  constexpr struct {
-    std::string_view sAnswer;
-    QMessageBox::StandardButton iButton;
-  } hAnswer[] = {
-      {"ok",     QMessageBox::Ok    },
-      {"cancel", QMessageBox::Cancel},
-      {"yes",    QMessageBox::Yes   },
-      {"no",     QMessageBox::No    }
-  };
   for (const auto& hRow : hAnswer) {
     if (hRow.sAnswer != sArgument[0]) continue;
     QAbstractButton* hButton = Open_Box()->button(hRow.iButton);
     if (!hButton) return "the message box has no button " + sArgument[0];
+    if (sArgument.size() > 1 && (sArgument[1] != sQuiet || !Open_Box()->checkBox()))
+      return "the message box has no " + sArgument[1];
+    if (sArgument.size() > 1) Open_Box()->checkBox()->setChecked(true);
     hButton->click();
     return "";
   }

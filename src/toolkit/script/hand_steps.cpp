@@ -6,8 +6,11 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 
 #include "toolkit/draw/plot_axes.h"
+#include "toolkit/script/private_names.h"
 #include "toolkit/script/private_script.h"
 #include "toolkit/window/private_window.h"
 
@@ -21,7 +24,9 @@ constexpr int NWheelStep = 120;  // angle of one step of a wheel, as mice report
 }  // namespace
 
 std::string Play_Menu(Arguments sArgument) {
-  const std::vector<QAction*> hEntry = Menu_Entries(Whole(sArgument[0]));
+  const Meant hMeant = Number_Meant(sArgument[0], Named_Commands(), "the menu on show has no", "command");
+  if (!hMeant.sReason.empty()) return hMeant.sReason;
+  const std::vector<QAction*> hEntry = Menu_Entries(hMeant.iNumber);
   if (hEntry.empty()) return "the menu on show has no command " + sArgument[0];
   if (!hEntry.front()->isEnabled()) return "command " + sArgument[0] + " is greyed";
   hEntry.front()->trigger();
@@ -109,6 +114,25 @@ bool Takes_Shortcut(const KeyStroke& hKey) {
 
 }  // namespace
 
+std::string Key_Name(const QKeyEvent& hKey) {
+  std::string sName;
+  for (const auto& hRow : hKeyName) {
+    if (hKey.key() == hRow.iKey || (hKey.key() == Qt::Key_Enter && hRow.iKey == Qt::Key_Return)) sName = hRow.sName;
+  }
+  // The case of a letter says whether Shift was held.
+  const bool bNamed = !sName.empty();
+  const bool bCommand = hKey.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+  const bool bCharacter = hKey.key() <= 0xFFFF;  // the keys without one have their codes above
+  if (sName.empty()) sName = To_Bytes(bCommand && bCharacter ? QString(QChar(hKey.key())) : hKey.text());
+  if (sName.empty()) return "";
+  std::string sHeld;
+  for (const auto& hRow : hModifierName) {
+    const bool bSays = hRow.iModifier != Qt::ShiftModifier || bNamed || bCommand;
+    if (bSays && (hKey.modifiers() & hRow.iModifier)) sHeld += hRow.sName;
+  }
+  return sHeld + sName;
+}
+
 std::string Play_Key(Arguments sArgument) {
   const KeyStroke hKey = Key_Stroke(sArgument[0]);
   if (hKey.iKey == 0) return "there is no key " + sArgument[0];
@@ -125,12 +149,14 @@ std::string Play_Key(Arguments sArgument) {
 
 namespace {
 
-constexpr struct {
+struct ButtonName {
   std::string_view sName;
   Qt::MouseButton iButton;
-} hButtonName[] = {
+};
+constexpr ButtonName hButtonName[] = {
     {"left",    Qt::LeftButton   },
     {"right",   Qt::RightButton  },
+    {"middle",  Qt::MiddleButton },
     {"back",    Qt::BackButton   },
     {"forward", Qt::ForwardButton}
 };
@@ -163,7 +189,7 @@ Hand Hand_of(Arguments sWord) {
 }
 
 QPointF Pixel(const std::string& sX, const std::string& sY) {
-  return Units_to_Pixels(QPointF(Number(sX), Number(sY)));
+  return Step_Pixel(QPointF(Number(sX), Number(sY)));
 }
 
 bool Is_in_Area(QPointF hPixel) {
@@ -182,7 +208,7 @@ void Send_Mouse(const MouseAct& h, QPointF hPixel, Qt::KeyboardModifiers iHeld) 
 }
 
 std::string Click_at(QPointF hPixel, const Hand& h) {
-  if (h.iButton == Qt::NoButton) return "the button is left, right, back or forward";
+  if (h.iButton == Qt::NoButton) return "the button is left, right, middle, back or forward";
   if (!Is_in_Area(hPixel)) return "the position lies outside the drawing area";
   Send_Mouse({QEvent::MouseMove, Qt::NoButton, Qt::NoButton}, hPixel, h.iHeld);
   Send_Mouse({QEvent::MouseButtonPress, h.iButton, h.iButton}, hPixel, h.iHeld);
@@ -191,6 +217,26 @@ std::string Click_at(QPointF hPixel, const Hand& h) {
 }
 
 }  // namespace
+
+std::string_view Button_Name(Qt::MouseButton iButton) {
+  const auto hRow = std::ranges::find(hButtonName, iButton, &ButtonName::iButton);
+  return hRow == std::end(hButtonName) ? "" : hRow->sName;
+}
+
+std::string Hand_Words(const QMouseEvent& hPress) {
+  const bool bPlain = hPress.button() == Qt::LeftButton;
+  std::string sWords = bPlain ? "" : ' ' + std::string(Button_Name(hPress.button()));
+  if (hPress.modifiers() & Qt::ShiftModifier) sWords += " Shift";
+  if (hPress.modifiers() & Qt::ControlModifier) sWords += " Ctrl";
+  return sWords;
+}
+
+QPointF Step_Pixel(QPointF hUnit) {
+  constexpr R8 dWhole = 1.0E-3;  // pixels
+  const auto Snapped = [](R8 d) { return std::abs(d - std::round(d)) < dWhole ? std::round(d) : d; };
+  const QPointF hPixel = Units_to_Pixels(hUnit);
+  return {Snapped(hPixel.x()), Snapped(hPixel.y())};
+}
 
 std::string Play_Click(Arguments sArgument) {
   return Click_at(Pixel(sArgument[0], sArgument[1]), Hand_of(sArgument.subspan(2)));
@@ -218,7 +264,7 @@ constexpr std::string_view sNoAxes = "there are no plot axes";
 /// The pixel of the numbers that the axes show.
 QPointF Plot_Pixel(Arguments sArgument) {
   const GrPoint h = IPgNumbersToGrUnits(Number(sArgument[0]), Number(sArgument[1]));
-  return Units_to_Pixels(QPointF(R8{h.fX}, R8{h.fY}));
+  return Step_Pixel(QPointF(R8{h.fX}, R8{h.fY}));
 }
 
 }  // namespace

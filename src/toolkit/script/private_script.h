@@ -2,13 +2,21 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointF>
 #include <QString>
 #include <charconv>
+#include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "base/types.h"
 #include "toolkit/script/script.h"
+#include "toolkit/window/messages.h"
+
+class QKeyEvent;
+class QMessageBox;
+class QMouseEvent;
 
 namespace quillan::toolkit {
 
@@ -45,6 +53,32 @@ inline R8 Number(const std::string& sWord) {
 // Each gives an empty text, or why it cannot be done. The widgets get the events that a user's hands would cause, and
 // an edit is completed.
 using Arguments = std::span<const std::string>;
+
+/// What Play_Key and the steps of the mouse call a key and a button; blank for what has no name.
+std::string Key_Name(const QKeyEvent& hKey);
+std::string_view Button_Name(Qt::MouseButton iButton);
+/// The words after the places of a mouse step, each with a blank before it: the button but for the left one, and the
+/// keys that were held as it went down.
+std::string Hand_Words(const QMouseEvent& hPress);
+/// The pixel that a step in graphics units means: a whole one, as mice report them, where its decimals come so near.
+QPointF Step_Pixel(QPointF hUnit);
+/// The way back (recorded_place.cpp): a pixel of the drawing area in graphics units, held to the area, with as many
+/// digits as it takes to meet it again; a click as a step, `point` where there is a plot, else, and where a corner of a
+/// box is set, `click`.
+std::string Place_Words(QPointF hPixel);
+/// The same in the numbers of the axes; nothing where there is no plot, or no number for the place.
+std::optional<std::string> Plot_Words(QPointF hPixel);
+std::string Click_Words(const QMouseEvent& hPress);
+/// Whether a drag between two pixels was meant as a box.
+bool Spans_Box(QPointF hFrom, QPointF hTo);
+/// Where the pointer has put the ring of a review, or from where it has taken it away, as steps `hover`: they stand
+/// ahead of a key that goes on from the ring (recorded_ring.cpp). Follow_Ring hears each message that the program
+/// takes.
+void Follow_Ring(const Message& hTaken);
+std::vector<std::string> Steps_to_Ring(const QKeyEvent& hKey);
+void Forget_Ring();
+/// How Play_Answer gives the answer that was given to a box.
+std::string Answer_Words(const QMessageBox& hBox);
 
 // Menus, keys and the mouse in the drawing area (hand_steps.cpp).
 std::string Play_Menu(Arguments sArgument);

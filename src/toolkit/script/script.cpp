@@ -127,6 +127,14 @@ void Script_Load(std::string_view sPath) {
   if (hScript.hStep.empty()) hScript.iPhase = Phase::Closing;
 }
 
+std::string Script_Word(std::string_view sWord) {
+  if (!sWord.empty() && std::ranges::none_of(sWord, [](char c) { return Is_Blank(c) || c == '"'; }))
+    return std::string(sWord);
+  std::string sQuoted = "\"";
+  for (const char c : sWord) sQuoted.append(c == '"' ? 2 : 1, c);
+  return sQuoted + '"';
+}
+
 std::vector<ScriptStep> Script_Parse(std::string_view sText) {
   std::vector<ScriptStep> hStep;
   if (sText.starts_with(sByteOrderMark)) sText.remove_prefix(sByteOrderMark.size());

@@ -12,6 +12,9 @@
 
 namespace quillan {
 
+/// A word as it is written in a script: in double quotes where it needs them.
+std::string Script_Word(std::string_view sWord);
+
 struct ScriptStep {
   I4 iLine = 0;                    // in the file, from 1
   std::vector<std::string> sWord;  // the step's name and its arguments

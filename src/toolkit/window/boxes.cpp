@@ -197,6 +197,7 @@ bool WMessageBox(BoxButtons iButtons, BoxIcon iIcon, std::string_view sText, std
   QPointer<QCheckBox> hQuiet;
   if (bQuietOption) hBox->setCheckBox(hQuiet = new QCheckBox("&Do not show further errors of this operation"));
   if (!Ask(hOpenBox, hBox)) return false;
+  hWindowListener.Answer(*hBox.get());
   const auto iClicked = hBox->standardButton(hBox->clickedButton());
   const bool bYes = iClicked == QMessageBox::Ok || iClicked == QMessageBox::Yes;
   if (hQuiet) bBoxQuiet = hQuiet->isChecked();
@@ -214,8 +215,11 @@ std::string WSelectFile2(std::string_view sFilter, I4 iFlags, std::string_view s
   }
   sScriptFile.clear();
   const Owned<QFileDialog> hDialog(New_File_Dialog(sFilter, iFlags, sBegin, sTitle));
-  if (!Ask(hOpenFile, hDialog) || hDialog->result() != QDialog::Accepted) return {};
-  return To_Bytes(sScriptFile.isEmpty() ? hDialog->selectedFiles().value(0) : sScriptFile);
+  if (!Ask(hOpenFile, hDialog)) return {};
+  const QString sChosen = sScriptFile.isEmpty() ? hDialog->selectedFiles().value(0) : sScriptFile;
+  const QString sFile = hDialog->result() == QDialog::Accepted ? sChosen : QString();
+  hWindowListener.File(sFile);
+  return To_Bytes(sFile);
 }
 
 }  // namespace quillan

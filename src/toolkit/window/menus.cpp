@@ -59,8 +59,9 @@ void Add_Entry(QWidget& hParent, const MenuRow& hRow) {
   hEntry->setStatusTip(Text_of(hRow.sTip));
   hEntry->setShortcuts(QKeySequence::listFromString(Text_of(hRow.sKeys)));
   if (const auto h = hLive.find(hRow.iCommand); h != hLive.end()) Put_Text(*hEntry, h->second.sText);
+  hEntry->setProperty("stepName", Text_of(hRow.sText));  // a script calls it so, whatever it would do at the moment
   hParent.addAction(hEntry);
-  Watch_Entry(hEntry, hRow.iCommand);
+  Watch_Entry(hEntry, hRow.iCommand, hRow.bIsStep);
 }
 
 void Add_Rows(QMenuBar& hBar, std::span<const MenuRow> hRows) {
@@ -98,17 +99,22 @@ void Grey_Entries(QWidget& hParent) {
   }
 }
 
+/// The entries of a command; 0: all entries.
 void Collect_Entries(QWidget& hParent, I4 iCommand, std::vector<QAction*>& hFound) {
   const QList<QAction*> hEntries = hParent.actions();
   for (QAction* hEntry : hEntries) {
     if (hEntry->menu())
       Collect_Entries(*hEntry->menu(), iCommand, hFound);
-    else if (hEntry->data().toInt() == iCommand)
+    else if (iCommand == 0 || hEntry->data().toInt() == iCommand)
       hFound.push_back(hEntry);
   }
 }
 
 }  // namespace
+
+std::vector<QAction*> toolkit::Menu_Entries() {
+  return Menu_Entries(0);
+}
 
 std::vector<QAction*> toolkit::Menu_Entries(I4 iCommand) {
   std::vector<QAction*> hFound;
@@ -152,6 +158,16 @@ void WMenuSetState(I4 iCommand, I4 iState) {
   else
     hMenuBar.iGreyed.erase(iCommand);
   Grey_Entries(*Main_Window()->menuBar());
+}
+
+void WMenuSetCheck(I4 iCommand, bool bOn) {
+  if (!Main_Window()) return Set_Error(iErrNoWindow);
+  const std::vector<QAction*> hEntry = Menu_Entries(iCommand);
+  if (hEntry.empty()) return Set_Error(iErrBadArgument);
+  for (QAction* h : hEntry) {
+    h->setCheckable(true);
+    h->setChecked(bOn);
+  }
 }
 
 void WMenuEntry(I4 iCommand, std::string_view sText, bool bUsable) {

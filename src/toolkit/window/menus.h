@@ -23,6 +23,7 @@ struct MenuRow {
   std::string_view sTip;   // shown in the wide part of the status bar while the pointer is over the entry
   std::string_view sKeys;  // standard keys, such as "Ctrl+O" or "Ctrl+Shift+Z; Ctrl+Y"; blank: none
   bool bThere = true;      // false: the program does not have the command yet, the entry stays grey
+  bool bIsStep = true;     // false: a record of steps leaves it out, or has what the command itself gives it
 };
 
 /// Gives a menu bar its rows: the module that answers its commands calls this before WMenu.
@@ -33,6 +34,9 @@ void WMenu(I4 iMenu);
 
 /// Greys (0) or enables (1) every entry of a command in the bar on show. A command that is not there stays grey.
 void WMenuSetState(I4 iCommand, I4 iState);
+
+/// Gives every entry of a command in the bar on show a tick or takes it away.
+void WMenuSetCheck(I4 iCommand, bool bOn);
 
 /// Gives a command that says what it would do another text, in every bar from now on, and greys it there or not. A text
 /// that is not from the program is put in by As_Menu_Text; with a blank one the entry is not on show.

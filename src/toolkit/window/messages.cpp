@@ -68,6 +68,7 @@ Message Take_Message() {
   if (hQueue.hWaiting.empty()) return {};
   const Message hMessage = hQueue.hWaiting.front();
   hQueue.hWaiting.pop_front();
+  hWindowListener.Taken(hMessage);
   return hMessage;
 }
 
@@ -147,7 +148,12 @@ void On_Mouse(MessageType iType, const QMouseEvent& hEvent) {
   hMessage.bShift = hEvent.modifiers().testFlag(Qt::ShiftModifier);
   hMessage.bCtrl = hEvent.modifiers().testFlag(Qt::ControlModifier);
   if (hMessage.VALUE1 == 0 && iType != MessageType::MouseMove) return;
-  if (iType == MessageType::MouseDown) hDialogs.Focus_Plot();
+  if (iType == MessageType::MouseDown) {
+    hDialogs.Focus_Plot();
+    hWindowListener.Press(hEvent);
+  } else if (iType == MessageType::MouseUp) {
+    hWindowListener.Release(hEvent);
+  }
   Push_Message(hMessage);
 }
 
@@ -189,6 +195,7 @@ void On_Drag(QDropEvent& hEvent) {
   if (sFile.isEmpty()) return hEvent.ignore();
   hEvent.acceptProposedAction();
   if (hEvent.type() != QEvent::Drop) return;
+  hWindowListener.Drop(sFile);
   hQueue.sDropped = QFile::encodeName(sFile).toStdString();
   Push_Message({.iType = MessageType::FileDropped});
 }
@@ -225,6 +232,7 @@ class WindowWatch : public QObject {
     switch (hEvent->type()) {
       case QEvent::Close:
         hEvent->ignore();  // the program decides
+        hWindowListener.Close();
         Push_Message({.iType = MessageType::Close, .VALUE3 = hWatched == Child_Window() ? iInChild : 0});
         return true;
       case QEvent::StatusTip: Show_Hint(static_cast<QStatusTipEvent*>(hEvent)->tip()); return true;
@@ -288,6 +296,7 @@ bool toolkit::Key_to_Plot(const QKeyEvent& hEvent) {
                      hQueue.hWaiting.back().VALUE1 == iKey;
   if (hEvent.isAutoRepeat() && bSame) return true;
   hDialogs.Complete_Edits();
+  hWindowListener.Key(hEvent);
   Push_Message({.iType = MessageType::Key, .VALUE1 = iKey});
   return true;
 }
@@ -361,9 +370,10 @@ void toolkit::Press_Esc_at_Look() {
   QCoreApplication::sendEvent(Drawing_Area(), &hEvent);
 }
 
-void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand) {
-  QObject::connect(hEntry, &QAction::triggered, hEntry, [iCommand] {
+void toolkit::Watch_Entry(QAction* hEntry, I4 iCommand, bool bIsStep) {
+  QObject::connect(hEntry, &QAction::triggered, hEntry, [iCommand, bIsStep] {
     hDialogs.Focus_Plot();
+    if (bIsStep) hWindowListener.Menu(iCommand);
     Push_Message({.iType = MessageType::Menu, .VALUE1 = iCommand});
   });
 }

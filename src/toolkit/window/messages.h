@@ -101,6 +101,8 @@ struct InputBox {
 /// Follows the pointer with a rubber-band box from the press in hPress until a button is released, or until Esc or a
 /// close request, which is put back for the caller's loop. A click that was already released ends at once.
 [[nodiscard]] InputBox WGrInputBox(const Message& hPress);
+/// A drag across less than this many graphics units squared is the click of an unsteady hand.
+inline constexpr R4 fLeastBox = 0.1f;
 
 /// Shape of the pointer over the drawing area.
 void WCursorShape(I4 iShape);

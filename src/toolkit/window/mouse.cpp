@@ -57,9 +57,13 @@ InputBox WGrInputBox(const Message& hPress) {
       case MessageType::MouseMove: hDrawn.Follow(hMessage); break;
       case MessageType::MouseUp: return {hMessage.GX, hMessage.GY, true};
       case MessageType::Key:
-        if (hMessage.VALUE1 == iKeyEsc) return hDrawn.hBox;
-        break;
-      case MessageType::Close: hDrawn.hAside.push_back(hMessage); return hDrawn.hBox;
+        if (hMessage.VALUE1 != iKeyEsc) break;
+        hWindowListener.Box_Given_Up(false);
+        return hDrawn.hBox;
+      case MessageType::Close:
+        hWindowListener.Box_Given_Up(true);
+        hDrawn.hAside.push_back(hMessage);
+        return hDrawn.hBox;
       case MessageType::Expose:
       case MessageType::Resize:
       case MessageType::Field: hDrawn.hAside.push_back(hMessage); break;

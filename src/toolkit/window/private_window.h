@@ -18,6 +18,7 @@ class QAction;
 class QFileDialog;
 class QKeyEvent;
 class QMessageBox;
+class QMouseEvent;
 class QWheelEvent;
 
 namespace quillan::toolkit {
@@ -34,6 +35,25 @@ struct DialogHooks {
   QDialog* (*Top_Dialog)() = []() -> QDialog* { return nullptr; };
 };
 inline DialogHooks hDialogs;
+
+/// Hears what the user does in the main window and in boxes. The recorder of scripts fills this in; until then nobody
+/// listens.
+struct WindowListener {
+  void (*Menu)(I4 iCommand) = [](I4) {};
+  void (*Key)(const QKeyEvent& hKey) = [](const QKeyEvent&) {};
+  /// A mouse button in the drawing area.
+  void (*Press)(const QMouseEvent& hPress) = [](const QMouseEvent&) {};
+  void (*Release)(const QMouseEvent& hRelease) = [](const QMouseEvent&) {};
+  /// The box that the last press began was given up, by Esc or by a close request.
+  void (*Box_Given_Up)(bool bClose) = [](bool) {};
+  /// A message that the program has taken: of what is turned or moved too fast for it some never comes so far.
+  void (*Taken)(const Message& hMessage) = [](const Message&) {};
+  void (*Close)() = [] {};
+  void (*Drop)(const QString& sFile) = [](const QString&) {};
+  void (*Answer)(const QMessageBox& hBox) = [](const QMessageBox&) {};
+  void (*File)(const QString& sFile) = [](const QString&) {};  // blank: Cancel
+};
+inline WindowListener hWindowListener;
 
 /// Plays the next step of the session script; null when none is played. The script fills it in.
 inline void (*hPlayStep)() = nullptr;
@@ -81,11 +101,13 @@ void Wheel_to_Plot(const QWheelEvent& hEvent);
 void Watch_Window(QMainWindow* hWindow, QWidget* hArea);
 /// Presses Esc if the script wants that now.
 void Press_Esc_at_Look();
-void Watch_Entry(QAction* hEntry, I4 iCommand);
+void Watch_Entry(QAction* hEntry, I4 iCommand, bool bIsStep);
 
 // ---- The menu (menus.cpp)
 
-/// The entries of a command in the bar on show, and whether the bar on show is the main menu; the same, and not greyed.
+/// All entries of the bar on show, the entries of a command, and whether the bar on show is the main menu; the same,
+/// and not greyed.
+std::vector<QAction*> Menu_Entries();
 std::vector<QAction*> Menu_Entries(I4 iCommand);
 bool Main_Menu_Is_on_Show();
 bool Main_Menu_Is_Ready();
