@@ -51,14 +51,26 @@ bool IOsMakeDir(std::string_view sFolder) {
   return fs::is_directory(hFolder, hProblem);
 }
 
-std::string Shared_File(std::string_view sName) {
+namespace {
+
+/// The place of a name under share: beside the program if it is there, else under the prefix.
+fs::path Place_under_Share(const fs::path& hName) {
   const fs::path hFolder = fs::path(Sys_Program_Path()).parent_path();
   std::error_code hProblem;
-  for (const fs::path& hShare : {hFolder / "share", hFolder.parent_path() / "share"}) {
-    const fs::path hPath = hShare / "quillan" / sName;
-    if (fs::exists(hPath, hProblem)) return hPath.string();
-  }
-  return {};
+  const fs::path hBeside = hFolder / "share" / hName;
+  return fs::exists(hBeside, hProblem) ? hBeside : hFolder.parent_path() / "share" / hName;
+}
+
+}  // namespace
+
+std::string Shared_File(std::string_view sName) {
+  const fs::path hPath = Place_under_Share(fs::path("quillan") / sName);
+  std::error_code hProblem;
+  return fs::exists(hPath, hProblem) ? hPath.string() : std::string();
+}
+
+std::string Document_File(std::string_view sName) {
+  return Place_under_Share(fs::path("doc") / "quillan" / sName).string();
 }
 
 }  // namespace quillan

@@ -13,6 +13,10 @@ std::string IOsDirName();
 /// build, or under the prefix that the program is installed in, wherever that was moved to. Blank where there is none.
 std::string Shared_File(std::string_view sName);
 
+/// The same for a document, by its name under share/doc/quillan. Where there is none: where that of an installed
+/// program would stand.
+std::string Document_File(std::string_view sName);
+
 /// Where a program keeps what outlives its runs and is no file of the user's: $XDG_STATE_HOME, else ~/.local/state.
 /// Blank where neither is known.
 std::string IOsStateDir();

@@ -11,6 +11,7 @@
 #include "commands/save_survey.h"
 #include "commands/survey_config.h"
 #include "foundations/log_file.h"
+#include "review/plot/guide.h"
 #include "toolkit/window/menus.h"
 
 namespace quillan {
@@ -45,6 +46,7 @@ constexpr Command hCommand[] = {
     {1, iCmdSave,           true,  false,  Save_Data,       "&Save", "Ctrl+S", "Save current data."},
     {1, iCmdSaveAs,         true,  false,  Save_Data_As,    "Save &As", "Ctrl+Shift+S",
                           "Save current data with a new file name."},
+    {1, iCmdGuide,          false, false,  Show_Guide,      "&Guide", "F1", "Show the illustrated guide in the browser."},
     {1, iCmdExit,           false, false,  Exit_Program,    "E&xit", "Ctrl+Q", "Exit program."},
     {0, iCmdSurveyConfig,   true,  true,   Edit_Cfg,        "Edit Survey Configuration", "",
                           "Edit survey configuration parameters."},

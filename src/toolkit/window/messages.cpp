@@ -93,6 +93,7 @@ constexpr struct NamedKey {
     {Qt::Key_Right,  Qt::ControlModifier,                     iKeyCtrlRight,  "Ctrl+Right" },
     {Qt::Key_Space,  Qt::ShiftModifier,                       iKeyShiftSpace, "Shift+Space"},
     {Qt::Key_Space,  Qt::NoModifier,                          iKeySpace,      "Space"      },
+    {Qt::Key_F1,     Qt::NoModifier,                          iKeyF1,         "F1"         },
     {Qt::Key_Escape, iAnyModifier,                            iKeyEsc,        "Esc"        },
     {Qt::Key_Return, iAnyModifier,                            iKeyEnter,      "Enter"      },
     {Qt::Key_Enter,  iAnyModifier,                            iKeyEnter,      ""           },

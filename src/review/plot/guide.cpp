@@ -1,0 +1,27 @@
+#include "review/plot/guide.h"
+
+#include <string>
+
+#include "platform/file_names.h"
+#include "platform/folders.h"
+#include "toolkit/window/documents.h"
+#include "toolkit/window/messages.h"
+#include "toolkit/window/window.h"
+
+namespace quillan {
+
+I4 Show_Guide() {
+  const std::string sPage = Document_File("guide/index.html");
+  if (!IOsFileExists(sPage)) {
+    WMessageBox(BoxButtons::Ok, BoxIcon::Information,
+                "The guide does not stand with the program:\n" + sPage +
+                    "\nIt is made as the program is built, where pandoc is installed.",
+                "Guide");
+    return 1;
+  }
+  const bool bOpened = IOsOpenDocument(sPage);
+  WindowOutStatusBar(iStatusProgress, (bOpened ? "The guide opens in the browser: " : "The guide is ") + sPage);
+  return 0;
+}
+
+}  // namespace quillan

@@ -1,0 +1,12 @@
+// documents.h: documents that another program of the desktop shows.
+#pragma once
+
+#include <string_view>
+
+namespace quillan {
+
+/// Opens a document in the program that the desktop has for its kind, a page in the browser, and does not wait for it.
+/// In the run of a script and off the screen it opens nothing. False: it was not opened.
+bool IOsOpenDocument(std::string_view sPath);
+
+}  // namespace quillan
