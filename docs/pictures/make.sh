@@ -24,10 +24,13 @@ menu 40008
 key n
 key n
 snapshot section-review.png
-# The point near the pointer, a box, and what is left when skipped points are hidden.
+# The point near the pointer; a station turned round; a box, and what is left when skipped points are hidden.
 hover 300 3
 snapshot ring.png
-drag 16 1 21 4.2 Shift
+menu 40023
+point 680 -2
+point 720 2
+drag 16 1 21 5 Shift
 snapshot box.png
 key Ctrl+H
 snapshot hidden.png
