@@ -53,24 +53,24 @@ bool IOsMakeDir(std::string_view sFolder) {
 
 namespace {
 
-/// The place of a name under share: beside the program if it is there, else under the prefix.
-fs::path Place_under_Share(const fs::path& hName) {
+/// Beside the program in a build, else under the prefix.
+fs::path Share_Folder() {
   const fs::path hFolder = fs::path(Sys_Program_Path()).parent_path();
   std::error_code hProblem;
-  const fs::path hBeside = hFolder / "share" / hName;
-  return fs::exists(hBeside, hProblem) ? hBeside : hFolder.parent_path() / "share" / hName;
+  const bool bBeside = fs::exists(hFolder / "share" / "quillan", hProblem);
+  return (bBeside ? hFolder : hFolder.parent_path()) / "share";
 }
 
 }  // namespace
 
 std::string Shared_File(std::string_view sName) {
-  const fs::path hPath = Place_under_Share(fs::path("quillan") / sName);
+  const fs::path hPath = Share_Folder() / "quillan" / sName;
   std::error_code hProblem;
   return fs::exists(hPath, hProblem) ? hPath.string() : std::string();
 }
 
 std::string Document_File(std::string_view sName) {
-  return Place_under_Share(fs::path("doc") / "quillan" / sName).string();
+  return (Share_Folder() / "doc" / "quillan" / sName).string();
 }
 
 }  // namespace quillan

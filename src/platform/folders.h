@@ -13,8 +13,8 @@ std::string IOsDirName();
 /// build, or under the prefix that the program is installed in, wherever that was moved to. Blank where there is none.
 std::string Shared_File(std::string_view sName);
 
-/// The same for a document, by its name under share/doc/quillan. Where there is none: where that of an installed
-/// program would stand.
+/// Where a document of those that come with the program stands, by its name under share/doc/quillan of the same place,
+/// whether it is there or not.
 std::string Document_File(std::string_view sName);
 
 /// Where a program keeps what outlives its runs and is no file of the user's: $XDG_STATE_HOME, else ~/.local/state.
