@@ -13,9 +13,10 @@ cp "$root"/examples/survey/* "$root"/examples/lake/* .
 
 # The decay curve is that of a station beside a power line, whose late windows Auto Skip has skipped for their errors.
 cat > survey.txt << 'STEPS'
-resize 1200 900
+resize 1000 320
 press 1009
 snapshot main-window.png
+resize 1200 900
 menu 40016
 check 1007 off
 set 1006 20
