@@ -245,6 +245,7 @@ struct Later {
 Later hLater;
 
 void Do_What_Is_Due() {
+  Help_if_Wanted();
   if (hLater.Carry_Out && hLater.hWhen.hasExpired()) std::exchange(hLater.Carry_Out, nullptr)();
 }
 
