@@ -32,7 +32,6 @@ install(PROGRAMS examples/batch/clean_one.sh DESTINATION ${CMAKE_INSTALL_DATADIR
 install(FILES examples/batch/steps.txt DESTINATION ${CMAKE_INSTALL_DATADIR}/quillan/examples/batch)
 install(FILES examples/tour.txt DESTINATION ${CMAKE_INSTALL_DATADIR}/quillan/examples)
 install(FILES docs/files.md docs/scripts.md docs/batch.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.png")
 install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 if(UNIX AND NOT APPLE)
   set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)

@@ -27,4 +27,8 @@ execute_process(COMMAND ${PROJECT_SOURCE_DIR}/tools/debian_changelog.sh "${CPACK
 file(WRITE ${debian}/changelog "${changelog}")
 execute_process(COMMAND gzip -9nc ${debian}/changelog OUTPUT_FILE ${debian}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
 install(FILES ${debian}/changelog.gz ${PROJECT_SOURCE_DIR}/share/linux/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+if(PANDOC)
+  install(FILES ${PROJECT_SOURCE_DIR}/share/linux/quillan.doc-base DESTINATION ${CMAKE_INSTALL_DATADIR}/doc-base
+    RENAME quillan.guide)
+endif()
 include(CPack)

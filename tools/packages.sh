@@ -5,7 +5,7 @@
 # configuration finds in DejaVu but not in Liberation. The reader of metafiles measures their text in the base 35 fonts,
 # which its package only recommends, and reads none without them.
 packages_run=(g++ cmake ninja-build qt6-base-dev qt6-tools-dev qt6-svg-dev libqt6opengl6-dev
-  fonts-liberation2 fonts-dejavu-core)
+  fonts-liberation2 fonts-dejavu-core pandoc)
 packages_test=("${packages_run[@]}" libgtest-dev clang-format-16 libwmf-bin fonts-urw-base35
   desktop-file-utils appstream libxml2-utils mandoc parallel)
 packages_package=(dpkg-dev file fakeroot git)

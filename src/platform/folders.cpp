@@ -51,14 +51,26 @@ bool IOsMakeDir(std::string_view sFolder) {
   return fs::is_directory(hFolder, hProblem);
 }
 
-std::string Shared_File(std::string_view sName) {
+namespace {
+
+/// Beside the program in a build, else under the prefix.
+fs::path Share_Folder() {
   const fs::path hFolder = fs::path(Sys_Program_Path()).parent_path();
   std::error_code hProblem;
-  for (const fs::path& hShare : {hFolder / "share", hFolder.parent_path() / "share"}) {
-    const fs::path hPath = hShare / "quillan" / sName;
-    if (fs::exists(hPath, hProblem)) return hPath.string();
-  }
-  return {};
+  const bool bBeside = fs::exists(hFolder / "share" / "quillan", hProblem);
+  return (bBeside ? hFolder : hFolder.parent_path()) / "share";
+}
+
+}  // namespace
+
+std::string Shared_File(std::string_view sName) {
+  const fs::path hPath = Share_Folder() / "quillan" / sName;
+  std::error_code hProblem;
+  return fs::exists(hPath, hProblem) ? hPath.string() : std::string();
+}
+
+std::string Document_File(std::string_view sName) {
+  return (Share_Folder() / "doc" / "quillan" / sName).string();
 }
 
 }  // namespace quillan

@@ -13,6 +13,10 @@ std::string IOsDirName();
 /// build, or under the prefix that the program is installed in, wherever that was moved to. Blank where there is none.
 std::string Shared_File(std::string_view sName);
 
+/// Where a document of those that come with the program stands, by its name under share/doc/quillan of the same place,
+/// whether it is there or not.
+std::string Document_File(std::string_view sName);
+
 /// Where a program keeps what outlives its runs and is no file of the user's: $XDG_STATE_HOME, else ~/.local/state.
 /// Blank where neither is known.
 std::string IOsStateDir();

@@ -9,6 +9,7 @@
 #include "foundations/str_write.h"
 #include "model/tmd_data.h"
 #include "review/merge_taper.h"
+#include "review/plot/guide.h"
 #include "review/tool_window.h"
 #include "toolkit/dialog/form.h"
 #include "toolkit/dialog/grid.h"
@@ -104,6 +105,7 @@ I4 Run_Dialog(I4 NTW, MergeBoxes& bMergeCmp) {
       hDrawn = {};
       LogText_Update();
     }
+    if (hMessage.iType == MessageType::Key && hMessage.VALUE1 == iKeyF1) (void)Show_Guide();
     if (const auto iEnd = End_of(hMessage)) return *iEnd;
   }
 }

@@ -24,10 +24,12 @@
 #include "platform/arguments.h"
 #include "review/plan_view.h"
 #include "review/plot/colour_table.h"
+#include "review/plot/guide.h"
 #include "shell/command_table.h"
 #include "shell/user_at_window.h"
 #include "toolkit/draw/last_error.h"
 #include "toolkit/script/recorder.h"
+#include "toolkit/window/documents.h"
 #include "toolkit/window/log_text.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/messages.h"
@@ -57,6 +59,7 @@ void Open_Window() {
   const WindowSize hSize = Window_Size(WInfoScreen(iScreenWidth), WInfoScreen(iScreenHeight));
   WindowOpen2(0, 0, hSize.NXP, hSize.NYP, iMenuMain, Program_Title());
   WindowStatusBarParts(NStatusPart1);
+  WOnHelp(Show_Guide_to_Dialogs);
 }
 
 void Initialize_All() {

@@ -12,6 +12,7 @@
 #include "commands/save_survey.h"
 #include "commands/survey_config.h"
 #include "foundations/log_file.h"
+#include "review/plot/guide.h"
 #include "toolkit/window/menus.h"
 
 namespace quillan {
@@ -48,6 +49,7 @@ constexpr Command hCommand[] = {
                           "Save current data with a new file name."},
     {1, iCmdRecordSteps,    false, false,  Record_Steps,    "Record S&teps", "",
                           "Write what you do as a session script; again to end it."},
+    {1, iCmdGuide,          false, false,  Show_Guide,      "&Guide", "F1", "Show the illustrated guide in the browser."},
     {1, iCmdExit,           false, false,  Exit_Program,    "E&xit", "Ctrl+Q", "Exit program."},
     {0, iCmdSurveyConfig,   true,  true,   Edit_Cfg,        "Edit Survey Configuration", "",
                           "Edit survey configuration parameters."},

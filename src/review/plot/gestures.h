@@ -12,6 +12,7 @@
 
 #include "base/types.h"
 #include "foundations/log_file.h"
+#include "review/plot/guide.h"
 #include "review/plot/key_list.h"
 #include "review/plot/pointing.h"
 #include "review/plot/review_edits.h"
@@ -131,6 +132,11 @@ void Roll_Tool_Window(View&, const Review<View>&) {
 }
 
 template <class View>
+void Open_Guide(View&, const Review<View>&) {
+  (void)Show_Guide();  // a guide that is not there has been reported
+}
+
+template <class View>
 bool Has_Edits(const Review<View>& h) {
   return h.Shown && h.Go_To;
 }
@@ -167,6 +173,7 @@ inline constexpr CommonKey<View> hCommonKey[] = {
     {iKeyShiftSpace, 0,        Has_Steps<View>, Flag_at_Ring<View, true>,  "the same with all later windows"},
     {iKeyCtrlH,      0,        Has_Steps<View>, Hide_Skipped<View>,        "hide or show skipped points"},
     {iKeyCtrlT,      0,        Is_Always<View>, Roll_Tool_Window<View>,    "roll the tool window up or down"},
+    {iKeyF1,         0,        Is_Always<View>, Open_Guide<View>,          "the guide, in the browser"},
 };
 // clang-format on
 

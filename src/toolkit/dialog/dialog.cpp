@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
@@ -57,6 +58,10 @@ class FormDialog : public QDialog {
   }
 
  protected:
+  void keyPressEvent(QKeyEvent* hEvent) override {
+    if (hEvent->key() == Qt::Key_F1) return Want_Help();
+    QDialog::keyPressEvent(hEvent);
+  }
   /// A tool window has no frame of the window system's: a line tells it from what is under it.
   void paintEvent(QPaintEvent*) override {
     if (!(windowFlags() & Qt::FramelessWindowHint)) return;

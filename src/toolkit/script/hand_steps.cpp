@@ -49,6 +49,7 @@ constexpr struct {
     {"PgDown", Qt::Key_PageDown},
     {"PgUp",   Qt::Key_PageUp  },
     {"Space",  Qt::Key_Space   },
+    {"F1",     Qt::Key_F1      },
 };
 
 constexpr struct {
@@ -93,10 +94,10 @@ QWidget* Key_Target() {
   return hFocus ? hFocus : Drawing_Area();
 }
 
-/// Ctrl+S and the like choose their entry, Alt and a marked letter choose or open theirs, as the window system does
+/// Ctrl+S, F1 and the like choose their entry, Alt and a marked letter choose or open theirs, as the window system does
 /// before a key reaches the focus.
 bool Takes_Shortcut(const KeyStroke& hKey) {
-  if (!Main_Window() || Child_Window() || Waits_First() || !hKey.iModifiers) return false;
+  if (!Main_Window() || Child_Window() || Waits_First()) return false;
   const QKeySequence hSequence(QKeyCombination(hKey.iModifiers, static_cast<Qt::Key>(hKey.iKey)));
   QMenuBar* hBar = Main_Window()->menuBar();
   const auto hEntries = hBar->findChildren<QAction*>();

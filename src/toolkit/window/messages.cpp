@@ -94,6 +94,7 @@ constexpr struct NamedKey {
     {Qt::Key_Right,  Qt::ControlModifier,                     iKeyCtrlRight,  "Ctrl+Right" },
     {Qt::Key_Space,  Qt::ShiftModifier,                       iKeyShiftSpace, "Shift+Space"},
     {Qt::Key_Space,  Qt::NoModifier,                          iKeySpace,      "Space"      },
+    {Qt::Key_F1,     Qt::NoModifier,                          iKeyF1,         "F1"         },
     {Qt::Key_Escape, iAnyModifier,                            iKeyEsc,        "Esc"        },
     {Qt::Key_Return, iAnyModifier,                            iKeyEnter,      "Enter"      },
     {Qt::Key_Enter,  iAnyModifier,                            iKeyEnter,      ""           },
@@ -252,6 +253,7 @@ struct Later {
 Later hLater;
 
 void Do_What_Is_Due() {
+  Help_if_Wanted();
   if (hLater.Carry_Out && hLater.hWhen.hasExpired()) std::exchange(hLater.Carry_Out, nullptr)();
 }
 

@@ -49,6 +49,7 @@ inline constexpr I4 iKeyCtrlDown = 514;
 inline constexpr I4 iKeyCtrlRight = 515;
 inline constexpr I4 iKeyCtrlLeft = 516;
 inline constexpr I4 iKeyShiftSpace = 517;
+inline constexpr I4 iKeyF1 = 518;  // where the menu bar does not have it
 /// What a key is called on the screen: "Ctrl+H", "Up", "N".
 std::string Key_Name(I4 iKey);
 

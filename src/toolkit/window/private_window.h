@@ -114,6 +114,12 @@ bool Main_Menu_Is_Ready();
 /// Whether the bar on show is not greyed as a whole.
 bool Menu_Bar_Is_Usable();
 
+// ---- Help (documents.cpp)
+
+/// F1 was pressed in a dialog; and what it does then, outside of the event.
+void Want_Help();
+void Help_if_Wanted();
+
 // ---- Boxes (boxes.cpp)
 
 /// The box and the file dialog that wait for an answer; null where there is none. Their reject() is Cancel.
