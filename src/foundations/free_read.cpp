@@ -5,9 +5,10 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <iterator>
 #include <string>
 #include <type_traits>
+
+#include "foundations/powers.h"
 
 namespace quillan {
 namespace {
@@ -106,11 +107,7 @@ Outcome Read_Odd_Real(std::string_view sToken, Real& x) {
   return Read_Plain_Real(std::string_view(sPlain), x);
 }
 
-// Numbers that an R8 holds exactly: whole ones of up to MDigit digits, and powers of ten.
-constexpr std::ptrdiff_t MDigit = 15;
-constexpr R8 dPower[] = {1E0,  1E1,  1E2,  1E3,  1E4,  1E5,  1E6,  1E7,  1E8,  1E9,  1E10, 1E11,
-                         1E12, 1E13, 1E14, 1E15, 1E16, 1E17, 1E18, 1E19, 1E20, 1E21, 1E22};
-constexpr std::ptrdiff_t MPower = std::ssize(dPower) - 1;
+constexpr std::ptrdiff_t MDigit = 15;  // a whole number of as many digits is exact in an R8
 
 /// Appends the digits at p to a whole number. Returns their end.
 inline const char* Take_Digits(const char* p, const char* pEnd, std::uint64_t& iDigits) {
@@ -162,9 +159,8 @@ std::size_t Read_Short(std::string_view sText, Real& x) {
   }
   if (NDigit < 1 || NDigit > MDigit) return 0;
   if (p < pEnd && (*p == 'E' || *p == 'e')) p = Take_Exponent(p, pEnd, iPower);
-  if (p == nullptr || iPower < -MPower || iPower > MPower) return 0;
-  const R8 dDigits = static_cast<R8>(static_cast<I8>(iDigits));
-  const R8 dMagnitude = iPower < 0 ? dDigits / dPower[-iPower] : dDigits * dPower[iPower];
+  if (p == nullptr || iPower < -MPower10 || iPower > MPower10) return 0;
+  const R8 dMagnitude = Times_Power10(static_cast<R8>(static_cast<I8>(iDigits)), static_cast<I4>(iPower));
   if (std::is_same_v<Real, R4> && Is_in_Middle(dMagnitude)) return 0;
   x = static_cast<Real>(bNegative ? -dMagnitude : dMagnitude);
   return static_cast<std::size_t>(p - sText.data());
