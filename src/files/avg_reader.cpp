@@ -71,16 +71,22 @@ LineKind Kind_of(std::string_view sLine) {
 
 constexpr std::string_view sLegacyMark = "TEM:";  // legacy files mark their lines so
 
+/// A line of a legacy file without its mark.
+std::string Unmarked(std::string_view sLine, std::size_t KMark) {
+  std::string sPlain(sLine);
+  return sPlain.replace(KMark, sLegacyMark.size(), sLegacyMark.size(), ' ');
+}
+
 void Take_Metadata(std::string_view sLine, I4 iRecord) {
   hAvgRead.bNewMD = true;
-  std::string sPlain(sLine);
-  const auto K = sPlain.find(sLegacyMark);
-  if (K != std::string::npos) sPlain.replace(K, sLegacyMark.size(), sLegacyMark.size(), ' ');
-  const bool bForeign = MDP_from_MDE(iRecord, sPlain, iPriorityData).bForeign;
-  if (!bForeign || hAvgKept.NAvgMde >= MAvgMde) return;
+  const std::size_t KMark = sLine.find(sLegacyMark);
+  const bool bLegacy = KMark != std::string_view::npos;
+  const std::string sUnmarked = bLegacy ? Unmarked(sLine, KMark) : std::string();
+  const std::string_view sPlain = bLegacy ? std::string_view(sUnmarked) : sLine;
+  if (!MDP_from_MDE(iRecord, sPlain, iPriorityData).bForeign || hAvgKept.NAvgMde >= MAvgMde) return;
   // The next file is no legacy file, and has no mark at the head of its lines.
-  const bool bMarked = K != std::string::npos && Trimmed(sLine.substr(0, K)) == "$";
-  hAvgKept.sAvgMde(++hAvgKept.NAvgMde) = bMarked ? std::string_view(sPlain) : sLine;
+  const bool bAtHead = bLegacy && Trimmed(sLine.substr(0, KMark)) == "$";
+  hAvgKept.sAvgMde(++hAvgKept.NAvgMde) = bAtHead ? sPlain : sLine;
 }
 
 /// Comments of the user go into the next file; those that our writers make do not pile up from file to file.
