@@ -1,6 +1,7 @@
 #include "foundations/free_read.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -110,23 +111,21 @@ Outcome Read_Odd_Real(std::string_view sToken, Real& x) {
 constexpr std::ptrdiff_t MDigit = 15;  // a whole number of as many digits is exact in an R8
 
 /// Appends the digits at p to a whole number. Returns their end.
-inline const char* Take_Digits(const char* p, const char* pEnd, std::uint64_t& iDigits) {
-  for (; p < pEnd; ++p) {
+inline const char* Take_Digits(const char* p, std::uint64_t& iDigits) {
+  for (;; ++p) {
     const unsigned iDigit = static_cast<unsigned char>(*p) - unsigned{'0'};
-    if (iDigit > 9) break;
+    if (iDigit > 9) return p;
     iDigits = 10 * iDigits + iDigit;
   }
-  return p;
 }
 
 /// Takes an exponent ("E-02"), for which there is an E at p. Returns its end, nullptr when it is spelled otherwise.
-inline const char* Take_Exponent(const char* p, const char* pEnd, std::ptrdiff_t& iPower) {
-  if (++p == pEnd) return nullptr;
-  const bool bNegative = *p == '-';
+inline const char* Take_Exponent(const char* p, std::ptrdiff_t& iPower) {
+  const bool bNegative = *++p == '-';
   if (bNegative || *p == '+') ++p;
   std::uint64_t iExponent = 0;
   const char* const pFirst = p;
-  p = Take_Digits(p, pEnd, iExponent);
+  p = Take_Digits(p, iExponent);
   if (p == pFirst || p - pFirst > MDigit) return nullptr;
   iPower += bNegative ? -static_cast<std::ptrdiff_t>(iExponent) : static_cast<std::ptrdiff_t>(iExponent);
   return p;
@@ -142,28 +141,28 @@ bool Is_in_Middle(R8 dValue) {
 
 /// The number at the head of a text, by one multiplication or division of two numbers that are exact, which gives the
 /// nearest R8 there is. Returns its length, 0 when that does not do: for one of many digits or a high power of ten.
+/// The text ends in a NUL, so that no character needs a look at the end of the text.
 template <class Real>
-std::size_t Read_Short(std::string_view sText, Real& x) {
-  const char* const pEnd = sText.data() + sText.size();
-  const bool bNegative = sText.starts_with('-');
-  const char* const pFirst = sText.data() + (bNegative ? 1 : 0);
+std::size_t Read_Short(const char* sText, Real& x) {
+  const bool bNegative = *sText == '-';
+  const char* const pFirst = sText + (bNegative ? 1 : 0);
   std::uint64_t iDigits = 0;
-  const char* p = Take_Digits(pFirst, pEnd, iDigits);
+  const char* p = Take_Digits(pFirst, iDigits);
   std::ptrdiff_t NDigit = p - pFirst;
   std::ptrdiff_t iPower = 0;
-  if (p < pEnd && *p == '.') {
+  if (*p == '.') {
     const char* const pDecimal = ++p;
-    p = Take_Digits(p, pEnd, iDigits);
+    p = Take_Digits(p, iDigits);
     iPower = pDecimal - p;
     NDigit -= iPower;
   }
   if (NDigit < 1 || NDigit > MDigit) return 0;
-  if (p < pEnd && (*p == 'E' || *p == 'e')) p = Take_Exponent(p, pEnd, iPower);
+  if (*p == 'E' || *p == 'e') p = Take_Exponent(p, iPower);
   if (p == nullptr || iPower < -MPower10 || iPower > MPower10) return 0;
   const R8 dMagnitude = Times_Power10(static_cast<R8>(static_cast<I8>(iDigits)), static_cast<I4>(iPower));
   if (std::is_same_v<Real, R4> && Is_in_Middle(dMagnitude)) return 0;
   x = static_cast<Real>(bNegative ? -dMagnitude : dMagnitude);
-  return static_cast<std::size_t>(p - sText.data());
+  return static_cast<std::size_t>(p - sText);
 }
 
 /// Any number at the head of a text.
@@ -173,6 +172,15 @@ std::size_t Read_Long(std::string_view sText, Real& x) {
   if (sText.size() == KFirst || !(Is_Digit(sText[KFirst]) || sText[KFirst] == '.')) return 0;
   const auto hRead = std::from_chars(sText.data(), sText.data() + sText.size(), x);
   return hRead.ec == std::errc{} ? static_cast<std::size_t>(hRead.ptr - sText.data()) : 0;
+}
+
+template <class Real>
+std::size_t Read_Head(std::string_view sText, Real& x) {
+  constexpr std::size_t MShort = 40;  // more characters than a short number has: 15 digits twice, point, E and signs
+  std::array<char, MShort + 1> sHead;
+  sHead[sText.copy(sHead.data(), MShort)] = '\0';
+  const std::size_t NText = Read_Short(sHead.data(), x);
+  return NText > 0 ? NText : Read_Long(sText, x);
 }
 
 template <class Real>
@@ -194,13 +202,16 @@ Outcome Read_Real(std::string_view sText, Real& x) {
 }  // namespace
 
 std::size_t Read_Leading(std::string_view sText, R4& fValue) {
-  const std::size_t NText = Read_Short(sText, fValue);
-  return NText > 0 ? NText : Read_Long(sText, fValue);
+  return Read_Head(sText, fValue);
 }
 
 std::size_t Read_Leading(std::string_view sText, R8& dValue) {
-  const std::size_t NText = Read_Short(sText, dValue);
-  return NText > 0 ? NText : Read_Long(sText, dValue);
+  return Read_Head(sText, dValue);
+}
+
+std::size_t Read_Next(const char* sText, R4& fValue) {
+  const std::size_t NText = Read_Short(sText, fValue);
+  return NText > 0 ? NText : Read_Long(std::string_view(sText), fValue);
 }
 
 Outcome List_Read(std::string_view sText, I4& iValue) {
