@@ -45,8 +45,11 @@ struct BenchRow {
 
 constexpr BenchRow hBenchRow[] = {
     {"read/floor",                         Floor_Read,              "read/floor",              0.0, 0.0  },
-    {"read/AVG_Read",                      Bench_Read,              "read/floor",              2.5, 0.0  },
-    {"open/TEM_Read_Data",                 Bench_Open,              "read/floor",              5.0, 0.0  },
+    {"read/AVG_Read",                      Bench_Read,              "read/floor",              1.6, 0.0  },
+    {"read/dropped_floor",                 Floor_Dropped,           "read/dropped_floor",      0.0, 0.0  },
+    {"read/dropped_rows",                  Bench_Dropped,           "read/dropped_floor",      1.2, 0.0  },
+    {"open/TEM_Read_Data",                 Bench_Open,              "read/floor",              2.5, 0.0  },
+    {"open/one_transient",                 Bench_Open_One,          "read/floor",              0.0, 0.0  },
     {"open/initialize",                    Bench_Initialize,        "read/floor",              0.0, 0.0  },
     {"open/MDE_Read",                      Bench_MDE,               "read/floor",              0.0, 0.0  },
     {"open/Get_TWWidth",                   Bench_Widths,            "read/floor",              0.0, 0.0  },
@@ -58,7 +61,7 @@ constexpr BenchRow hBenchRow[] = {
     {"stations/floor",                     Floor_Stations,          "stations/floor",          0.0, 0.0  },
     {"stations/Stn_Read_Stn_Positions",    Bench_Stations,          "stations/floor",          2.0, 0.0  },
     {"write/floor",                        Floor_Write,             "write/floor",             0.0, 0.0  },
-    {"write/AVG_Write",                    Bench_Write,             "write/floor",             2.0, 0.0  },
+    {"write/AVG_Write",                    Bench_Write,             "write/floor",             1.2, 0.0  },
     {"write/Z_Write",                      Bench_Write_Z,           "write/AVG_Write",         2.0, 0.0  },
     {"write/AVG_Write_disk",               Bench_Write_Disk,        "write/floor",             0.0, 0.0  },
     {"write/SafeFile_disk",                Bench_Sync,              "write/floor",             0.0, 0.0  },

@@ -24,20 +24,19 @@ inline BenchData hBench;
 using Bench = void(benchmark::State& state);
 
 // read_bench.cpp
-Bench Floor_Read, Bench_Read;
+Bench Floor_Read, Bench_Read, Floor_Dropped, Bench_Dropped;
 // open_bench.cpp
 Bench Bench_Initialize, Bench_MDE, Bench_Widths, Bench_Complete, Bench_TWCfg, Bench_Sort, Bench_B, Bench_Ranges,
-    Bench_Open;
+    Bench_Open, Bench_Open_One;
 // station_bench.cpp
 Bench Floor_Stations, Bench_Stations;
 // write_bench.cpp
-Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync;
+Bench Floor_Write, Bench_Write, Bench_Write_Z, Bench_Write_Disk, Bench_Sync, Bench_Write_AMR, Bench_Write_USF,
+    Bench_Write_Sweeps;
 // average_bench.cpp
 Bench Bench_Average_Save, Bench_Average;
 // merge_bench.cpp
 Bench Bench_Merge, Bench_Merge_None;
-Bench Floor_Write, Bench_Write, Bench_Write_Z, Bench_Write_Disk, Bench_Sync;
-Bench Floor_Write, Bench_Write, Bench_Write_Disk, Bench_Sync, Bench_Write_AMR, Bench_Write_USF, Bench_Write_Sweeps;
 // review_bench.cpp
 Bench Floor_Section_Small, Bench_Section_Small, Floor_Section_Large, Bench_Section_Large, Floor_Nearest, Bench_Nearest,
     Bench_Read_Out, Floor_Curve_Small, Bench_Curve_Small, Floor_Curve_Large, Bench_Curve_Large;

@@ -1,4 +1,6 @@
 // open_bench.cpp: what else happens between the choice of a file and its data on the screen.
+#include <filesystem>
+#include <fstream>
 #include <type_traits>
 
 #include "benches.h"
@@ -81,6 +83,20 @@ void Bench_Open(benchmark::State& state) {
   I4 iError = 0;
   for (auto _ : state) iError = TEM_Read_Data(hBench.sFile);
   if (iError != 0 || NTrn != MTrn) state.SkipWithError("TEM_Read_Data has not read the whole file");
+}
+
+/// The same with the first transient alone: the dialog, the repaints and whatever else does not depend on the data.
+void Bench_Open_One(benchmark::State& state) {
+  const std::string sStem = std::string(File_Stem(hBench.sFile)) + "_one";
+  std::string sFile = sStem + ".avg";
+  std::filesystem::copy(std::string(File_Stem(hBench.sFile)) + ".mde", sStem + ".mde");
+  const std::size_t KSecond = hBench.sBytes.find("\n \n", hBench.sBytes.find("\n64,"));
+  std::ofstream(sFile, std::ios::binary) << hBench.sBytes.substr(0, KSecond + 1);
+  I4 iError = 0;
+  for (auto _ : state) iError = TEM_Read_Data(sFile);
+  if (iError != 0 || NTrn != 1) state.SkipWithError("TEM_Read_Data has not read one transient");
+  std::filesystem::remove(sFile);
+  std::filesystem::remove(sStem + ".mde");
 }
 
 }  // namespace quillan

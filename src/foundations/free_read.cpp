@@ -1,9 +1,15 @@
 #include "foundations/free_read.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <string>
+#include <type_traits>
+
+#include "foundations/powers.h"
 
 namespace quillan {
 namespace {
@@ -102,42 +108,79 @@ Outcome Read_Odd_Real(std::string_view sToken, Real& x) {
   return Read_Plain_Real(std::string_view(sPlain), x);
 }
 
-/// Whole numbers and powers of ten that a real holds exactly: their quotient is then the nearest real.
+constexpr std::ptrdiff_t MDigit = 15;  // a whole number of as many digits is exact in an R8
+
+/// Appends the digits at p to a whole number. Returns their end.
+inline const char* Take_Digits(const char* p, std::uint64_t& iDigits) {
+  for (;; ++p) {
+    const unsigned iDigit = static_cast<unsigned char>(*p) - unsigned{'0'};
+    if (iDigit > 9) return p;
+    iDigits = 10 * iDigits + iDigit;
+  }
+}
+
+/// Takes an exponent ("E-02"), for which there is an E at p. Returns its end, nullptr when it is spelled otherwise.
+inline const char* Take_Exponent(const char* p, std::ptrdiff_t& iPower) {
+  const bool bNegative = *++p == '-';
+  if (bNegative || *p == '+') ++p;
+  std::uint64_t iExponent = 0;
+  const char* const pFirst = p;
+  p = Take_Digits(p, iExponent);
+  if (p == pFirst || p - pFirst > MDigit) return nullptr;
+  iPower += bNegative ? -static_cast<std::ptrdiff_t>(iExponent) : static_cast<std::ptrdiff_t>(iExponent);
+  return p;
+}
+
+/// The nearest R8 rounds to the nearest R4, but where it lies in the middle between two of them: the number itself may
+/// lie to either side.
+bool Is_in_Middle(R8 dValue) {
+  constexpr std::uint64_t iBelow = (std::uint64_t{1} << 29) - 1;  // the bits of an R8 that an R4 has no room for
+  constexpr std::uint64_t iMiddle = std::uint64_t{1} << 28;
+  return (std::bit_cast<std::uint64_t>(dValue) & iBelow) == iMiddle;
+}
+
+/// The number at the head of a text, by one multiplication or division of two numbers that are exact, which gives the
+/// nearest R8 there is. Returns its length, 0 when that does not do: for one of many digits or a high power of ten.
+/// The text ends in a NUL, so that no character needs a look at the end of the text.
 template <class Real>
-struct Exact;
-template <>
-struct Exact<R4> {
-  static constexpr I8 iMost = 1 << 24;
-  static constexpr R4 fPower[] = {1E0f, 1E1f, 1E2f, 1E3f, 1E4f, 1E5f, 1E6f, 1E7f, 1E8f, 1E9f, 1E10f};
-};
-template <>
-struct Exact<R8> {
-  static constexpr I8 iMost = I8{1} << 53;
-  static constexpr R8 fPower[] = {1E0, 1E1, 1E2, 1E3, 1E4, 1E5, 1E6, 1E7, 1E8, 1E9, 1E10};
-};
+std::size_t Read_Short(const char* sText, Real& x) {
+  const bool bNegative = *sText == '-';
+  const char* const pFirst = sText + (bNegative ? 1 : 0);
+  std::uint64_t iDigits = 0;
+  const char* p = Take_Digits(pFirst, iDigits);
+  std::ptrdiff_t NDigit = p - pFirst;
+  std::ptrdiff_t iPower = 0;
+  if (*p == '.') {
+    const char* const pDecimal = ++p;
+    p = Take_Digits(p, iDigits);
+    iPower = pDecimal - p;
+    NDigit -= iPower;
+  }
+  if (NDigit < 1 || NDigit > MDigit) return 0;
+  if (*p == 'E' || *p == 'e') p = Take_Exponent(p, iPower);
+  if (p == nullptr || iPower < -MPower10 || iPower > MPower10) return 0;
+  const R8 dMagnitude = Times_Power10(static_cast<R8>(static_cast<I8>(iDigits)), static_cast<I4>(iPower));
+  if (std::is_same_v<Real, R4> && Is_in_Middle(dMagnitude)) return 0;
+  x = static_cast<Real>(bNegative ? -dMagnitude : dMagnitude);
+  return static_cast<std::size_t>(p - sText);
+}
+
+/// Any number at the head of a text.
+template <class Real>
+std::size_t Read_Long(std::string_view sText, Real& x) {
+  const std::size_t KFirst = sText.starts_with('-') ? 1 : 0;
+  if (sText.size() == KFirst || !(Is_Digit(sText[KFirst]) || sText[KFirst] == '.')) return 0;
+  const auto hRead = std::from_chars(sText.data(), sText.data() + sText.size(), x);
+  return hRead.ec == std::errc{} ? static_cast<std::size_t>(hRead.ptr - sText.data()) : 0;
+}
 
 template <class Real>
-bool Read_Short_Decimal(std::string_view sText, Real& x) {
-  constexpr std::size_t MCharacter = 17;  // an I8 holds as many digits
-  constexpr std::ptrdiff_t MDecimal = std::ssize(Exact<Real>::fPower) - 1;
-  if (sText.empty() || sText.size() > MCharacter) return false;
-  const char* p = sText.data();
-  const char* const pEnd = p + sText.size();
-  const bool bNegative = *p == '-';
-  const char* const pFirst = bNegative ? ++p : p;
-  I8 iDigits = 0;
-  while (p < pEnd && Is_Digit(*p)) iDigits = 10 * iDigits + (*p++ - '0');
-  std::ptrdiff_t NDecimal = 0;
-  if (p < pEnd && *p == '.') {
-    const char* const pPoint = p++;
-    while (p < pEnd && Is_Digit(*p)) iDigits = 10 * iDigits + (*p++ - '0');
-    NDecimal = p - pPoint - 1;
-    if (p - pFirst == 1) return false;  // a point alone
-  }
-  if (p < pEnd || p == pFirst || NDecimal > MDecimal || iDigits > Exact<Real>::iMost) return false;
-  const Real fRead = static_cast<Real>(iDigits) / Exact<Real>::fPower[NDecimal];
-  x = bNegative ? -fRead : fRead;
-  return true;
+std::size_t Read_Head(std::string_view sText, Real& x) {
+  constexpr std::size_t MShort = 40;  // more characters than a short number has: 15 digits twice, point, E and signs
+  std::array<char, MShort + 1> sHead;
+  sHead[sText.copy(sHead.data(), MShort)] = '\0';
+  const std::size_t NText = Read_Short(sHead.data(), x);
+  return NText > 0 ? NText : Read_Long(sText, x);
 }
 
 template <class Real>
@@ -146,28 +189,29 @@ Outcome Read_Real(std::string_view sText, Real& x) {
   if (sText.empty()) return Outcome::Failed;
   if (Is_Null(sText.front())) return Outcome::Null;
 
-  // Nearly every field of a file is spelled as from_chars expects, which then finds the end of the token itself.
-  const char cFirst = sText[sText.front() == '-' && sText.size() > 1 ? 1 : 0];
-  if (Is_Digit(cFirst) || cFirst == '.') {
-    Real fRead{0};
-    const char* const pEnd = sText.data() + sText.size();
-    const auto hRead = std::from_chars(sText.data(), pEnd, fRead);
-    if (hRead.ec == std::errc{} && (hRead.ptr == pEnd || Ends_Token(*hRead.ptr))) {
-      x = fRead;
-      return Outcome::Value;
-    }
+  // Nearly every field of a file is spelled without oddities, and the end of the number is the end of the token.
+  Real fRead{0};
+  const std::size_t NText = Read_Leading(sText, fRead);
+  if (NText > 0 && (NText == sText.size() || Ends_Token(sText[NText]))) {
+    x = fRead;
+    return Outcome::Value;
   }
   return Read_Odd_Real(Token(sText), x);
 }
 
 }  // namespace
 
-bool Read_Decimal(std::string_view sText, R4& fValue) {
-  return Read_Short_Decimal(sText, fValue);
+std::size_t Read_Leading(std::string_view sText, R4& fValue) {
+  return Read_Head(sText, fValue);
 }
 
-bool Read_Decimal(std::string_view sText, R8& dValue) {
-  return Read_Short_Decimal(sText, dValue);
+std::size_t Read_Leading(std::string_view sText, R8& dValue) {
+  return Read_Head(sText, dValue);
+}
+
+std::size_t Read_Next(const char* sText, R4& fValue) {
+  const std::size_t NText = Read_Short(sText, fValue);
+  return NText > 0 ? NText : Read_Long(std::string_view(sText), fValue);
 }
 
 Outcome List_Read(std::string_view sText, I4& iValue) {

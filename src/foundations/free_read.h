@@ -20,10 +20,14 @@ Outcome List_Read(std::string_view sText, I8& iValue);
 Outcome List_Read(std::string_view sText, R4& fValue);
 Outcome List_Read(std::string_view sText, R8& dValue);
 
-/// Reads a text that is nothing but a few digits, with a point or a minus perhaps, as nearly all fields of a file are:
-/// the same value in a fraction of the time. False: the text is anything else, and the target stays.
-bool Read_Decimal(std::string_view sText, R4& fValue);
-bool Read_Decimal(std::string_view sText, R8& dValue);
+/// Reads the number at the head of a text, which has to begin with a digit, a point or a minus, and is spelled with E
+/// where it has an exponent. The value is the nearest that there is, to the last bit. Numbers of up to 15 digits or so,
+/// as nearly all of a file are, take a fraction of the time of std::from_chars.
+/// Returns its length; 0 when there is no such number or it is beyond the range of its type.
+std::size_t Read_Leading(std::string_view sText, R4& fValue);
+std::size_t Read_Leading(std::string_view sText, R8& dValue);
+/// The same for a text that ends in a NUL: the quickest way through a row of numbers.
+std::size_t Read_Next(const char* sText, R4& fValue);
 
 /// True when the read succeeds, also for a null value.
 template <class Number>

@@ -39,7 +39,7 @@ bool Is_Missing_Number(std::string_view sField) {
 template <class Number>
 I4 Take_Number(std::string_view sField, std::size_t NSeen, Number xDefault, Number& xValue) {
   if constexpr (std::is_floating_point_v<Number>) {
-    if (Read_Decimal(sField, xValue)) return 0;
+    if (sField.size() <= NSeen && !sField.empty() && Read_Leading(sField, xValue) == sField.size()) return 0;
   }
   xValue = xDefault;
   if (Is_Missing_Number(sField)) return -1;

@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <string>
 
+#include "foundations/powers.h"
 #include "foundations/str_parse.h"
 
 namespace quillan {
@@ -28,12 +32,46 @@ std::string_view Right_Justified(std::string_view sText, I4 NWidth, char* sOut) 
   return {sOut, NPlace};
 }
 
+/// A magnitude times a power of ten as the nearest whole number. -1 when the product is too large, or so near to the
+/// middle between two whole numbers that its rounding may have moved it across: std::to_chars knows then.
+I8 Whole_Digits(R8 dMagnitude, I4 iPower) {
+  constexpr R8 dMost = 1.0E15;
+  if (iPower < -MPower10 || iPower > MPower10) return -1;
+  const R8 dScaled = Times_Power10(dMagnitude, iPower);
+  if (dScaled >= dMost) return -1;
+  const I8 iWhole = static_cast<I8>(dScaled);
+  const R8 dFromMiddle = dScaled - static_cast<R8>(iWhole) - 0.5;
+  if (std::abs(dFromMiddle) <= dScaled * std::numeric_limits<R8>::epsilon()) return -1;
+  return dFromMiddle > 0.0 ? iWhole + 1 : iWhole;
+}
+
+/// Writes the last NDigit digits of a whole number, zeros among them. Returns their end.
+char* Put_Digits(I8 iDigits, I4 NDigit, char* sOut) {
+  for (char* p = sOut + NDigit; p != sOut; iDigits /= 10) *--p = static_cast<char>('0' + iDigits % 10);
+  return sOut + NDigit;
+}
+
+/// Writes a value with NDecimal decimals, and without a point where there are none. Returns its end, nullptr when there
+/// is no room.
+char* Put_Fixed(R8 dValue, I4 NDecimal, char* sOut, char* pEnd) {
+  constexpr I4 MDecimal = 15;
+  const I8 iDigits = NDecimal <= MDecimal ? Whole_Digits(std::abs(dValue), NDecimal) : -1;
+  if (iDigits < 0) {
+    const auto hEnd = std::to_chars(sOut, pEnd, dValue, std::chars_format::fixed, NDecimal);
+    return hEnd.ec == std::errc{} ? hEnd.ptr : nullptr;
+  }
+  const I8 iOne = static_cast<I8>(dPower10[NDecimal]);
+  if (std::signbit(dValue)) *sOut++ = '-';
+  sOut = std::to_chars(sOut, pEnd, iDigits / iOne).ptr;
+  if (NDecimal > 0) *sOut++ = '.';
+  return Put_Digits(iDigits % iOne, NDecimal, sOut);
+}
+
 std::string_view Write_Fixed(R8 dValue, I4 NWidth, I4 NDecimal, char* sOut) {
   DigitBuffer sDigit;
-  const auto hEnd =
-      std::to_chars(sDigit.data(), sDigit.data() + MFormText - 1, dValue, std::chars_format::fixed, NDecimal);
-  if (hEnd.ec != std::errc{}) return {};
-  auto NText = static_cast<std::size_t>(hEnd.ptr - sDigit.data());
+  char* const pEnd = Put_Fixed(dValue, NDecimal, sDigit.data(), sDigit.data() + MFormText - 1);
+  if (pEnd == nullptr) return {};
+  auto NText = static_cast<std::size_t>(pEnd - sDigit.data());
   if (NDecimal == 0) sDigit[NText++] = '.';
 
   std::string_view sText(sDigit.data(), NText);
@@ -46,19 +84,55 @@ std::string_view Write_Fixed(R8 dValue, I4 NWidth, I4 NDecimal, char* sOut) {
   return Right_Justified(sText, NWidth == 0 ? static_cast<I4>(sText.size()) : NWidth, sOut);
 }
 
-/// Writes an exponent ("+05") as a form gives it and returns its end, nullptr when it has more digits than the form
-/// gives it. With no digits given, an exponent of three takes the place of the letter: "1.0-100".
-char* Write_Exponent(std::string_view sSigned, I4 NExponent, char* sOut) {
-  std::string_view sExponent = sSigned.substr(1);
-  while (sExponent.size() > 1 && sExponent.front() == '0') sExponent.remove_prefix(1);
-  const std::size_t NPlace =
-      NExponent > 0 ? static_cast<std::size_t>(NExponent) : std::max<std::size_t>(sExponent.size(), 2);
-  if (sExponent.size() > NPlace) return nullptr;
+/// Digits of a mantissa, the point after the first of them.
+struct Mantissa {
+  I8 iDigits = -1;  // -1: they are not known
+  I4 iExponent = 0;
+};
+
+Mantissa Short_Mantissa(R8 dMagnitude, I4 NDecimal) {
+  constexpr I4 MDecimal = 13;
+  if (NDecimal > MDecimal) return {};
+  // From the exponent of two, the one of ten or the one below it.
+  const I4 iBinary = static_cast<I4>(std::bit_cast<std::uint64_t>(dMagnitude) >> 52) - 1023;
+  I4 iExponent = (iBinary * 1233) >> 12;  // 1233 / 4096 is log10(2)
+  const I8 iLeast = static_cast<I8>(dPower10[NDecimal]);
+  I8 iDigits = Whole_Digits(dMagnitude, NDecimal - iExponent);
+  if (iDigits >= 10 * iLeast) iDigits = Whole_Digits(dMagnitude, NDecimal - ++iExponent);
+  if (iDigits < iLeast || iDigits >= 10 * iLeast) return {};
+  return {iDigits, iExponent};
+}
+
+/// Writes sign, digit, point and decimals. Returns the exponent.
+I4 Put_Mantissa(R8 dValue, I4 NDecimal, char* sOut) {
+  const R8 dMagnitude = std::abs(dValue);
+  if (std::signbit(dValue)) *sOut++ = '-';
+  Mantissa h = Short_Mantissa(dMagnitude, NDecimal);
+  if (h.iDigits >= 0) {
+    Put_Digits(h.iDigits, NDecimal + 1, sOut + 1);
+    sOut[0] = sOut[1];
+  } else {
+    DigitBuffer sDigit;
+    const auto hEnd = std::to_chars(sDigit.data(), sDigit.data() + sDigit.size(), dMagnitude,
+                                    std::chars_format::scientific, NDecimal);
+    const char* const pLetter = std::find(sDigit.data(), hEnd.ptr, 'e');
+    std::copy(static_cast<const char*>(sDigit.data()), pLetter, sOut);
+    std::from_chars(pLetter + (pLetter[1] == '+' ? 2 : 1), hEnd.ptr, h.iExponent);
+  }
+  sOut[1] = '.';  // also where there are no decimals
+  return h.iExponent;
+}
+
+/// Writes an exponent as a form gives it. Returns its end, nullptr when it has more digits than the form gives it. With
+/// no digits given, an exponent of three takes the place of the letter: "1.0-100".
+char* Write_Exponent(I4 iExponent, I4 NExponent, char* sOut) {
+  const I4 iMagnitude = std::abs(iExponent);
+  const I4 NDigit = iMagnitude < 10 ? 1 : iMagnitude < 100 ? 2 : 3;
+  const I4 NPlace = NExponent > 0 ? NExponent : std::max(NDigit, 2);
+  if (NDigit > NPlace) return nullptr;
   if (NExponent > 0 || NPlace == 2) *sOut++ = 'E';
-  *sOut++ = sSigned.front();
-  for (std::size_t I = sExponent.size(); I < NPlace; ++I) *sOut++ = '0';
-  for (const char cDigit : sExponent) *sOut++ = cDigit;
-  return sOut;
+  *sOut++ = iExponent < 0 ? '-' : '+';
+  return Put_Digits(iMagnitude, NPlace, sOut);
 }
 
 std::string_view Write_Scientific(R8 dValue, const EditForm& form, char* sOut) {
@@ -66,16 +140,9 @@ std::string_view Write_Scientific(R8 dValue, const EditForm& form, char* sOut) {
   const I4 NMantissa = (std::signbit(dValue) ? 3 : 2) + form.NDecimal;
   const I4 NBlank = form.NWidth - NMantissa - (form.NExponent > 0 ? form.NExponent + 2 : 4);
   if (NBlank < 0) return {};
-  DigitBuffer sDigit;
-  const auto hEnd =
-      std::to_chars(sDigit.data(), sDigit.data() + sDigit.size(), dValue, std::chars_format::scientific, form.NDecimal);
-  if (hEnd.ec != std::errc{}) return {};
-  char* const sMantissa = sOut + NBlank;
-  for (char* p = sOut; p != sMantissa; ++p) *p = ' ';
-  std::copy_n(sDigit.data(), NMantissa, sMantissa);
-  const char* const pLetter = sDigit.data() + NMantissa - (form.NDecimal == 0 ? 1 : 0);  // no decimals, no point
-  sMantissa[NMantissa - form.NDecimal - 1] = '.';
-  if (Write_Exponent({pLetter + 1, hEnd.ptr}, form.NExponent, sMantissa + NMantissa) == nullptr) return {};
+  std::fill_n(sOut, NBlank, ' ');
+  const I4 iExponent = Put_Mantissa(dValue, form.NDecimal, sOut + NBlank);
+  if (Write_Exponent(iExponent, form.NExponent, sOut + NBlank + NMantissa) == nullptr) return {};
   return {sOut, static_cast<std::size_t>(form.NWidth)};
 }
 

@@ -24,11 +24,12 @@ RecordReader::RecordReader(std::string_view sPath, I4 MRecord)
 
 bool RecordReader::Next() {
   if (iBlock == NBlock && !Fill()) return false;
-  const std::string_view sRest(hBlock.get() + iBlock, NBlock - iBlock);
+  char* const sLine = hBlock.get() + iBlock;
+  const std::string_view sRest(sLine, NBlock - iBlock);
   const std::size_t NLine = sRest.find('\n');
   if (NLine == std::string_view::npos) return Next_Across_Blocks();
   iBlock += NLine + 1;
-  Take(sRest.substr(0, NLine), NLine > 0 && sRest[NLine - 1] == '\r');
+  Take(sLine, NLine, NLine > 0 && sLine[NLine - 1] == '\r');
   return true;
 }
 
@@ -50,13 +51,13 @@ bool RecordReader::Next_Across_Blocks() {
     iBlock += sPart.size() + (bEnded ? 1 : 0);
   } while (!bEnded && Fill());
   if (bFailed && !bEnded) return false;  // half a record would be read as another value
-  Take(sLong, bEnded && sLast == '\r' && NLine == sLong.size());
+  Take(sLong.data(), sLong.size(), bEnded && sLast == '\r' && NLine == sLong.size());
   return true;
 }
 
-void RecordReader::Take(std::string_view sLine, bool bCarriageReturn) {
-  if (bCarriageReturn) sLine.remove_suffix(1);
-  sRecord = Cut_Text(sLine, MKept);
+void RecordReader::Take(char* sLine, std::size_t NLine, bool bCarriageReturn) {
+  sRecord = Cut_Text({sLine, bCarriageReturn ? NLine - 1 : NLine}, MKept);
+  sLine[sRecord.size()] = '\0';  // in place of the line end, or of what was cut off
   ++iLine;
 }
 

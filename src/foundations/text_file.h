@@ -31,7 +31,7 @@ class RecordReader {
 
   /// Takes the next record; false at the end of the file or after a read error.
   bool Next();
-  /// The record, cut to MRecord, without its line end; good until the next call of Next.
+  /// The record, cut to MRecord, without its line end; good until the next call of Next. A NUL stands after it.
   std::string_view Record() const { return sRecord; }
   /// Its number, from 1.
   I4 iRecord() const { return iLine; }
@@ -43,7 +43,7 @@ class RecordReader {
  private:
   bool Fill();
   bool Next_Across_Blocks();
-  void Take(std::string_view sLine, bool bCarriageReturn);
+  void Take(char* sLine, std::size_t NLine, bool bCarriageReturn);
 
   InputFile hFile;
   std::unique_ptr<char[]> hBlock;

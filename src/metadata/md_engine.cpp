@@ -159,11 +159,6 @@ I4 MD_Length_Unit(const MdRecord& hRecord) {
   return iLength;
 }
 
-bool MD_Fits(std::string_view CRowKeyword, std::string_view CKeyword) {
-  if (!CRowKeyword.starts_with('*')) return CRowKeyword == CKeyword;
-  return CKeyword.find(CRowKeyword.substr(1)) != std::string_view::npos;
-}
-
 void MD_Warn_Unknown(const MdRecord& hRecord, I4& NErrUnknown) {
   MD_Warn({std::string(hRecord.sReader) + ".WARNING:",
            "Did not recognize keyword " + std::string(Trimmed(hRecord.sName)) + " in record # " +

@@ -195,7 +195,10 @@ I4 MD_Length_Unit(const MdRecord& hRecord);
 // What the templates above are made of.
 
 /// Whether a row's keyword fits.
-bool MD_Fits(std::string_view CRowKeyword, std::string_view CKeyword);
+inline bool MD_Fits(std::string_view CRowKeyword, std::string_view CKeyword) {
+  if (!CRowKeyword.starts_with('*')) return CRowKeyword == CKeyword;
+  return CKeyword.find(CRowKeyword.substr(1)) != std::string_view::npos;
+}
 /// The warning of a keyword that no row has.
 void MD_Warn_Unknown(const MdRecord& hRecord, I4& NErrUnknown);
 

@@ -164,12 +164,10 @@ constexpr AliasRow CAlias[] = {
 static_assert(std::size(CAlias) == NAlias);
 static_assert(std::ranges::is_sorted(CAlias, {}, &AliasRow::sSpelling));
 
-/// The upper-case name of a record with its alias resolved.
-Text<MMdName> Resolved_Name(std::string_view sName) {
-  const Text<MMdName> CName = Str_UpCase(sName);
-  const auto* hAlias = std::ranges::lower_bound(CAlias, CName.trimmed(), {}, &AliasRow::sSpelling);
-  const bool bFound = hAlias != std::end(CAlias) && hAlias->sSpelling == CName.trimmed();
-  return bFound ? Text<MMdName>(hAlias->sLabel) : CName;
+/// An upper-case name, or what it is today.
+std::string_view Resolved_Name(std::string_view CName) {
+  const auto* hAlias = std::ranges::lower_bound(CAlias, CName, {}, &AliasRow::sSpelling);
+  return hAlias != std::end(CAlias) && hAlias->sSpelling == CName ? hAlias->sLabel : CName;
 }
 
 /// A metadata group: its name, and its reader and its initialiser for the live record.
@@ -222,7 +220,7 @@ LineParts Split_Line(std::string_view sRecord) {
     sProgram = CProgram.str() + ".";
     iName = iColon + 1;
   }
-  h.sName = sProgram + std::string(Left_Adjusted(sRecord.substr(iName, iEqual - iName)));
+  h.sName = sProgram.append(Left_Adjusted(sRecord.substr(iName, iEqual - iName)));
   h.sValue = Cut_Text(Left_Adjusted(sRecord.substr(iEqual + 1)), MMdValue);
   // A value of nothing but stars and separators says that it is not set.
   const bool bSet = Trimmed(h.sValue).find_first_not_of("*,;:") != std::string_view::npos;
@@ -254,8 +252,8 @@ MdpStatus MDP_Read_Value(I4 iRecord, std::string_view sRecord, std::string_view 
 
   // Group and keyword stand before and after the first point. A name without a group is one of this program's own, of
   // which it has none today.
-  const Text<MMdName> CResolved = Resolved_Name(sShort);
-  const std::string_view CName = CResolved.trimmed();
+  const std::string CWritten = Str_UpCase(Trimmed(sShort));
+  const std::string_view CName = Resolved_Name(CWritten);
   const std::size_t iPoint = CName.find('.');
   const bool bGroup = iPoint != std::string_view::npos && iPoint > 0;
   const std::string_view CGroup = bGroup ? CName.substr(0, iPoint) : CPrgName;

@@ -58,6 +58,7 @@ std::vector<std::string> Records_of(const std::string& sBytes, I4 MRecord = 80) 
   EXPECT_TRUE(in.Is_Open());
   while (in.Next()) {
     sRecord.emplace_back(in.Record());
+    EXPECT_EQ(in.Record().data()[in.Record().size()], '\0') << "ends every loop over a record";
     EXPECT_EQ(in.iRecord(), static_cast<I4>(sRecord.size()));
   }
   EXPECT_FALSE(in.Has_Failed());
