@@ -90,25 +90,24 @@ void Begin_Store() {
 void Make_Full_Store() {
   Begin_Store();
   Random hRandom(12);
-  for (NTrn = 1; NTrn <= MTrn; ++NTrn) {
-    Set_Header(NTrn, hTrn(NTrn));
-    Set_Windows(Uniform(hRandom, 0.05f, 0.5f), hRandom, hTrn(NTrn));
+  while (NTrn < MTrn) {
+    Transient& h = TMD_Add_Transient();
+    Set_Header(NTrn, h);
+    Set_Windows(Uniform(hRandom, 0.05f, 0.5f), hRandom, h);
   }
-  NTrn = MTrn;
   static_cast<void>(dBdt_2_B());  // the store holds data
 }
 
 void Make_Full_Section() {
   Begin_Store();
   Random hRandom(12);
-  for (NTrn = 1; NTrn <= MTrn; ++NTrn) {
-    Transient& h = hTrn(NTrn);
+  while (NTrn < MTrn) {
+    Transient& h = TMD_Add_Transient();
     Set_Header(2 * NTrn - 1, h);
     const R4 fPlace = static_cast<R4>(NTrn);
     Set_Windows(0.2f * (1.2f + std::sin(fPlace / 90.0f)) * Uniform(hRandom, 0.95f, 1.05f), hRandom, h);
     for (I4 I = 1; I <= MTW; ++I) h.bSkip(I) = Uniform(hRandom, 0.0f, 1.0f) < fPartSkipped;
   }
-  NTrn = MTrn;
   static_cast<void>(dBdt_2_B());  // the store holds data
   TEM_Trn_Data_Range();
 }

@@ -19,13 +19,12 @@ void Open() {
   MDP_Initialize();
   Txw_Initialize();
   sAvgFile = "line.avg";
-  for (NTrn = 1; NTrn <= 3; ++NTrn) {
-    Transient& h = hTrn(NTrn);
+  while (NTrn < 3) {
+    Transient& h = TMD_Add_Transient();
     h.dRxStn = h.dRxKvrStn = NTrn;
     for (h.NTW = 1; h.NTW <= 4; ++h.NTW) h.fuVmag(h.NTW) = h.fTWCen(h.NTW) = static_cast<R4>(h.NTW);
     h.NTW = 4;
   }
-  NTrn = 3;
   History_Begin();
 }
 

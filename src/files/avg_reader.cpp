@@ -274,7 +274,7 @@ void Set_Transmitter(const AvgRow& hRow, const StationScale& Rescaled, Transient
 }
 
 void Begin_Transient(const AvgRow& hRow, AvgReadState& hRead) {
-  Transient& h = hTrn(++NTrn);
+  Transient& h = TMD_Add_Transient();
   const StationScale Rescaled = Stn_Scale_of_Rows();
   Set_Receiver(hRow, Rescaled, h);
   Set_Transmitter(hRow, Rescaled, h);
@@ -282,7 +282,6 @@ void Begin_Transient(const AvgRow& hRow, AvgReadState& hRead) {
   h.sKvrDate = MdKvr.sDate;
   h.sKvrTime = MdKvr.sTime;
   h.iAcqMethod = MdKvr.iAcqMethod;
-  h.NTW = 0;
   hRead.ITW = 0;
 }
 

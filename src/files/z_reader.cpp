@@ -143,8 +143,7 @@ bool Begins_Transient(const ZRow& hRow, const ZReadState& hRead) {
 }
 
 void Begin_Transient(const ZRow& hRow, I4 iRxCmp) {
-  Transient& h = hTrn(++NTrn);
-  h = Transient{};
+  Transient& h = TMD_Add_Transient();
   h.dRxKvrStn = hRow.dRxKvrStn;
   h.dRxStn = Stn_Scale_of_Rows()(hRow.dRxKvrStn);
   h.dRxXYZ = MdRx.dUTMC;

@@ -39,8 +39,6 @@ inline constexpr I4 iArrayLOT = 5;  // long offset
 using WindowValues = Array1<R4, MTW>;
 
 struct Transient {
-  Transient();  // every field its default
-
   L4 bSkipTrn = false;                                     // the whole transient is skipped
   R4 fWgtTrns = 1.0f;                                      // weight when repeats are averaged
   R8 dRxKvrStn = dDummy;                                   // receiver station as the receiver recorded it
@@ -126,14 +124,17 @@ struct AvgKeptLines {
 };
 
 // Module state. Readers fill it, TMD_Initialize restores it.
-inline I4 NTrn = 0;                   // transients in use
-extern Array1<Transient, MTrn> hTrn;  // the store
+inline I4 NTrn = 0;                    // transients in use
+extern Array1<Transient, MTrn>& hTrn;  // the store; what lies beyond NTrn means nothing
 inline Survey hTemSurvey;
 inline AvgKeptLines hAvgKept;
 
 inline std::string sAvgFile;  // path of the current data file; the main program's, no initialiser clears it
 
-/// Every field of the survey and of all transients gets its default; NTrn becomes 0, and no lines are kept.
+/// Every field of the survey gets its default; NTrn becomes 0, and no lines are kept.
 void TMD_Initialize();
+
+/// One transient more, every field its default. There must be room: NTrn is below MTrn.
+Transient& TMD_Add_Transient();
 
 }  // namespace quillan

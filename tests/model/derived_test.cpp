@@ -17,7 +17,7 @@ using Times = std::vector<R4>;
 void Load_Times(const std::vector<Times>& fTWCen) {
   Begin_Test();
   for (const Times& fTimes : fTWCen) {
-    Transient& h = hTrn(++NTrn);
+    Transient& h = TMD_Add_Transient();
     for (const R4 fTime : fTimes) h.fTWCen(++h.NTW) = fTime;
   }
 }
@@ -30,13 +30,13 @@ std::vector<I4> Configurations() {
 
 TEST(Store, FreshStoreHasNothingOfTheLastSurvey) {
   Load({TransientBuilder().Values({5})});
-  hTrn(MTrn).bSkip(MTW) = true;
+  hTrn(1).bSkip(MTW) = true;
   hTemSurvey.sJobName = "Orrin basin";
   hAvgKept.NAvgCmt = 1;
   TMD_Initialize();
   EXPECT_EQ(NTrn, 0);
-  EXPECT_FALSE(Is_Present(hTrn(1).fuVmag(1)));
-  EXPECT_FALSE(hTrn(MTrn).bSkip(MTW));
+  EXPECT_FALSE(Is_Present(TMD_Add_Transient().fuVmag(1)));
+  EXPECT_FALSE(hTrn(1).bSkip(MTW));
   EXPECT_TRUE(hTemSurvey.sJobName.Is_Blank());
   EXPECT_EQ(hAvgKept.NAvgCmt, 0);
 }
@@ -116,7 +116,7 @@ TEST(TransmitterPositions, WireLoopsPlaceTheTransmitters) {
 
   Put_Loops({100.0, 200.0});
   hTemSurvey.fLineAzimuth = 90.0f;
-  for (const R8 dStn : {100.0, 200.0, 150.0, 150.0, 200.0, 100.0}) hTrn(++NTrn).dTxStn = dStn;
+  for (const R8 dStn : {100.0, 200.0, 150.0, 150.0, 200.0, 100.0}) TMD_Add_Transient().dTxStn = dStn;
   EXPECT_EQ(TMD_TxUTMC_from_hTxw(), 0);
   for (I4 j = 1; j <= NTrn; ++j) {
     const R8 dStn = hTrn(j).dTxStn;
