@@ -7,6 +7,7 @@
 #include "foundations/file_util.h"
 #include "foundations/free_read.h"
 #include "foundations/log_file.h"
+#include "foundations/plain_row.h"
 #include "foundations/progress.h"
 #include "foundations/str_value.h"
 #include "foundations/str_write.h"
@@ -165,15 +166,6 @@ void Read_Fields(std::string_view sRecord, I4 iRecord, AvgReadState& hRead, AvgR
   }
 }
 
-bool Ends_Field(char c) {
-  return c == ' ' || c == ',';
-}
-
-const char* Past_Blanks(const char* p) {
-  while (*p == ' ') ++p;
-  return p;
-}
-
 /// The length of the number or "*" at p, 0 when the field there is spelled otherwise.
 std::size_t Take_Plain_Field(const char* p, I4 J, R4& fValue) {
   if (*p == '*') {
@@ -182,32 +174,6 @@ std::size_t Take_Plain_Field(const char* p, I4 J, R4& fValue) {
   }
   const std::size_t NField = Read_Next(p, fValue);
   return NField <= MPlain ? NField : 0;
-}
-
-/// The length of the field at p, 0 when quotes or a tab have a say in it.
-std::size_t Pass_Over_Field(const char* const pField) {
-  const char* p = pField;
-  for (; *p != '\0' && !Ends_Field(*p); ++p) {
-    if (*p == '"' || *p == '\t') return 0;
-  }
-  return static_cast<std::size_t>(p - pField);
-}
-
-/// Nearly every row is plain: numbers and "*" with blanks or one comma between them. Such a row is read in one pass, in
-/// a third of the time; after a few blanks at most it ends in a NUL, which ends every loop over its characters. False
-/// for any other row, which has to be cut into fields.
-bool Read_Plain_Row(std::string_view sRecord, const AvgReadState& hRead, AvgRow& hRow) {
-  const char* p = sRecord.data();
-  const char* const pEnd = p + sRecord.size();
-  for (const I4 J : hRead.JPlain) {
-    p = Past_Blanks(p);
-    const std::size_t NField = J > 0 ? Take_Plain_Field(p, J, hRow.fValue(J)) : Pass_Over_Field(p);
-    p += NField;
-    if (NField == 0 || !(Ends_Field(*p) || p == pEnd)) return false;
-    p = Past_Blanks(p);
-    if (*p == ',') ++p;
-  }
-  return !hRead.JPlain.empty();
 }
 
 /// Why a row cannot be used; blank when it can.
@@ -301,7 +267,8 @@ void Add_Window(const AvgRow& hRow, AvgReadState& hRead) {
 bool Add_Row(std::string_view sRecord, I4 iRecord, AvgReadState& hRead) {
   if (NTrn == 0) hRead.dRxKvrStn0 = dDummy;
   AvgRow hRow;
-  if (!Read_Plain_Row(sRecord, hRead, hRow)) Read_Fields(sRecord, iRecord, hRead, hRow);
+  const auto Take = [&hRow](const char* p, I4 J) { return Take_Plain_Field(p, J, hRow.fValue(J)); };
+  if (!Read_Plain_Row(sRecord, hRead.JPlain, Take)) Read_Fields(sRecord, iRecord, hRead, hRow);
 
   if (const std::string_view sFault = Fault_of(hRow); !sFault.empty()) {
     LogErr_File({"AVG_Read_Data.ERROR: " + std::string(sFault) + Str_Write_I4(iRecord).str(), std::string(sRecord),

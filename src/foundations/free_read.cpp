@@ -175,6 +175,12 @@ std::size_t Read_Long(std::string_view sText, Real& x) {
 }
 
 template <class Real>
+std::size_t Read_before_NUL(const char* sText, Real& x) {
+  const std::size_t NText = Read_Short(sText, x);
+  return NText > 0 ? NText : Read_Long(std::string_view(sText), x);
+}
+
+template <class Real>
 std::size_t Read_Head(std::string_view sText, Real& x) {
   constexpr std::size_t MShort = 40;  // more characters than a short number has: 15 digits twice, point, E and signs
   std::array<char, MShort + 1> sHead;
@@ -210,8 +216,11 @@ std::size_t Read_Leading(std::string_view sText, R8& dValue) {
 }
 
 std::size_t Read_Next(const char* sText, R4& fValue) {
-  const std::size_t NText = Read_Short(sText, fValue);
-  return NText > 0 ? NText : Read_Long(std::string_view(sText), fValue);
+  return Read_before_NUL(sText, fValue);
+}
+
+std::size_t Read_Next(const char* sText, R8& dValue) {
+  return Read_before_NUL(sText, dValue);
 }
 
 Outcome List_Read(std::string_view sText, I4& iValue) {

@@ -28,6 +28,7 @@ std::size_t Read_Leading(std::string_view sText, R4& fValue);
 std::size_t Read_Leading(std::string_view sText, R8& dValue);
 /// The same for a text that ends in a NUL: the quickest way through a row of numbers.
 std::size_t Read_Next(const char* sText, R4& fValue);
+std::size_t Read_Next(const char* sText, R8& dValue);
 
 /// True when the read succeeds, also for a null value.
 template <class Number>

@@ -13,7 +13,9 @@
 
 #include "files/column_file.h"
 #include "foundations/file_util.h"
+#include "foundations/free_read.h"
 #include "foundations/log_file.h"
+#include "foundations/plain_row.h"
 #include "foundations/progress.h"
 #include "foundations/str_parse.h"
 #include "foundations/str_value.h"
@@ -77,6 +79,7 @@ struct StnImport {
   L4 bValidLabels = true;  // the columns of the rows are known
   L4 bLabels = false;      // from labels of the file
   std::vector<I4> KCol;    // of each variable its column
+  std::vector<I4> JPlain;  // of each column its variable, from 1
   FieldList hField{MStnCol};
   StnRow hDefault{};        // what a row takes that does not state it
   std::deque<StnRow> hRow;  // which may be many, and are never moved
@@ -93,6 +96,7 @@ StnImport Begin_Import(std::string_view sFileName, R8 dLineNumber, const Array1<
   h.bAuto = bAuto;
   h.KCol.assign(NVariable, 0);
   for (std::size_t J = 0; J < NRequired; ++J) h.KCol[J] = static_cast<I4>(J) + 1;
+  h.JPlain = {1, 2, 3, 4};
   // A required value that stays not-a-number was not in the row: no coordinate is taken from another one.
   h.hDefault.dStn = h.hDefault.dX = h.hDefault.dY = std::numeric_limits<R8>::quiet_NaN();
   h.hDefault.fZ = std::numeric_limits<R4>::quiet_NaN();
@@ -119,6 +123,8 @@ void Take_Labels(StnImport& h, I4 iRecord, std::string_view sRecord) {
   // The report below says what is missing, so the matching itself is silent.
   static_cast<void>(Str_Column_Labels(sRecord, false, false, CStnLabel, MStnCol, hColumn));
   h.KCol = hColumn.KCol;
+  h.JPlain = hColumn.JCol;
+  while (!h.JPlain.empty() && h.JPlain.back() == 0) h.JPlain.pop_back();
   h.bValidLabels = std::all_of(h.KCol.begin(), h.KCol.begin() + NRequired, [](I4 K) { return K > 0; });
   if (!h.bValidLabels) {
     LogErr_or_File(
@@ -198,12 +204,27 @@ void Keep_Row(StnImport& h, const StnRow& hRow) {
   h.hRow.push_back(hRow);
 }
 
-void Take_Row(StnImport& h, I4 iRecord, std::string_view sRecord) {
+/// The length of the number at p, 0 when the field there is spelled otherwise or counts electrodes.
+std::size_t Take_Number(const char* p, const StnVariable& hWhat, StnRow& hRow) {
+  if (const auto* dField = std::get_if<R8 StnRow::*>(&hWhat.hField)) return Read_Next(p, hRow.**dField);
+  if (const auto* fField = std::get_if<R4 StnRow::*>(&hWhat.hField)) return Read_Next(p, hRow.**fField);
+  return 0;
+}
+
+/// False when the row cannot be used.
+bool Read_Fields(StnImport& h, I4 iRecord, std::string_view sRecord, StnRow& hRow) {
   Str_Parse_Fld(sRecord, h.hField);
-  StnRow hRow = h.hDefault;
+  hRow = h.hDefault;
   for (std::size_t J = 0; J < NVariable; ++J) {
-    if (h.KCol[J] > 0 && !Read_Value(h, iRecord, sRecord, J, hRow)) return;
+    if (h.KCol[J] > 0 && !Read_Value(h, iRecord, sRecord, J, hRow)) return false;
   }
+  return true;
+}
+
+void Take_Row(StnImport& h, I4 iRecord, std::string_view sRecord) {
+  StnRow hRow = h.hDefault;
+  const auto Take = [&hRow](const char* p, I4 J) { return Take_Number(p, hVariable[J - 1], hRow); };
+  if (!Read_Plain_Row(sRecord, h.JPlain, Take) && !Read_Fields(h, iRecord, sRecord, hRow)) return;
   if (Is_Within_Limit(h, iRecord, hRow)) Keep_Row(h, hRow);
 }
 
