@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <memory>
 
 #include "foundations/bytes.h"
 #include "platform/file_names.h"
@@ -17,11 +18,11 @@ std::map<std::string, FileStamp> hNoted;
 constexpr std::size_t MBlock = std::size_t{1} << 18U;  // bytes read at a time, whole words
 
 /// Fills the block as far as the file goes: a short read in the middle would shift the words of the sum.
-std::size_t Read_Block(InputFile& in, std::string& sBlock) {
+std::string_view Read_Block(InputFile& in, char* sBlock) {
   std::size_t N = 0;
-  for (I8 NRead = 1; NRead > 0 && N < sBlock.size(); N += static_cast<std::size_t>(NRead))
-    NRead = std::max<I8>(in.Read(sBlock.data() + N, sBlock.size() - N), 0);
-  return N;
+  for (I8 NRead = 1; NRead > 0 && N < MBlock; N += static_cast<std::size_t>(NRead))
+    NRead = std::max<I8>(in.Read(sBlock + N, MBlock - N), 0);
+  return {sBlock, N};
 }
 
 bool Is_Changed(const std::string& sPath) {
@@ -38,9 +39,9 @@ FileStamp Stamp_of(std::string_view sPath) {
   InputFile in(sPath);
   if (!in.Is_Open()) return {};
   FileStamp h{in.Size(), in.Time(), 1};
-  std::string sBlock(MBlock, ' ');
-  for (std::size_t N = Read_Block(in, sBlock); N > 0; N = Read_Block(in, sBlock))
-    h.iSum = Mixed(h.iSum, std::string_view(sBlock).substr(0, N));
+  const auto hBlock = std::make_unique_for_overwrite<char[]>(MBlock);
+  for (std::string_view s = Read_Block(in, hBlock.get()); !s.empty(); s = Read_Block(in, hBlock.get()))
+    h.iSum = Mixed(h.iSum, s);
   return h;
 }
 

@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QScreen>
 #include <QUiLoader>
 #include <algorithm>
@@ -71,6 +70,19 @@ class FormDialog : public QDialog {
   }
 };
 
+/// A loader starts every library that brings widgets to the designer. The dialogs need none: while one of these lives
+/// there is nowhere to look for them.
+class NoForeignWidgets {
+ public:
+  NoForeignWidgets() { QCoreApplication::setLibraryPaths({}); }
+  ~NoForeignWidgets() { QCoreApplication::setLibraryPaths(sPath); }
+  NoForeignWidgets(const NoForeignWidgets&) = delete;
+  NoForeignWidgets& operator=(const NoForeignWidgets&) = delete;
+
+ private:
+  QStringList sPath = QCoreApplication::libraryPaths();
+};
+
 class DialogLoader : public QUiLoader {
  public:
   QWidget* createWidget(const QString& sClass, QWidget* hParent, const QString& sName) override {
@@ -88,8 +100,8 @@ class DialogLoader : public QUiLoader {
 FormDialog* Load_File(I4 iDialog) {
   QFile hFile(QString(":/dialogs/%1.ui").arg(iDialog));
   if (!hFile.open(QIODevice::ReadOnly)) return nullptr;
+  const NoForeignWidgets hNone;
   DialogLoader hLoader;
-  hLoader.clearPluginPaths();
   return dynamic_cast<FormDialog*>(hLoader.load(&hFile, Main_Window()));
 }
 
@@ -208,8 +220,7 @@ void WDialogLoad(I4 iDialog) {
   hDialog.hWindow = hWindow;
   hWindow->hDialog = &hDialog;
   Give_Look(*hWindow);
-  for (QWidget* hWidget : hWindow->findChildren<QWidget*>(QRegularExpression("^c[0-9]+$")))
-    Take_Control(hDialog, hWidget);
+  for (QWidget* hWidget : Numbered<QWidget>(*hWindow, cControl)) Take_Control(hDialog, hWidget);
   iCurrent = iDialog;
 }
 
@@ -235,9 +246,12 @@ I4 WDialogShow(I4 iX, I4 iY, I4 iMode) {
     hWindow.adjustSize();
     Place(hWindow, Main_Window() ? Main_Window()->frameGeometry() : hWindow.screen()->availableGeometry(), iX, iY);
   }
-  hWindow.show();
-  hWindow.activateWindow();
-  Focus_First_Field(hWindow);
+  {
+    const PaintedOnce hOnce(hWindow);
+    hWindow.show();
+    hWindow.activateWindow();
+    Focus_First_Field(hWindow);
+  }
   if (iMode != iShowModal) return 0;
   return Wait_For_Exit(*hDialog);
 }

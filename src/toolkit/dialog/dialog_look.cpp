@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -51,7 +50,7 @@ void Set_Read_Only_Look(QWidget* hWidget) {
 
 /// Grey remarks beside controls, in the theme's own grey, so that a dark theme shows them too.
 void Grey_Notes(QDialog& hWindow) {
-  for (QLabel* hNote : hWindow.findChildren<QLabel*>(QRegularExpression("^n[0-9]+$"))) {
+  for (QLabel* hNote : Numbered<QLabel>(hWindow, cRemark)) {
     QPalette hPalette = hNote->palette();
     hPalette.setColor(QPalette::WindowText, hPalette.color(QPalette::PlaceholderText));
     hNote->setPalette(hPalette);
@@ -90,7 +89,7 @@ void toolkit::Give_Look(QDialog& hWindow) {
   Grey_Notes(hWindow);
   Align_Groups(hWindow);
   if (hWindow.property("toolWindow").toBool()) Add_Title_Bar(hWindow);
-  for (QWidget* hWidget : hWindow.findChildren<QWidget*>(QRegularExpression("^c[0-9]+$"))) {
+  for (QWidget* hWidget : Numbered<QWidget>(hWindow, cControl)) {
     Set_Fixed_Font(hWidget);
     Set_Read_Only_Look(hWidget);
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QList>
 #include <QPointer>
 #include <QString>
 #include <limits>
@@ -9,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "base/edit_form.h"
@@ -132,6 +134,21 @@ Field* Known_Field(I4 iField);
 QDialog* Current_Dialog();
 /// Moves a dialog to pixels iX, iY of hUnder, the whole of it on the screen of the main window.
 void Place(QDialog& hWindow, const QRect& hUnder, I4 iX, I4 iY);
+
+/// What a designer file numbers: controls ("c102"), which the program knows by number, and remarks beside them
+/// ("n102").
+inline constexpr char cControl = 'c', cRemark = 'n';
+template <typename Widget>
+QList<Widget*> Numbered(const QDialog& hWindow, char cKind) {
+  QList<Widget*> hFound = hWindow.findChildren<Widget*>();
+  hFound.removeIf([cKind](const Widget* h) {
+    const QString sName = h->objectName();
+    bool bNumber = false;
+    std::ignore = sName.mid(1).toInt(&bNumber);
+    return !bNumber || sName[0] != cKind;
+  });
+  return hFound;
+}
 
 /// Gives a dialog that was just loaded the look of all dialogs (dialog_look.cpp): the names of its buttons, fonts, grey
 /// remarks, fields that begin below each other, the title bar of one that its designer file marks as a "toolWindow".
