@@ -87,11 +87,12 @@ bool Shows_Any(const QMenu& hMenu) {
   return std::ranges::any_of(hMenu.actions(), [](const QAction* h) { return h->isVisible(); });
 }
 
+/// A bar that is not usable is greyed by itself: one step, where each of its entries would be measured and laid out.
 void Grey_Entries(QWidget& hParent) {
   const QList<QAction*> hEntries = hParent.actions();
   for (QAction* hEntry : hEntries) {
     if (hEntry->menu()) {
-      hEntry->setEnabled(hMenuBar.bUsable && Shows_Any(*hEntry->menu()));
+      hEntry->setEnabled(Shows_Any(*hEntry->menu()));
       Grey_Entries(*hEntry->menu());
     } else {
       hEntry->setEnabled(Is_Enabled(hEntry->data().toInt()));
@@ -146,6 +147,7 @@ void WMenu(I4 iMenu) {
   hMenuBar = {};
   hMenuBar.iMenu = iMenu;
   Add_Rows(hBar, hDefined[iMenu]);
+  hBar.setEnabled(true);
   Grey_Entries(hBar);
   hBar.setVisible(!hBar.actions().isEmpty());
 }
@@ -183,6 +185,7 @@ std::string As_Menu_Text(std::string_view sText) {
 void WMenuBarState(I4 iState) {
   if (!Main_Window()) return Set_Error(iErrNoWindow);
   hMenuBar.bUsable = iState != 0;
+  Main_Window()->menuBar()->setEnabled(hMenuBar.bUsable);
   Grey_Entries(*Main_Window()->menuBar());
 }
 
