@@ -41,7 +41,8 @@ void Show_Line(std::string_view sLine) {
 
 // ---- long work
 
-constexpr R8 dShownAfter = 0.5;  // seconds; what is over sooner needs no bar
+// Seconds. What is over sooner than a bar is worth gets none; what is sooner still lets no window be drawn meanwhile.
+constexpr R8 dShownAfter = 0.5, dLooksAfter = 0.05;
 
 /// "Reading line7.avg: 3400 of 15000 kB. Esc stops."
 std::string In_Words(const WorkDone& h) {
@@ -51,6 +52,7 @@ std::string In_Words(const WorkDone& h) {
 }
 
 bool Look(const WorkDone& h) {
+  if (h.dSeconds < dLooksAfter && !Script_Wants_to_Stop()) return true;
   const bool bShown = h.dSeconds >= dShownAfter;
   if (bShown) WindowProgress(h.NAll > 0 ? R8(h.NDone) / R8(h.NAll) : -1.0, In_Words(h));
   const RecordPause hPause;  // what the user does meanwhile is dropped

@@ -28,6 +28,7 @@ class Draw : public testing::Test {
 
   static void Open() {
     Open_Window(400, 300);
+    Main_Window()->resize(400, 600 - Drawing_Area()->height());  // what the status bar took away is added
     ASSERT_EQ(Drawing_Area()->size(), QSize(400, 300));
     IGrUnits(0.0f, 0.0f, 400.0f, 300.0f);
     IGrColour("BLACK");

@@ -153,6 +153,10 @@ bool Script_Is_Playing() {
   return hPlayStep != nullptr;
 }
 
+bool Script_Wants_to_Stop() {
+  return bEscAtLook;
+}
+
 I4 Script_Exit_Status() {
   return hScript.iStatus;
 }

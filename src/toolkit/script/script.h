@@ -28,6 +28,8 @@ void Script_Load(std::string_view sPath);
 
 /// Whether a script is being played.
 bool Script_Is_Playing();
+/// Whether its step "stop" waits for the program to look at the user in the middle of work.
+bool Script_Wants_to_Stop();
 
 /// Exit status of the run: 0, or 3 after a step that did not fit what was on the screen (the reason, with file and
 /// line, has then gone to standard error).

@@ -132,7 +132,7 @@ void LogText_Redraw() {
   if (hOnShow.Draw_Picture)
     LogText_Show_Picture(hOnShow.Draw_Picture);
   else
-    LogText_Update();
+    LogText_Update_Later();  // a window that is opened tells of its size and of its paper one after the other
 }
 
 void LogText_Renew_Picture() {

@@ -313,7 +313,7 @@ void toolkit::Wheel_to_Plot(const QWheelEvent& hEvent) {
 
 void toolkit::Wait_Until(const std::function<bool()>& bDone) {
   if (!QCoreApplication::instance()) return;
-  if (Drawing_Area()) IGrFlush();
+  if (Drawing_Area() && !bDone()) IGrFlush();
   Suspend_Busy(true);
   Do_What_Is_Due();
   while (!bDone()) {

@@ -75,6 +75,17 @@ QWidget* Front_Window();
 void Hand_Back_Focus();
 /// Whether memory has ended in an event handler since the last call.
 bool Memory_Has_Ended();
+/// A window that is opened is painted when all that is done to it is done, not for each step.
+class PaintedOnce {
+ public:
+  explicit PaintedOnce(QWidget& hOpened) : hWindow(hOpened) { hWindow.setUpdatesEnabled(false); }
+  ~PaintedOnce() { hWindow.setUpdatesEnabled(true); }
+  PaintedOnce(const PaintedOnce&) = delete;
+  PaintedOnce& operator=(const PaintedOnce&) = delete;
+
+ private:
+  QWidget& hWindow;
+};
 /// A text over the wide part of the status bar: the hint of a menu entry; blank gives the part its own text back.
 void Show_Hint(const QString& sHint);
 /// Gives the arrow back while the program waits for the user in the middle of long work.

@@ -183,7 +183,11 @@ void Show_Main(I4 iXP, I4 iYP, I4 NXP, I4 NYP) {
   QMainWindow& hMain = *hOpen.hMain;
   hMain.move(iXP, iYP);
   hMain.resize(Inner_Size(hMain, NXP, NYP));
-  hMain.show();
+  {
+    const PaintedOnce hOnce(hMain);
+    hMain.show();
+  }
+  if (QGuiApplication::platformName() == "offscreen") return;  // there are no frames
   QCoreApplication::processEvents();
   hMain.resize(Inner_Size(hMain, NXP, NYP));  // the frame is known only now
 }
@@ -253,6 +257,7 @@ void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTit
   hOpen.hMain->setCentralWidget(hArea);
   hOpen.hMain->setContextMenuPolicy(Qt::NoContextMenu);
   hOpen.hMain->menuBar()->setNativeMenuBar(false);  // commands stand on the bar itself, which native bars do not show
+  hOpen.hMain->statusBar();  // has its place from the first: the drawing area need not give way when texts come
   Watch_Window(hOpen.hMain, hArea);
   WMenu(iMenu);
   WindowTitle(sTitle);
@@ -361,7 +366,6 @@ void WindowOutStatusBar(I4 iPart, std::string_view sText) {
   QLabel& hPart = *hOpen.hPart[iPart - 1];
   hPart.setText(To_QString(sText));
   if (iPart == 2) hOpen.sPart2 = hPart.text();
-  if (hOpen.NBusy > 0) hPart.repaint();  // long work may let the window repaint only when it is over
 }
 
 void WindowBusy(bool bBusy) {
