@@ -36,7 +36,7 @@ HardCopyStatus Plotted(const PictureKind& h, std::string_view sFile, const std::
   IGrHardCopySize(h.NWidth, h.NHeight);
   IGrHardCopyFoot(sSmallPrint.empty() ? 0 : h.NFoot);
   try {
-    IGrHardCopy(sFile);
+    IGrHardCopy(sFile, IGrHardCopyStrokes(Draw));
     Draw();
     if (!sSmallPrint.empty()) Write_Small_Print(h, sSmallPrint);
     return IGrHardCopyEnd();
@@ -58,7 +58,7 @@ const PictureKind* Picture_Kind(std::string_view sFile) {
 I4 Plot_into_File(const PictureKind& hKind, std::string_view sFile, const std::function<void()>& Draw,
                   std::string_view sSmallPrint) {
   const HardCopyStatus h = Plotted(hKind, sFile, Draw, sSmallPrint);
-  if (h.iError == 0) return 0;
+  if (h.iError != 1) return h.iError;
   LogErr({"Graphics ERROR: from " + std::string(hKind.sTag).append(" ").append(h.sStep),
           "writing file " + std::string(sFile), h.sReason, "The plot is not exported."});
   return 1;

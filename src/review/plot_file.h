@@ -34,7 +34,8 @@ inline constexpr const PictureKind& hWmfKind = hPictureKind[3];
 [[nodiscard]] const PictureKind* Picture_Kind(std::string_view sFile);
 
 /// Draws into a file, which replaces an earlier one as a whole or not at all. sSmallPrint: what the plot is of; blank:
-/// no small print. Returns 0; 1 the file could not be written, which is reported, with the reason.
+/// no small print. Draw is called twice: what it draws is counted first. Returns 0; 1 the file could not be written,
+/// which is reported, with the reason; 2 the user has stopped it.
 [[nodiscard]] I4 Plot_into_File(const PictureKind& hKind, std::string_view sFile, const std::function<void()>& Draw,
                                 std::string_view sSmallPrint = {});
 

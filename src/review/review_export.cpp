@@ -163,7 +163,9 @@ void Review_Export(const ReviewExport& h) {
 
 void Say_Exported(const std::string& sNames, L4 bReplaces, I4 iError) {
   const std::string_view sEarlier = bReplaces ? "; an earlier file was replaced." : "; no file was replaced.";
-  WindowOutStatusBar(2, iError == 0 ? "Written: " + sNames + std::string(sEarlier) : sNames + " could not be written.");
+  WindowOutStatusBar(2, iError == 0   ? "Written: " + sNames + std::string(sEarlier)
+                        : iError == 2 ? "The export was stopped. The files are as they were."
+                                      : sNames + " could not be written.");
 }
 
 }  // namespace quillan

@@ -36,7 +36,8 @@ inline ExportChoice hExportChoice;
 /// Asks for a file and writes it. The status bar says what became of it.
 void Review_Export(const ReviewExport& hExport);
 
-/// In the status bar: whether an export was written, and whether it took the place of an earlier one.
+/// In the status bar: whether an export was written (0), failed (1) or was stopped (2), and whether it took the place
+/// of an earlier one.
 void Say_Exported(const std::string& sNames, L4 bReplaces, I4 iError);
 
 }  // namespace quillan

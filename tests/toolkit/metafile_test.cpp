@@ -10,10 +10,12 @@
 #include <functional>
 #include <numeric>
 
+#include "foundations/user.h"
 #include "support/files.h"
 #include "support/played_session.h"
 #include "toolkit/draw/hardcopy.h"
 #include "toolkit/draw/private_draw.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan {
 namespace {
@@ -321,6 +323,38 @@ TEST_F(Hardcopy, AFailureLeavesTheEarlierFileWhole) {
   }
   for (const auto& hEntry : fs::directory_iterator("."))
     EXPECT_EQ(hEntry.path().string().find("earlier.wmf."), std::string::npos) << "no temporary file is left";
+}
+
+TEST_F(Hardcopy, WhatIsStoppedLeavesTheEarlierFileWhole) {
+  const struct {
+    HardCopyDriver iDriver;
+    const char* sWork;  // in which the user stops it
+  } hCases[] = {
+      {HardCopyDriver::Metafile, "Drawing"},
+      {HardCopyDriver::Png,      "Drawing"},
+      {HardCopyDriver::Png,      "Writing"},
+      {HardCopyDriver::Pdf,      "Writing"},
+      {HardCopyDriver::Svg,      "Writing"},
+  };
+  for (const auto& hCase : hCases) {
+    hUser.Look = [&](const WorkDone& h) { return !h.sWork.starts_with(hCase.sWork); };
+    Write_File("earlier", "earlier");
+    EXPECT_EQ(Drawn(hCase.iDriver, "earlier", Small_Plot).iError, 2) << hCase.sWork;
+    EXPECT_EQ(Read_Whole_File("earlier"), "earlier") << hCase.sWork;
+  }
+  hUser = No_User();
+}
+
+TEST_F(Hardcopy, AWindowThatIsPaintedMeanwhileLeavesThePictureAlone) {
+  (void)Drawn(HardCopyDriver::Metafile, "alone.wmf", Small_Plot);
+  hUser.Look = [](const WorkDone&) {
+    Main_Window()->resize(Main_Window()->width(), Main_Window()->height() - 10);
+    Drawing_Area()->repaint();
+    return WMessagePeek().iType != MessageType::Close;
+  };
+  EXPECT_EQ(Drawn(HardCopyDriver::Metafile, "watched.wmf", Small_Plot).iError, 0);
+  hUser = No_User();
+  EXPECT_EQ(Read_Whole_File("watched.wmf"), Read_Whole_File("alone.wmf"));
 }
 
 #ifndef __SANITIZE_ADDRESS__  // which ends a program that gets no memory

@@ -1,6 +1,5 @@
 #include "toolkit/draw/hardcopy.h"
 
-#include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
 #include <algorithm>
@@ -11,6 +10,7 @@
 #include "platform/safe_file.h"
 #include "toolkit/draw/last_error.h"
 #include "toolkit/draw/private_state.h"
+#include "toolkit/draw/private_watched.h"
 
 namespace quillan {
 
@@ -36,6 +36,7 @@ struct OpenHardcopy {
   std::unique_ptr<BackEnd> hPainter;
   std::optional<Metafile> hMetafile;
   std::unique_ptr<PageFile> hPage;
+  std::optional<WatchedPicture> hWatched;
 };
 
 // Module state. IGrHardCopySelect, IGrHardCopySize and IGrHardCopyFoot choose the next hardcopy, IGrHardCopy opens it.
@@ -91,17 +92,22 @@ constexpr struct {
 std::string File_Bytes(OpenHardcopy& h) {
   if (h.hMetafile) return h.hMetafile->Bytes();
   if (h.hPage) return h.hPage->Bytes();
-  QBuffer hBytes;
+  WatchedBytes hBytes;
+  hBytes.Watch(h.sTitle);
   if (h.hImage.isNull() || !hBytes.open(QIODevice::WriteOnly) || !h.hImage.save(&hBytes, "PNG")) return {};
   return hBytes.data().toStdString();
 }
 
 /// Ends the drawing and writes the file; the first step that failed fails it.
 HardCopyStatus Finish(OpenHardcopy& h) {
+  const HardCopyStatus hStopped{2, "stop", "The export was stopped"};
+  if (bWorkStopped) return hStopped;
+  h.hWatched.reset();
   if (h.hFile.Has_Failed()) return {1, "open", h.hFile.Reason()};
   if (h.hPainter && h.hImage.isNull()) return {1, "open", std::string(sNoMemory)};
   if (const I4 iError = InfoError(); iError != iErrNone) return {1, "draw", WInfoErrorMessage(iError)};
   const std::string sBytes = File_Bytes(h);
+  if (bWorkStopped) return hStopped;
   if (sBytes.empty()) return {1, "close", "The picture could not be encoded"};
   h.hFile.Write(sBytes);
   h.hFile.Commit();
@@ -126,13 +132,24 @@ void IGrHardCopyFoot(I4 NHeight) {
   hHardcopy.NFoot = NHeight;
 }
 
-void IGrHardCopy(std::string_view sPath) {
+I8 IGrHardCopyStrokes(const std::function<void()>& Draw) {
+  StrokeCount hCount;
+  Enter_Picture({&hCount, hHardcopy.Size(), 1.0, dMinEm});
+  Draw();
+  Leave_Picture();
+  return hCount.NStroke;
+}
+
+void IGrHardCopy(std::string_view sPath, I8 NStroke) {
   if (hHardcopy.hOpen) return Set_Error(iErrBadArgument);
   if (!QGuiApplication::instance()) return Set_Error(iErrNoWindow);  // there are no fonts
   InqWintError("IGrHardCopy");                                       // an error from before is not the picture's
   hHardcopy.hOpen = std::make_unique<OpenHardcopy>(sPath);
   const auto* hRow = std::ranges::find_if(hDriverRow, [](const auto& h) { return h.iDriver == hHardcopy.iDriver; });
-  Canvas hCanvas = hRow->Open(*hHardcopy.hOpen);
+  OpenHardcopy& h = *hHardcopy.hOpen;
+  Canvas hCanvas = hRow->Open(h);
+  h.hWatched.emplace(*hCanvas.hBackEnd, h.sTitle, NStroke);
+  hCanvas.hBackEnd = &*h.hWatched;
   hCanvas.dFoot = hHardcopy.NFoot;
   Enter_Picture(hCanvas);
 }

@@ -5,6 +5,7 @@
 // fractions of it. A file takes the place of an earlier one only when it is complete (SafeFile).
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -23,12 +24,15 @@ void IGrHardCopySize(I4 NWidth, I4 NHeight);
 /// is the area from -NHeight / height to 0.
 void IGrHardCopyFoot(I4 NHeight);
 
-/// Opens a hardcopy. Where it cannot be opened, IGrHardCopyEnd says so; what is drawn until then goes nowhere.
-void IGrHardCopy(std::string_view sPath);
+/// How many strokes (lines, points, texts) Draw would give the next hardcopy.
+[[nodiscard]] I8 IGrHardCopyStrokes(const std::function<void()>& Draw);
+/// Opens a hardcopy of so many strokes (0: nobody knows). Where it takes long the user sees how far it has come and may
+/// stop it. Where it cannot be opened or was stopped, IGrHardCopyEnd says so; what is drawn until then goes nowhere.
+void IGrHardCopy(std::string_view sPath, I8 NStroke = 0);
 
 /// What became of a hardcopy.
 struct HardCopyStatus {
-  I4 iError = 0;           // 0: the file is in its place; 1: nothing was replaced
+  I4 iError = 0;           // 0: the file is in its place; 1, 2: nothing was replaced, it failed or the user stopped it
   std::string_view sStep;  // which failed: "open", "draw", "close"
   std::string sReason;     // in words
 };

@@ -1,5 +1,4 @@
 // Pages of true lines and letters in files that the window system's own writers make: SVG and PDF.
-#include <QBuffer>
 #include <QPageSize>
 #include <QPainter>
 #include <QPainterPath>
@@ -8,6 +7,7 @@
 
 #include "base/program.h"
 #include "toolkit/draw/private_draw.h"
+#include "toolkit/draw/private_watched.h"
 
 namespace quillan {
 
@@ -17,7 +17,7 @@ namespace {
 
 constexpr R8 dMillimetresAnInch = 25.4;
 
-using NewDevice = std::unique_ptr<QPaintDevice>(const PageSize& hSize, QBuffer& hBytes);
+using NewDevice = std::unique_ptr<QPaintDevice>(const PageSize& hSize, QIODevice& hBytes);
 
 /// Paints with the lines, shapes and letters of the window system.
 class Page : public PageFile {
@@ -34,14 +34,15 @@ class Page : public PageFile {
   void Use_Fill(QRgb iColour);
 
   // Each needs the ones before it to the end.
-  QBuffer hBytes;
+  WatchedBytes hBytes;
   std::unique_ptr<QPaintDevice> hDevice;
   QPainter hPainter;
   QRectF hWhole;
+  std::string sTitle;
 };
 
 /// The picture fills the device, whatever that makes of its size.
-Page::Page(const PageSize& h, NewDevice& New_Device) : hWhole({0.0, 0.0}, h.hUnits) {
+Page::Page(const PageSize& h, NewDevice& New_Device) : hWhole({0.0, 0.0}, h.hUnits), sTitle(h.sTitle) {
   if (!hBytes.open(QIODevice::WriteOnly)) return;
   hDevice = New_Device(h, hBytes);
   if (!hPainter.begin(hDevice.get())) return;
@@ -91,11 +92,12 @@ void Page::Write(const Letters& h) {
 }
 
 std::string Page::Bytes() {
+  hBytes.Watch(sTitle);
   if (!hPainter.end()) return {};  // it did not begin, either
   return hBytes.data().toStdString();
 }
 
-std::unique_ptr<QPaintDevice> New_Svg(const PageSize& h, QBuffer& hBytes) {
+std::unique_ptr<QPaintDevice> New_Svg(const PageSize& h, QIODevice& hBytes) {
   auto hSvg = std::make_unique<QSvgGenerator>();
   hSvg->setOutputDevice(&hBytes);
   hSvg->setSize(h.hUnits.toSize());
@@ -106,7 +108,7 @@ std::unique_ptr<QPaintDevice> New_Svg(const PageSize& h, QBuffer& hBytes) {
   return hSvg;
 }
 
-std::unique_ptr<QPaintDevice> New_Pdf(const PageSize& h, QBuffer& hBytes) {
+std::unique_ptr<QPaintDevice> New_Pdf(const PageSize& h, QIODevice& hBytes) {
   auto hPdf = std::make_unique<QPdfWriter>(&hBytes);
   const QSizeF hMillimetres = h.hUnits * dMillimetresAnInch / h.NUnitsAnInch;
   hPdf->setResolution(h.NUnitsAnInch);

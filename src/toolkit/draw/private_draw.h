@@ -39,6 +39,9 @@ std::string To_Bytes(const QString& sText);
 /// The widget that shows what is drawn; null when no window is open. The window hands it over.
 QWidget* Drawing_Area();
 void Use_Drawing_Area(QWidget* hArea);
+/// Brings what is held back onto the screen, if that is where drawing goes: while a picture is drawn into a file the
+/// user may look at the window, and what is held back is the picture's.
+void Flush_Screen();
 /// The backing image of the drawing area, of its size at the screen's pixel ratio. Resize stretches what is drawn.
 QImage& Backing_Image();
 void Resize_Backing_Image();

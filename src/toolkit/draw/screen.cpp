@@ -42,8 +42,12 @@ void toolkit::Use_Drawing_Area(QWidget* hArea) {
   hDraw.hScreen = hArea;
 }
 
-QImage& toolkit::Backing_Image() {
+void toolkit::Flush_Screen() {
   if (hDraw.hCanvas.bScreen) IGrFlush();
+}
+
+QImage& toolkit::Backing_Image() {
+  Flush_Screen();
   hDraw.bChanged = false;
   return hDraw.hImage;
 }

@@ -146,9 +146,11 @@ void LogText_Follow() {
   IGrFlush();
 }
 
-I4 Message_Check() {
+namespace {
+
+/// hKept: what a review must hear of when the work is done, since the area is its own.
+I4 Look_at_Messages(std::vector<Message>& hKept) {
   I4 iFlag = 0;
-  toolkit::Press_Esc_at_Look();
   for (;;) {
     const Message hMessage = WMessagePeek();
     switch (hMessage.iType) {
@@ -157,6 +159,10 @@ I4 Message_Check() {
       case MessageType::MouseDown: return iFlag;
       case MessageType::Expose:
       case MessageType::Resize:
+        if (!toolkit::Main_Menu_Is_on_Show()) {
+          hKept.push_back(hMessage);
+          break;
+        }
         LogText_Redraw();
         iFlag = 1;
         break;
@@ -165,6 +171,16 @@ I4 Message_Check() {
       default: break;
     }
   }
+}
+
+}  // namespace
+
+I4 Message_Check() {
+  toolkit::Press_Esc_at_Look();
+  std::vector<Message> hKept;
+  const I4 iFlag = Look_at_Messages(hKept);
+  for (const Message& h : hKept) toolkit::Push_Message(h);
+  return iFlag;
 }
 
 }  // namespace quillan

@@ -313,7 +313,7 @@ void toolkit::Wheel_to_Plot(const QWheelEvent& hEvent) {
 
 void toolkit::Wait_Until(const std::function<bool()>& bDone) {
   if (!QCoreApplication::instance()) return;
-  if (Drawing_Area() && !bDone()) IGrFlush();
+  if (!bDone()) Flush_Screen();
   Suspend_Busy(true);
   Do_What_Is_Due();
   while (!bDone()) {
@@ -395,7 +395,7 @@ Message WMessage() {
 
 Message WMessagePeek() {
   Do_What_Is_Due();
-  if (Drawing_Area()) IGrFlush();
+  Flush_Screen();
   if (QCoreApplication::instance()) QCoreApplication::processEvents();
   return Take_Message();
 }

@@ -61,7 +61,7 @@ class DrawingArea : public QWidget {
       Resize_Backing_Image();
       Push_Message({.iType = MessageType::Expose});
     }
-    IGrFlush();
+    Flush_Screen();
     QPainter hPainter(this);
     hPainter.drawImage(QPointF(0.0, 0.0), Backing_Image());
     Paint_Overlay(hPainter);
