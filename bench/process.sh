@@ -40,6 +40,13 @@ peak_memory() {
     'BEGIN { printf "%8.1f MB, in %.2f s\n", peak * 1024 / 1.0e6, time / 1.0e6 }'
 }
 
+# What examples/batch does to each file, with a new copy of it.
+batch_file() {
+  rm -f orrin*
+  cp "$root"/examples/survey/orrin.{avg,mde} .
+  "$quillan" orrin.avg --script "$root/examples/batch/steps.txt"
+}
+
 cp "$root"/examples/survey/orrin.{avg,mde} .
 "$build/bench/make_full_store" full.avg > /dev/null
 printf 'press 1009\nmenu 40011\n' > show.txt
@@ -47,9 +54,13 @@ printf 'press 1009\nresize 1200 900\nmenu 40011\n' > resize.txt
 
 printf '%-52s' '--version'
 wall_time "$quillan" --version
+printf '%-52s' 'a bare window, the floor of a start'
+wall_time "$build/bench/bare_window" 2> /dev/null
 printf '%-52s' 'start, read a small file, paint, end'
 wall_time "$quillan" orrin.avg --script show.txt
-printf '%-52s' 'the same with a full store'
+printf '%-52s' 'a file of a batch: open, Auto Skip, save'
+wall_time batch_file
+printf '%-52s' 'start to end with a full store'
 runs=5 wall_time "$quillan" full.avg --script show.txt
 printf '%-52s' 'peak memory, full store at 1200 by 900'
 peak_memory "$quillan" full.avg --script resize.txt

@@ -115,6 +115,18 @@ HardCopyStatus Finish(OpenHardcopy& h) {
   return {};
 }
 
+/// All drawing goes into a picture while one of these lives.
+class PictureForNow {
+ public:
+  explicit PictureForNow(const Canvas& hPicture) { Enter_Picture(hPicture); }
+  ~PictureForNow() {
+    hDraw.hCollected.hLine.clear();  // left over where memory has ended in the middle
+    Leave_Picture();
+  }
+  PictureForNow(const PictureForNow&) = delete;
+  PictureForNow& operator=(const PictureForNow&) = delete;
+};
+
 }  // namespace
 
 void IGrHardCopySelect(HardCopyDriver iDriver) {
@@ -133,10 +145,15 @@ void IGrHardCopyFoot(I4 NHeight) {
 }
 
 I8 IGrHardCopyStrokes(const std::function<void()>& Draw) {
+  if (hHardcopy.hOpen || !QGuiApplication::instance()) return 0;  // IGrHardCopy says why
+  InqWintError("IGrHardCopyStrokes");
   StrokeCount hCount;
-  Enter_Picture({&hCount, hHardcopy.Size(), 1.0, dMinEm});
-  Draw();
-  Leave_Picture();
+  {
+    const PictureForNow hPicture({&hCount, hHardcopy.Size(), 1.0, dMinEm});
+    Draw();
+    IGrFlush();
+  }
+  InfoError();  // an error comes again when it is drawn
   return hCount.NStroke;
 }
 
