@@ -100,6 +100,7 @@ bool Takes_Shortcut(const KeyStroke& hKey) {
   if (!Main_Window() || Child_Window() || Waits_First()) return false;
   const QKeySequence hSequence(QKeyCombination(hKey.iModifiers, static_cast<Qt::Key>(hKey.iKey)));
   QMenuBar* hBar = Main_Window()->menuBar();
+  if (!hBar->isEnabled()) return false;
   const auto hEntries = hBar->findChildren<QAction*>();
   for (QAction* hEntry : hEntries) {
     const bool bMarked = hBar->actions().contains(hEntry) && QKeySequence::mnemonic(hEntry->text()) == hSequence;
