@@ -61,6 +61,14 @@ inline void (*hPlayStep)() = nullptr;
 /// then. The script sets it.
 inline bool bEscAtLook = false;
 
+// ---- The application (application.cpp)
+
+/// Makes the application if there is none. False: before WInitialise nobody knows how.
+bool Make_Application();
+void End_Application();
+/// Whether memory has ended in an event handler since the last call.
+bool Memory_Has_Ended();
+
 // ---- The window (window.cpp)
 
 /// The main window, null when none is open. WindowClose deletes it, the drawing area and then the application: whatever
@@ -73,8 +81,6 @@ QMainWindow* Active_Window();
 QWidget* Front_Window();
 /// Gives the keyboard to what is left on the screen when a dialog or a box is gone: not every window system does.
 void Hand_Back_Focus();
-/// Whether memory has ended in an event handler since the last call.
-bool Memory_Has_Ended();
 /// A window that is opened is painted when all that is done to it is done, not for each step.
 class PaintedOnce {
  public:

@@ -1,9 +1,7 @@
 #include "toolkit/window/window.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QLabel>
-#include <QLocale>
 #include <QMenuBar>
 #include <QPaintEvent>
 #include <QPainter>
@@ -11,35 +9,19 @@
 #include <QProgressBar>
 #include <QScreen>
 #include <QStatusBar>
-#include <QTemporaryFile>
 #include <QWindow>
 #include <algorithm>
-#include <clocale>
-#include <cstdlib>
-#include <iostream>
-#include <new>
 #include <utility>
 
-#include "platform/arguments.h"
 #include "toolkit/draw/draw.h"
 #include "toolkit/window/menus.h"
 #include "toolkit/window/private_window.h"
-
-// The resources lie in a static library: without this call the linker would leave them out.
-static void Load_Resources() {
-  Q_INIT_RESOURCE(resources);
-}
 
 namespace quillan {
 
 using namespace toolkit;
 
 namespace {
-
-// The screen of a run without a display. Windows have no frame there, so that pictures have the size asked for.
-constexpr std::string_view sOffScreen =
-    R"({"synchronousWindowSystemEvents": true, "windowFrameMargins": false, "screens": [{"name": "quillan",
-        "x": 0, "y": 0, "width": 1920, "height": 1200, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
 
 /// The client area: white paper that shows the backing image.
 class DrawingArea : public QWidget {
@@ -79,26 +61,8 @@ constexpr struct {
     {iCursorBox,    Qt::CrossCursor       },
 };
 
-// What failed in an event handler. The application fills it, Memory_Has_Ended takes it.
-bool bNoMemory = false;
-
-/// Memory that ends in an event handler must not unwind through the window system: whoever waits hears of it.
-class Application : public QApplication {
- public:
-  using QApplication::QApplication;
-  bool notify(QObject* hReceiver, QEvent* hEvent) override {
-    try {
-      return QApplication::notify(hReceiver, hEvent);
-    } catch (const std::bad_alloc&) {
-      bNoMemory = true;
-      return false;
-    }
-  }
-};
-
-// What is open. WInitialise and WindowOpen2 fill it, WindowClose empties it.
+// What is open. WindowOpen2 fills it, WindowClose empties it.
 struct OpenWindow {
-  QApplication* hApplication = nullptr;
   QPointer<QMainWindow> hMain;
   QPointer<QMainWindow> hChild;
   bool bBarUsable = true;       // of the menu bar, before the child was opened
@@ -109,66 +73,6 @@ struct OpenWindow {
   int NBusy = 0;                // calls of WindowBusy that are not taken back
 };
 OpenWindow hOpen;
-
-// The command line, which the application refers to as long as it lives; null before WInitialise.
-int NArgument = 0;
-char** hArgument = nullptr;
-
-bool Asks_For_Platform(int argc, char** argv) {
-  const auto bPlatform = [](std::string_view sArg) { return sArg == "-platform" || sArg == "--platform"; };
-  return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || std::any_of(argv, argv + argc, bPlatform);
-}
-
-bool Has_Display() {
-#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
-  return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-#else
-  return true;
-#endif
-}
-
-/// Settles where the window is shown, before the application is made.
-void Choose_Platform(int argc, char** argv) {
-  if (Asks_For_Platform(argc, argv) || Has_Display()) return;
-  if (!hPlayStep) {
-    std::cerr << "quillan: there is no display (neither DISPLAY nor WAYLAND_DISPLAY is set).\n"
-                 "A session script runs without one: quillan FILE --script STEPS.txt\n";
-    std::exit(1);
-  }
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-}
-
-// What Qt remarks on every run without a desktop. Standard error is for what concerns the user.
-constexpr const char* sRemark[] = {"This plugin does not support", "QStandardPaths: XDG_RUNTIME_DIR not set"};
-
-void Pass_On(QtMsgType, const QMessageLogContext&, const QString& sText) {
-  const bool bRemark = std::ranges::any_of(sRemark, [&](const char* sWords) { return sText.startsWith(sWords); });
-  if (!bRemark) std::cerr << To_Bytes(sText) << std::endl;
-}
-
-void Make_Application() {
-  // The platform reads its screen from a file while the application is made.
-  QTemporaryFile hScreen;
-  const bool bOffScreen = qgetenv("QT_QPA_PLATFORM") == "offscreen";
-  if (bOffScreen && hScreen.open()) {
-    hScreen.write(sOffScreen.data(), static_cast<qint64>(sOffScreen.size()));
-    hScreen.close();
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + hScreen.fileName().toLocal8Bit());
-  }
-  if (bOffScreen) qInstallMessageHandler(Pass_On);
-  hOpen.hApplication = new Application(NArgument, hArgument);
-  if (bOffScreen) qputenv("QT_QPA_PLATFORM", "offscreen");
-
-  // The application takes the user's locale; numbers in files and fields are written with a point everywhere.
-  std::setlocale(LC_NUMERIC, "C");
-  QLocale::setDefault(QLocale::c());
-  // No display name: window systems would add it to every title.
-  QCoreApplication::setApplicationName("quillan");
-  QGuiApplication::setDesktopFileName("quillan");
-  QGuiApplication::setQuitOnLastWindowClosed(false);
-  Load_Resources();
-  QGuiApplication::setWindowIcon(QIcon(":/quillan.png"));
-}
 
 /// The size inside the frame that gives the outer size asked for, held to the screen. On a small screen the window is
 /// wider than asked for, so that no command of the bar is out of sight.
@@ -203,10 +107,6 @@ void Close_Main() {
 
 }  // namespace
 
-bool toolkit::Memory_Has_Ended() {
-  return std::exchange(bNoMemory, false);
-}
-
 QMainWindow* toolkit::Main_Window() {
   return hOpen.hMain;
 }
@@ -236,20 +136,8 @@ void toolkit::Suspend_Busy(bool bSuspend) {
   if (hOpen.NBusy > 0) QGuiApplication::changeOverrideCursor(bSuspend ? Qt::ArrowCursor : Qt::WaitCursor);
 }
 
-void WInitialise(int argc, char** argv) {
-  NArgument = argc;
-  hArgument = argv;
-  if (!hOpen.hApplication) {
-    Choose_Platform(argc, argv);
-    Make_Application();
-  }
-  // What the application left of the command line is what the program sees.
-  System_Set_Arguments(std::vector<std::string>(hArgument, hArgument + NArgument));
-}
-
 void WindowOpen2(I4 iXP, I4 iYP, I4 NXP, I4 NYP, I4 iMenu, std::string_view sTitle) {
-  if (!hArgument) return Set_Error(iErrNoWindow);
-  if (!hOpen.hApplication) Make_Application();
+  if (!Make_Application()) return Set_Error(iErrNoWindow);
   if (hOpen.hMain) Close_Main();
   hOpen.hMain = new QMainWindow;
   auto* hArea = new DrawingArea(hOpen.hMain);
@@ -323,10 +211,9 @@ void WindowCloseChild() {
 }
 
 void WindowClose() {
-  if (!hOpen.hApplication) return;
+  if (!qApp) return;
   Close_Main();
-  delete hOpen.hApplication;
-  hOpen.hApplication = nullptr;
+  End_Application();
 }
 
 void WindowTitle(std::string_view sTitle) {
@@ -410,7 +297,7 @@ void WindowProgressEnd() {
 }
 
 void WindowBell() {
-  if (hOpen.hApplication) QApplication::beep();
+  if (qApp) QApplication::beep();
 }
 
 void WCursorShape(I4 iShape) {
@@ -435,7 +322,7 @@ I4 WInfoWindow(I4 iSelect) {
 }
 
 I4 WInfoScreen(I4 iSelect) {
-  const QScreen* hScreen = hOpen.hApplication ? QGuiApplication::primaryScreen() : nullptr;
+  const QScreen* hScreen = qApp ? QGuiApplication::primaryScreen() : nullptr;
   if (!hScreen) {
     Set_Error(iErrNoWindow);
     return 0;
