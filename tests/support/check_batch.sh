@@ -21,7 +21,7 @@ if parallel --will-cite --jobs 2 --joblog jobs.log clean_one.sh {} logs :::: fil
   exit 1
 fi
 [ "$(awk 'NR > 1 && $7 == 0' jobs.log | wc -l)" = 3 ] || { cat jobs.log; exit 1; }
-grep -q 'steps.txt' logs/c.avg/faults.txt || { echo "no word on what failed"; exit 1; }
+grep -q 'steps.txt' logs/surveys+c.avg/faults.txt || { echo "no word on what failed"; exit 1; }
 cp "$examples/survey/orrin_el.avg" surveys/c.avg
 parallel --will-cite --jobs 2 --joblog jobs.log --retry-failed
 for name in a b c d; do cmp surveys/ao.avg "surveys/${name}o.avg"; done

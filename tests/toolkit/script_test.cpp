@@ -118,6 +118,18 @@ TEST(Script, ABoxThatWaitsAtTheEndOfTheStepsIsAFailure) {
   EXPECT_EQ(Script_Exit_Status(), 3);
 }
 
+TEST(Script, ADialogBesideTheWindowThatWaitsAtTheEndIsAFailureAndAToolWindowIsNone) {
+  for (const I4 iMode : {iShowSemiModeless, iShowTool}) {
+    PlayedSession hSession("key a\n");
+    hSession.Next();
+    WDialogLoad(104);
+    WDialogShow(iCentred, iCentred, iMode);
+    EXPECT_EQ(hSession.Next().iType, MessageType::Close);
+    EXPECT_EQ(Script_Exit_Status(), iMode == iShowTool ? 0 : 3) << hSession.Errors();
+    WDialogUnload();
+  }
+}
+
 TEST(Script, StepsThatAreLeftWhenTheProgramHasEndedAreAFailure) {
   PlayedSession hSession("key a\n\nset 1006 \"5 m\"\nkey b\n");
   hSession.Next();

@@ -91,8 +91,9 @@ void Play_Next() {
   if (!sReason.empty()) Fail_at(hStep.iLine, sReason);
 }
 
+/// A tool window asks nothing; any other dialog waits for an answer that the steps do not give.
 void Ask_to_End() {
-  if (!Waits_First()) return Push_Message({.iType = MessageType::Close});
+  if (!Waits_First() && !hDialogs.Top_Dialog()) return Push_Message({.iType = MessageType::Close});
   const I4 iLine = hScript.hStep.empty() ? 1 : hScript.hStep.back().iLine;
   Fail_at(iLine, "the steps are at their end, and " + What_Waits() + " waits for an answer");
 }
