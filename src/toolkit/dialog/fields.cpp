@@ -200,6 +200,8 @@ bool Field_Show(Field& hField, const QString& sText) {
     if (hLine->hasFocus()) hLine->selectAll();
   } else if (auto* hLabel = qobject_cast<QLabel*>(hField.hWidget)) {
     hLabel->setText(sText);
+    // Its room was for texts of the usual length: a longer one widens the dialog.
+    if (!hLabel->wordWrap()) hLabel->setMinimumWidth(std::max(hLabel->minimumWidth(), hLabel->sizeHint().width()));
   }
   hField.sShown = Field_Text(hField);  // the line may have no room for all of it
   hField.sComplete = hField.sShown;
