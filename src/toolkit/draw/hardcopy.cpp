@@ -98,16 +98,19 @@ std::string File_Bytes(OpenHardcopy& h) {
   return hBytes.data().toStdString();
 }
 
+HardCopyStatus Stopped() {
+  return {2, "stop", "The export was stopped"};
+}
+
 /// Ends the drawing and writes the file; the first step that failed fails it.
 HardCopyStatus Finish(OpenHardcopy& h) {
-  const HardCopyStatus hStopped{2, "stop", "The export was stopped"};
-  if (bWorkStopped) return hStopped;
+  if (bWorkStopped) return Stopped();
   h.hWatched.reset();
   if (h.hFile.Has_Failed()) return {1, "open", h.hFile.Reason()};
   if (h.hPainter && h.hImage.isNull()) return {1, "open", std::string(sNoMemory)};
   if (const I4 iError = InfoError(); iError != iErrNone) return {1, "draw", WInfoErrorMessage(iError)};
   const std::string sBytes = File_Bytes(h);
-  if (bWorkStopped) return hStopped;
+  if (bWorkStopped) return Stopped();
   if (sBytes.empty()) return {1, "close", "The picture could not be encoded"};
   h.hFile.Write(sBytes);
   h.hFile.Commit();
