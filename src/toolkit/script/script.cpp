@@ -101,6 +101,8 @@ void Ask_to_End() {
 void Cancel_and_End() {
   if (QDialog* hFirst = Waits_First())
     hFirst->reject();
+  else if (Main_Window())
+    Main_Window()->close();  // as the user would, for a record of the steps
   else
     Push_Message({.iType = MessageType::Close});
 }
