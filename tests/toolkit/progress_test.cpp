@@ -3,6 +3,7 @@
 
 #include "support/played_session.h"
 #include "toolkit/window/log_text.h"
+#include "toolkit/window/private_window.h"
 
 namespace quillan {
 namespace {
@@ -29,6 +30,15 @@ TEST(Look, OnlyEscStopsWork) {
   EXPECT_EQ(Message_Check(), iLookEsc);
   EXPECT_NE(Message_Check(), iLookEsc) << "it was pressed once";
   hSession.Rest();
+}
+
+TEST(Look, InAReviewACloseRequestStopsWorkAndIsForTheReview) {
+  PlayedSession hSession("");
+  Show_Test_Menu();
+  toolkit::Main_Window()->close();
+  EXPECT_EQ(Message_Check(), iLookEsc);
+  EXPECT_EQ(Message_Check(), iLookEsc) << "it waits";
+  EXPECT_EQ(hSession.Next().iType, MessageType::Close);
 }
 
 }  // namespace

@@ -148,21 +148,29 @@ void LogText_Follow() {
 
 namespace {
 
-/// hKept: what a review must hear of when the work is done, since the area is its own.
+/// What a review must hear of when the work is done: its plot is drawn by itself, and it is left before the program
+/// ends.
+bool Is_for_Review(const Message& h) {
+  const bool bConcernsPlot =
+      h.iType == MessageType::Expose || h.iType == MessageType::Resize || h.iType == MessageType::Close;
+  return bConcernsPlot && !toolkit::Main_Menu_Is_on_Show();
+}
+
 I4 Look_at_Messages(std::vector<Message>& hKept) {
   I4 iFlag = 0;
   for (;;) {
     const Message hMessage = WMessagePeek();
+    if (Is_for_Review(hMessage)) {
+      hKept.push_back(hMessage);
+      if (hMessage.iType == MessageType::Close) return iLookEsc;
+      continue;
+    }
     switch (hMessage.iType) {
       case MessageType::Key: return hMessage.VALUE1 == iKeyEsc ? iLookEsc : iFlag;
       case MessageType::None:
       case MessageType::MouseDown: return iFlag;
       case MessageType::Expose:
       case MessageType::Resize:
-        if (!toolkit::Main_Menu_Is_on_Show()) {
-          hKept.push_back(hMessage);
-          break;
-        }
         LogText_Redraw();
         iFlag = 1;
         break;

@@ -36,7 +36,8 @@ std::vector<std::string_view> Lines_That_Fit(std::span<const Text<128>> sLine, I
                                              const std::function<R4(std::string_view)>& fLength);
 
 /// Looks at waiting messages without waiting: 0 nothing, 1 the window was drawn again, 2 a file was dropped, 3
-/// (iLookEsc) Esc was pressed. A close request ends the run. For long loops, that the window stays alive.
+/// (iLookEsc) Esc was pressed. A close request ends the run; in a review it counts as Esc, and waits with what concerns
+/// the plot until the work is done. For long loops, that the window stays alive.
 inline constexpr I4 iLookEsc = 3;
 I4 Message_Check();
 
